@@ -1,0 +1,92 @@
+#include "automation/describe.h"
+
+#include <array>
+#include <cstdio>
+
+namespace automation {
+namespace {
+
+std::string quoted(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') {
+      result += '\\';
+      result += c;
+    } else if (static_cast<unsigned char>(c) < 0x20) {
+      std::array<char, 8> escape{};
+      std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(c));
+      result += escape.data();
+    } else {
+      result += c;
+    }
+  }
+  return result += '"';
+}
+
+std::string field(std::string_view name, std::string_view json) { return quoted(name).append(":").append(json); }
+
+std::string_view truth(bool value) { return value ? "true" : "false"; }
+
+template <class Rows, class Write>
+std::string list(const Rows& rows, Write write) {
+  std::string json = "[";
+  for (const auto& row : rows) json.append(json.size() == 1 ? "" : ",").append(write(row));
+  return json += "]";
+}
+
+std::string parameter_json(const Parameter& row) {
+  const std::string value = default_text(row.default_value);
+  return "{" + field("name", quoted(row.name)) + "," + field("type", quoted(type_name(row.type, row.class_name))) +
+         "," + field("passing", row.passing == Passing::by_value ? "\"by value\"" : "\"by reference\"") + "," +
+         field("optional", truth(row.optional)) + "," + field("default", value.empty() ? "null" : quoted(value)) + "," +
+         field("writes_back", truth(row.writes_back)) + "}";
+}
+
+std::string member_json(const Member& row) {
+  return "{" + field("id", std::to_string(row.id)) + "," + field("kind", quoted(kind_name(row.kind))) + "," +
+         field("name", quoted(row.name)) + "," + field("parameters", list(row.parameters(), parameter_json)) + "," +
+         field("result", quoted(type_name(row.result, row.result_class))) + "," + field("help", quoted(row.help)) + "}";
+}
+
+std::string event_json(const Event& row) {
+  return "{" + field("id", std::to_string(row.id)) + "," + field("name", quoted(row.name)) + "," +
+         field("parameters", list(row.parameters(), parameter_json)) + "," + field("help", quoted(row.help)) + "}";
+}
+
+}  // namespace
+
+std::string type_name(ValueType type, std::string_view class_name) {
+  constexpr std::array<std::string_view, 11> names{"Nothing", "Variant", "Boolean", "Integer", "Long", "Single",
+                                                   "Double",  "Date",    "String",  "Object",  "Array"};
+  if (type == ValueType::object && !class_name.empty()) return std::string(class_name);
+  return std::string(names.at(static_cast<size_t>(type)));
+}
+
+std::string_view kind_name(MemberKind kind) {
+  constexpr std::array<std::string_view, 4> names{"method", "get", "put", "putref"};
+  return names.at(static_cast<size_t>(kind));
+}
+
+std::string default_text(const DefaultValue& value) {
+  switch (value.kind) {
+    case VariantKind::boolean:
+      return value.number != 0 ? "True" : "False";
+    case VariantKind::integer:
+    case VariantKind::long_integer:
+      return std::to_string(value.number);
+    case VariantKind::text:
+      return "\"" + std::string(value.text) + "\"";
+    default:
+      return {};
+  }
+}
+
+std::string describe_json(const ClassDescription& description) {
+  return "{" + field("library", quoted(description.library)) + "," + field("class", quoted(description.name)) + "," +
+         field("interface", quoted(description.interface_name)) + "," +
+         field("event_interface", quoted(description.event_interface)) + "," + field("help", quoted(description.help)) +
+         "," + field("members", list(description.members, member_json)) + "," +
+         field("events", list(description.events, event_json)) + "}";
+}
+
+}  // namespace automation

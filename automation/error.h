@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "automation/export.h"
+
+namespace automation {
+
+/// The platform's run-time error: a number with its text. Trapped at the edge of a class or handed to the host.
+class AUTOMATION_API RunTimeError : public std::exception {
+ public:
+  /// `source` names the class that raised the error; empty when nobody said.
+  RunTimeError(int32_t number, std::string description, std::string source = {});
+  /// An error of the platform's table with its standard text.
+  explicit RunTimeError(int32_t number);
+
+  int32_t number() const { return number_; }
+  const std::string& description() const { return description_; }
+  const std::string& source() const { return source_; }
+  const char* what() const noexcept override { return description_.c_str(); }
+
+ private:
+  int32_t number_;
+  std::string description_;
+  std::string source_;
+};
+
+/// The platform's text for a number; "Application-defined or object-defined error" when the table has none.
+AUTOMATION_API std::string_view standard_description(int32_t number);
+
+/// An error of the outside world (a database, a sink) that came without a number of its own.
+inline constexpr int32_t unspecified_failure = -2147467259;
+
+AUTOMATION_API RunTimeError invalid_call();              // 5
+AUTOMATION_API RunTimeError overflow();                  // 6
+AUTOMATION_API RunTimeError out_of_memory();             // 7
+AUTOMATION_API RunTimeError subscript_out_of_range();    // 9
+AUTOMATION_API RunTimeError division_by_zero();          // 11
+AUTOMATION_API RunTimeError type_mismatch();             // 13
+AUTOMATION_API RunTimeError bad_file_name();             // 52
+AUTOMATION_API RunTimeError permission_denied();         // 70
+AUTOMATION_API RunTimeError path_file_access();          // 75
+AUTOMATION_API RunTimeError path_not_found();            // 76
+AUTOMATION_API RunTimeError object_not_set();            // 91
+AUTOMATION_API RunTimeError invalid_use_of_null();       // 94
+AUTOMATION_API RunTimeError cannot_create_object();      // 429
+AUTOMATION_API RunTimeError no_such_member();            // 438
+AUTOMATION_API RunTimeError named_argument_not_found();  // 448
+AUTOMATION_API RunTimeError argument_not_optional();     // 449
+AUTOMATION_API RunTimeError wrong_argument_count();      // 450
+AUTOMATION_API RunTimeError duplicate_key();             // 457
+AUTOMATION_API RunTimeError no_current_record();         // 3021
+AUTOMATION_API RunTimeError item_not_found();            // 3265
+
+}  // namespace automation

@@ -1,0 +1,82 @@
+#include "automation/error.h"
+
+#include <gtest/gtest.h>
+
+namespace automation {
+namespace {
+
+TEST(RunTimeError, StandardTexts) {
+  const struct {
+    int32_t number;
+    const char* text;
+  } rows[] = {{5, "Invalid procedure call or argument"},
+              {6, "Overflow"},
+              {7, "Out of memory"},
+              {9, "Subscript out of range"},
+              {11, "Division by zero"},
+              {13, "Type mismatch"},
+              {52, "Bad file name or number"},
+              {53, "File not found"},
+              {61, "Disk full"},
+              {70, "Permission denied"},
+              {75, "Path/File access error"},
+              {76, "Path not found"},
+              {91, "Object variable or With block variable not set"},
+              {94, "Invalid use of Null"},
+              {438, "Object doesn't support this property or method"},
+              {448, "Named argument not found"},
+              {449, "Argument not optional"},
+              {450, "Wrong number of arguments or invalid property assignment"},
+              {457, "This key is already associated with an element of this collection"},
+              {1, "Application-defined or object-defined error"},
+              {-5, "Application-defined or object-defined error"}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(standard_description(row.number), row.text) << row.number;
+    EXPECT_EQ(RunTimeError(row.number).description(), row.text);
+  }
+  for (const int32_t number : {429, 451, 3021, 3265})
+    EXPECT_NE(standard_description(number), standard_description(1)) << number;
+}
+
+TEST(RunTimeError, MakersGiveTheirNumberAndItsText) {
+  const struct {
+    RunTimeError error;
+    int32_t number;
+  } rows[] = {{invalid_call(), 5},
+              {overflow(), 6},
+              {out_of_memory(), 7},
+              {subscript_out_of_range(), 9},
+              {division_by_zero(), 11},
+              {type_mismatch(), 13},
+              {bad_file_name(), 52},
+              {permission_denied(), 70},
+              {path_file_access(), 75},
+              {path_not_found(), 76},
+              {object_not_set(), 91},
+              {invalid_use_of_null(), 94},
+              {cannot_create_object(), 429},
+              {no_such_member(), 438},
+              {named_argument_not_found(), 448},
+              {argument_not_optional(), 449},
+              {wrong_argument_count(), 450},
+              {duplicate_key(), 457},
+              {no_current_record(), 3021},
+              {item_not_found(), 3265}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.error.number(), row.number);
+    EXPECT_EQ(row.error.description(), standard_description(row.number));
+    EXPECT_STREQ(row.error.what(), row.error.description().c_str());
+    EXPECT_EQ(row.error.source(), "");
+  }
+}
+
+TEST(RunTimeError, KeepsWhatItIsGiven) {
+  const RunTimeError error(-2147217900, "syntax", "cLotto");
+  EXPECT_EQ(error.number(), -2147217900);
+  EXPECT_EQ(error.description(), "syntax");
+  EXPECT_EQ(error.source(), "cLotto");
+  EXPECT_EQ(unspecified_failure, -2147467259);
+}
+
+}  // namespace
+}  // namespace automation

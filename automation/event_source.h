@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "automation/export.h"
+#include "automation/variant.h"
+
+namespace automation {
+
+struct Event;
+
+/// The outgoing side of an object: several sinks, called in the order in which they connected.
+class AUTOMATION_API EventSource {
+ public:
+  using Sink = std::function<void(const Event& event, std::span<const Variant> arguments)>;
+
+  /// A cookie for disconnect, never 0. May be called from inside an event: the new sink hears the next one.
+  int32_t connect(Sink sink);
+  /// True when the sink was connected. May be called from inside an event, also by the sink itself.
+  bool disconnect(int32_t cookie);
+
+  /// Calls every sink. What a sink raises ends that sink's turn and nothing else.
+  void raise(const Event& event, std::span<const Variant> arguments = {});
+
+  bool has_sinks() const { return !connections_.empty(); }
+
+ private:
+  struct Connection {
+    int32_t cookie;
+    Sink sink;
+  };
+  std::vector<Connection> connections_;
+  int32_t last_cookie_ = 0;
+};
+
+}  // namespace automation

@@ -1,0 +1,12 @@
+#pragma once
+
+// What crosses the border of a shared library is marked with its macro; everything else stays hidden.
+#if defined(_WIN32)
+#define AUTOMATION_EXPORT __declspec(dllexport)
+#else
+#define AUTOMATION_EXPORT __attribute__((visibility("default")))
+#endif
+
+#define AUTOMATION_API AUTOMATION_EXPORT
+#define VESTARA_API AUTOMATION_EXPORT
+#define DORVANE_API AUTOMATION_EXPORT

@@ -1,0 +1,274 @@
+#include "automation/member.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/values.h"
+
+namespace automation {
+namespace {
+
+using testing_support::describe;
+using testing_support::error_of;
+using testing_support::outcome;
+
+/// A class with one member of each sort.
+class Sampler final : public Object {
+ public:
+  static constexpr std::string_view contract_name = "Sampler";
+  const ClassDescription& description() const override;
+
+  std::string Name() const { return name_; }
+  void Name(const std::string& name) { name_ = name; }
+  std::string Join(const std::string& a, int16_t b, bool c, const Variant& d) {
+    return a + "|" + std::to_string(b) + "|" + (c ? "yes" : "no") + "|" + describe(d);
+  }
+  /// Adds `step` to `value`; error 11 for a step of 99, after it wrote.
+  int32_t Add(InOut<int32_t> value, int32_t step) {
+    *value += step;
+    if (step == 99) throw division_by_zero();
+    return *value;
+  }
+  void Grow(InOut<std::string> text, InOut<Variant> any) {
+    text->append("!");
+    *any = Variant("grown");
+  }
+  int32_t Indexed(int16_t index) { return index * 10; }
+  Ref<Sampler> Friend() const { return friend_; }
+  void Friend(Ref<Sampler> other) { friend_ = std::move(other); }
+  Variant FriendValue() const { return Variant(Ref<Object>(friend_)); }
+  Date Tomorrow(Date day) { return Date::from_serial(day.serial() + 1); }
+  double Halve(double value) const { return value / 2; }
+  float Third(float value) const { return value / 3; }
+  int32_t Length(Array items) { return static_cast<int32_t>(items.items().size()); }
+  void Copy(Variant value) { name_ = describe(value); }
+
+ private:
+  std::string name_ = "first";
+  Ref<Sampler> friend_;
+};
+
+using rows_of = Rows<Sampler>;
+constexpr Member members[] = {
+    rows_of::read_only<static_cast<std::string (Sampler::*)() const>(&Sampler::Name)>(0, "Label",
+                                                                                      "The default member."),
+    rows_of::get<std::string, &Sampler::Name>(1, "Name", "A name."),
+    rows_of::put<const std::string&, &Sampler::Name>(1, "Name", "A name."),
+    rows_of::method<&Sampler::Join>(2, "Join", "Joins.", parameter("sText"), optional("iCount", 12),
+                                    optional("bFlag", true), by_value(optional("vAny"))),
+    rows_of::method<&Sampler::Add>(3, "Add", "Adds.", parameter("lValue"), optional("lStep", 1)),
+    rows_of::method<&Sampler::Grow>(4, "Grow", "Grows.", parameter("sText"), optional("vAny")),
+    rows_of::read_only<&Sampler::Indexed>(5, "Indexed", "Ten times the index.", parameter("iIndex")),
+    rows_of::get<Ref<Sampler>, &Sampler::Friend>(6, "Friend", "Another one."),
+    rows_of::putref<Ref<Sampler>, &Sampler::Friend>(6, "Friend", "Another one."),
+    rows_of::method<&Sampler::Tomorrow>(7, "Tomorrow", "A day later.", parameter("dtDay")),
+    rows_of::method<&Sampler::Halve>(8, "Halve", "Half.", parameter("dValue")),
+    rows_of::method<&Sampler::Third>(9, "Third", "A third.", parameter("fValue")),
+    rows_of::method<&Sampler::Length>(10, "Length", "Items.", parameter("aItems")),
+    rows_of::method<&Sampler::Copy>(11, "Copy", "Keeps.", optional("vValue")),
+};
+constexpr ClassDescription sampler{
+    .library = "Tests", .name = "Sampler", .interface_name = "_Sampler", .members = members};
+const ClassDescription& Sampler::description() const { return sampler; }
+
+using Values = std::vector<Variant>;
+using Names = std::vector<std::string_view>;
+
+class MemberTest : public testing::Test {
+ protected:
+  std::string call(std::string_view member, Values arguments = {}, const Names& names = {},
+                   InvokeKind kind = InvokeKind::method) {
+    given_ = std::move(arguments);
+    return outcome([&] { return object_.call(member, kind, given_, names); });
+  }
+
+  Sampler object_;
+  Values given_;  // as the last call left them
+};
+
+TEST_F(MemberTest, RowsTellTypesNamesAndPassing) {
+  const auto join = members[3].parameters();
+  ASSERT_EQ(join.size(), 4U);
+  const struct {
+    const char* name;
+    ValueType type;
+    bool optional;
+    const char* default_value;
+    Passing passing;
+  } rows[] = {{"sText", ValueType::text, false, "Missing", Passing::by_reference},
+              {"iCount", ValueType::integer, true, "Long 12", Passing::by_reference},
+              {"bFlag", ValueType::boolean, true, "True", Passing::by_reference},
+              {"vAny", ValueType::variant, true, "Missing", Passing::by_value}};
+  for (size_t i = 0; i < std::size(rows); ++i) {
+    SCOPED_TRACE(rows[i].name);
+    EXPECT_EQ(join[i].name, rows[i].name);
+    EXPECT_EQ(join[i].type, rows[i].type);
+    EXPECT_EQ(join[i].optional, rows[i].optional);
+    EXPECT_EQ(describe(join[i].default_value.value()), rows[i].default_value);
+    EXPECT_EQ(join[i].passing, rows[i].passing);
+    EXPECT_FALSE(join[i].writes_back);
+  }
+  EXPECT_EQ(members[3].result, ValueType::text);
+  EXPECT_TRUE(members[4].parameters()[0].writes_back);
+  EXPECT_FALSE(members[4].parameters()[1].writes_back);
+  EXPECT_EQ(members[4].parameters()[0].type, ValueType::long_integer);
+  EXPECT_EQ(members[7].result, ValueType::object);
+  EXPECT_EQ(members[7].result_class, "Sampler");
+  EXPECT_EQ(members[8].kind, MemberKind::putref);
+  EXPECT_EQ(members[8].result, ValueType::nothing);
+}
+
+TEST_F(MemberTest, NamesAreFoundWithoutCase) {
+  EXPECT_EQ(object_.id_of("JOIN"), 2);
+  EXPECT_EQ(object_.id_of("name"), 1);
+  EXPECT_EQ(object_.id_of("label"), 0);
+  EXPECT_FALSE(object_.id_of("Joi"));
+  EXPECT_FALSE(object_.id_of(""));
+  EXPECT_EQ(call("hAlVe", {3}), "Double 1.5");
+  EXPECT_EQ(describe(object_.default_value()), "text first");
+}
+
+TEST_F(MemberTest, Calls) {
+  const struct {
+    const char* member;
+    Values arguments;
+    Names names;
+    const char* expected;
+  } rows[] = {{"Join", {"a"}, {}, "text a|12|yes|Missing"},
+              {"Join", {"a", int16_t{3}, false, Null{}}, {}, "text a|3|no|Null"},
+              {"Join", {7, "3", 0, 1.5}, {}, "text 7|3|no|Double 1.5"},
+              {"Join", {"a", Missing{}, false}, {}, "text a|12|no|Missing"},
+              {"Join", {"a", Missing{}, Missing{}, Missing{}}, {}, "text a|12|yes|Missing"},
+              {"Join", {"a", 5}, {"vAny"}, "text a|12|yes|Long 5"},
+              {"Join", {"a", false}, {"BFLAG"}, "text a|12|no|Missing"},
+              {"Join", {false, "a", 2}, {"bFlag", "sText", "iCount"}, "text a|2|no|Missing"},
+              {"Join", {"a", 2.5}, {}, "text a|2|yes|Missing"},
+              {"Indexed", {4}, {}, "Long 40"},
+              {"Tomorrow", {"15/11/2026"}, {}, "Date 46342"},
+              {"Third", {1.5}, {}, "Single 0.5"},
+              {"Length", {Array(VariantKind::empty, 0, {1, 2, 3})}, {}, "Long 3"},
+              {"Copy", {}, {}, "Empty"},
+              {"Nothing", {}, {}, "error 438"},
+              {"", {}, {}, "error 438"},
+              {"Join", {}, {}, "error 449"},
+              {"Join", {Missing{}}, {}, "error 449"},
+              {"Join", {1}, {"iCount"}, "error 449"},
+              {"Join", {"a", 1, true, 1, 1}, {}, "error 450"},
+              {"Join", {"a", 1}, {"iKount"}, "error 448"},
+              {"Join", {"a", "x"}, {}, "error 13"},
+              {"Join", {"a", 40000}, {}, "error 6"},
+              {"Join", {"a", Null{}}, {}, "error 94"},
+              {"Join", {Ref<Object>{}}, {}, "error 91"},
+              {"Length", {1}, {}, "error 13"},
+              {"Tomorrow", {"x"}, {}, "error 13"},
+              {"Add", {1, 99}, {}, "error 11"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.member) + " " + testing::PrintToString(row.arguments));
+    EXPECT_EQ(call(row.member, row.arguments, row.names), row.expected);
+  }
+}
+
+TEST_F(MemberTest, ArgumentGivenTwiceIsAnError) {
+  EXPECT_NE(call("Join", {"a", "b"}, {"sText"}).find("error "), std::string::npos);
+  EXPECT_NE(call("Join", {"a", 1, 2}, {"iCount", "icount"}).find("error "), std::string::npos);
+}
+
+TEST_F(MemberTest, MissingStaysMissingWithoutADefault) {
+  call("Copy");
+  EXPECT_EQ(object_.Name(), "Missing");
+  call("Copy", {Null{}});
+  EXPECT_EQ(object_.Name(), "Null");
+}
+
+TEST_F(MemberTest, WritesBackOnlyWhereDeclaredAndOnlyWhatChanged) {
+  const struct {
+    const char* member;
+    Values arguments;
+    Names names;
+    const char* after;
+  } rows[] = {{"Add", {5, 2}, {}, "Long 7, Long 2"},
+              {"Add", {int16_t{5}, int16_t{2}}, {}, "Long 7, Integer 2"},
+              {"Add", {"5", "2"}, {}, "Long 7, text 2"},
+              {"Add", {"5", 0}, {}, "text 5, Long 0"},
+              {"Add", {5.0, 0.0}, {}, "Double 5, Double 0"},
+              {"Add", {Empty{}}, {}, "Long 1"},
+              {"Add", {3, 5}, {"lStep", "lValue"}, "Long 3, Long 8"},
+              {"Grow", {"a", 1}, {}, "text a!, text grown"},
+              {"Grow", {"a", Missing{}}, {}, nullptr},
+              {"Join", {7, "3"}, {}, "Long 7, text 3"},
+              {"Halve", {"4"}, {}, "text 4"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.member) + " " + testing::PrintToString(row.arguments));
+    call(row.member, row.arguments, row.names);
+    std::string after;
+    for (const auto& value : given_) after += (after.empty() ? "" : ", ") + describe(value);
+    if (row.after) {
+      EXPECT_EQ(after, row.after);
+    }
+  }
+}
+
+TEST_F(MemberTest, FailedCallLeavesTheArgumentsAsTheyWere) {
+  const struct {
+    const char* member;
+    Values arguments;
+    Names names;
+  } rows[] = {{"Add", {5, 99}, {}},
+              {"Add", {"5", "x"}, {}},
+              {"Add", {"x", 1}, {}},
+              {"Add", {1, 2, 3}, {}},
+              {"Add", {1, 2}, {"lStop"}},
+              {"Grow", {Null{}, 1}, {}},
+              {"Add", {2, 99}, {"lStep"}},
+              {"Join", {"a text kept elsewhere", "x"}, {}},
+              {"Join", {"no date", "a text kept elsewhere"}, {"iCount", "sText"}}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.member) + " " + testing::PrintToString(row.arguments));
+    EXPECT_EQ(call(row.member, row.arguments, row.names).substr(0, 6), "error ");
+    EXPECT_EQ(given_, row.arguments);
+  }
+}
+
+TEST_F(MemberTest, Properties) {
+  EXPECT_EQ(call("Name", {}, {}, InvokeKind::get), "text first");
+  EXPECT_EQ(call("Name", {}, {}, InvokeKind::method), "text first");
+  EXPECT_EQ(call("Name", {"second"}, {}, InvokeKind::put), "Empty");
+  EXPECT_EQ(object_.Name(), "second");
+  EXPECT_EQ(call("Name", {3}, {}, InvokeKind::putref), "Empty");
+  EXPECT_EQ(object_.Name(), "3");
+  EXPECT_EQ(call("Indexed", {2}, {}, InvokeKind::get), "Long 20");
+  EXPECT_EQ(call("Halve", {2}, {}, InvokeKind::get), "Double 1");
+  EXPECT_EQ(call("Name", {}, {}, InvokeKind::put).substr(0, 6), "error ");
+  EXPECT_EQ(call("Name", {1, 2}, {}, InvokeKind::put).substr(0, 6), "error ");
+  EXPECT_EQ(call("Label", {"x"}, {}, InvokeKind::put).substr(0, 6), "error ");
+  EXPECT_EQ(call("Name", {Null{}}, {}, InvokeKind::put), "error 94");
+  EXPECT_EQ(object_.Name(), "3");
+}
+
+TEST_F(MemberTest, ObjectArguments) {
+  const auto other = make<Sampler>();
+  EXPECT_EQ(call("Friend", {}, {}, InvokeKind::get), "Nothing");
+  EXPECT_EQ(call("Friend", {Ref<Object>(other)}, {}, InvokeKind::putref), "Empty");
+  EXPECT_EQ(object_.Friend().get(), other.get());
+  EXPECT_EQ(call("Friend", {}, {}, InvokeKind::get), "Object");
+  EXPECT_EQ(call("Friend", {5}, {}, InvokeKind::putref), "error 13");
+  EXPECT_EQ(call("Friend", {Null{}}, {}, InvokeKind::putref), "error 13");
+  class Stranger final : public Object {
+   public:
+    const ClassDescription& description() const override { return sampler; }
+  };
+  EXPECT_EQ(call("Friend", {make<Stranger>()}, {}, InvokeKind::putref), "error 13");
+  EXPECT_EQ(object_.Friend().get(), other.get());
+  EXPECT_EQ(call("Friend", {Ref<Object>{}}, {}, InvokeKind::put), "Empty");
+  EXPECT_FALSE(object_.Friend());
+}
+
+TEST_F(MemberTest, InvokeByIdFindsTheRowOfItsKind) {
+  Values value{"third"};
+  object_.invoke(1, InvokeKind::put, value);
+  EXPECT_EQ(describe(object_.invoke(1, InvokeKind::get, {})), "text third");
+  EXPECT_EQ(error_of([&] { object_.invoke(99, InvokeKind::method, {}); }), 438);
+  EXPECT_EQ(error_of([&] { object_.invoke(-1, InvokeKind::get, {}); }), 438);
+}
+
+}  // namespace
+}  // namespace automation

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/export.h"
+
+// Where a class is found that no loaded library has: one small text file per class, "identifier=…" and "library=…",
+// in a folder of class files. Looked through in this order:
+//   1. the folder of libraries that VESTARA_LIBRARY_DIR names (libraries, not class files)
+//   2. the folders of class files that AUTOMATION_CLASS_PATH names, joined by ":"
+//   3. the user's data folder (XDG_DATA_HOME or ~/.local/share) and the system's (XDG_DATA_DIRS or /usr/local/share,
+//      /usr/share), each with "automation-classes" behind it
+//   4. the folder of this library itself: a build tree, or an installation that nobody registered
+
+namespace automation {
+
+enum class Scope { user, system };
+
+/// The folder that registrations of this scope are written to.
+AUTOMATION_API std::string registration_folder(Scope scope);
+
+/// The libraries that may hold a class, best first. Every one of them exists.
+AUTOMATION_API std::vector<std::string> libraries_for(std::string_view identifier);
+/// The same places in words, for an error.
+AUTOMATION_API std::string searched_places();
+
+/// Writes the class files of all classes that the shared object around `address` has; each file appears whole or not at
+/// all. Returns the identifiers. Errors 75, 76 naming the file.
+AUTOMATION_API std::vector<std::string> register_library(const void* address, Scope scope);
+/// Removes them; a file that is not there is no error.
+AUTOMATION_API std::vector<std::string> unregister_library(const void* address, Scope scope);
+
+}  // namespace automation

@@ -1,0 +1,111 @@
+#include "automation/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace automation {
+namespace {
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+// Code points of the bytes 0x80 to 0x9F; 0 where the page has no character.
+// Source: the Unicode Consortium's mapping table for code page 1252.
+constexpr std::array<uint16_t, 32> high_controls{0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                                 0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+void append_utf8(std::string& out, uint32_t point) {
+  if (point < 0x80) {
+    out += static_cast<char>(point);
+  } else if (point < 0x800) {
+    out += static_cast<char>(0xC0 | (point >> 6));
+    out += static_cast<char>(0x80 | (point & 0x3F));
+  } else {
+    out += static_cast<char>(0xE0 | (point >> 12));
+    out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (point & 0x3F));
+  }
+}
+
+/// Takes one character off the front; a byte that starts no character comes back as U+FFFD.
+uint32_t take_utf8(std::string_view& rest) {
+  const auto byte = [&](size_t i) { return static_cast<uint32_t>(static_cast<unsigned char>(rest[i])); };
+  const uint32_t lead = byte(0);
+  const size_t length = lead < 0x80                   ? 1
+                        : lead >= 0xC2 && lead < 0xE0 ? 2
+                        : lead >= 0xE0 && lead < 0xF0 ? 3
+                        : lead >= 0xF0 && lead < 0xF5 ? 4
+                                                      : 0;
+  bool whole = length != 0 && length <= rest.size();
+  uint32_t point = length < 2 ? lead : lead & (0x7FU >> length);
+  for (size_t i = 1; whole && i < length; ++i) {
+    whole = (byte(i) & 0xC0) == 0x80;
+    point = (point << 6) | (byte(i) & 0x3F);
+  }
+  rest.remove_prefix(whole ? length : 1);
+  return whole ? point : 0xFFFD;
+}
+
+char byte_of(uint32_t point) {
+  if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
+  const auto* found = std::find(high_controls.begin(), high_controls.end(), point);
+  if (point == 0 || found == high_controls.end()) return '?';
+  return static_cast<char>(0x80 + (found - high_controls.begin()));
+}
+
+}  // namespace
+
+std::string_view trim(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+  std::vector<std::string_view> pieces;
+  if (text.empty()) return pieces;
+  pieces.reserve(static_cast<size_t>(std::count(text.begin(), text.end(), separator)) + 1);
+  for (;;) {
+    const auto end = text.find(separator);
+    pieces.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return pieces;
+    text.remove_prefix(end + 1);
+  }
+}
+
+bool equal_ignoring_case(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::string lower_case(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), lower);
+  return result;
+}
+
+std::string from_code_page_1252(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80 || byte >= 0xA0) {
+      append_utf8(text, byte);
+    } else {
+      const uint32_t point = high_controls[byte - 0x80U];
+      append_utf8(text, point != 0 ? point : 0xFFFD);
+    }
+  }
+  return text;
+}
+
+std::string to_code_page_1252(std::string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  while (!text.empty()) bytes += byte_of(take_utf8(text));
+  return bytes;
+}
+
+}  // namespace automation

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+#include "automation/export.h"
+
+namespace automation {
+
+/// Long loops call this so that the host stays responsive. What that means is the host's affair: by default
+/// nothing happens. The hook may raise to end the loop, or call back into any object.
+AUTOMATION_API void yield_to_host();
+
+/// Installs a hook, or none; returns the one before.
+AUTOMATION_API std::function<void()> set_yield_hook(std::function<void()> hook);
+
+}  // namespace automation

@@ -1,0 +1,20 @@
+# What every build verifies besides compiling.
+
+# Who includes whom.
+add_custom_target(layer_check ALL COMMAND ${CMAKE_COMMAND} -P ${PROJECT_SOURCE_DIR}/tools/check_layers.cmake
+                  COMMENT "Checking the layer rule" VERBATIM)
+
+# Each header compiles alone, and twice in a row.
+if(VESTARA_TESTS)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} automation/*.h vestara/*.h dorvane/*.h)
+  set(units)
+  foreach(header ${headers})
+    string(MAKE_C_IDENTIFIER ${header} unit)
+    set(unit ${PROJECT_BINARY_DIR}/headers/${unit}.cpp)
+    set(text "#include \"${header}\"\n#include \"${header}\"\n")
+    file(CONFIGURE OUTPUT ${unit} CONTENT "${text}")
+    list(APPEND units ${unit})
+  endforeach()
+  add_library(headers_alone OBJECT ${units})
+  target_link_libraries(headers_alone PRIVATE vestara dorvane)
+endif()

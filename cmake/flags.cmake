@@ -1,0 +1,15 @@
+# Compiler flags of every target.
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnull-dereference
+                    "$<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Wold-style-cast;-Woverloaded-virtual>")
+# Designated initialisers leave the other members at their defaults on purpose.
+add_compile_options(-Wno-missing-field-initializers)
+
+if(VESTARA_WERROR)
+  add_compile_options(-Werror)
+endif()
+
+if(VESTARA_SANITIZE)
+  # vptr checks need every class's type information exported; the libraries hide theirs.
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined -fno-sanitize=vptr)
+endif()

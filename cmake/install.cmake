@@ -1,0 +1,38 @@
+# Headers mirror the tree under include/vestara-1; CMake package Vestara; pkg-config files vestara and dorvane.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS automation vestara dorvane EXPORT VestaraTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_COMPONENT Development)
+if(TARGET vestara_program)
+  install(TARGETS vestara_program RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+# What a C++ host includes, with all that those headers include.
+set(public_headers
+    automation/coercion.h automation/date.h automation/error.h automation/event_source.h automation/export.h
+    automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h automation/text.h
+    automation/variant.h automation/yield.h
+    vestara/foundation/connector.h vestara/foundation/error_log.h vestara/foundation/recordset.h
+    vestara/foundation/schema.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
+    vestara/foundation/wheels.h
+    vestara/archive/history_text.h vestara/archive/hit_counters.h vestara/archive/lotto.h vestara/archive/search_text.h
+    dorvane/connector.h)
+foreach(header ${public_headers})
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vestara-1/${folder} COMPONENT Development)
+endforeach()
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Vestara)
+install(EXPORT VestaraTargets NAMESPACE Vestara:: DESTINATION ${package_folder} COMPONENT Development)
+configure_package_config_file(cmake/VestaraConfig.cmake.in ${PROJECT_BINARY_DIR}/VestaraConfig.cmake
+                              INSTALL_DESTINATION ${package_folder})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/VestaraConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/VestaraConfig.cmake ${PROJECT_BINARY_DIR}/VestaraConfigVersion.cmake
+        DESTINATION ${package_folder} COMPONENT Development)
+
+foreach(package vestara dorvane)
+  configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+          COMPONENT Development)
+endforeach()
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vestara)

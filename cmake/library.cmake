@@ -1,0 +1,29 @@
+# A shared library over the sources of one folder, its unit tests beside them:
+#   vestara_library(automation)  ->  automation_objects, automation, Vestara::automation, automation_test
+# The objects are a target of their own so that unit tests reach what the library hides.
+function(vestara_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;TESTS;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name}_objects OBJECT ${ARG_SOURCES})
+  target_include_directories(${name}_objects PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+  target_link_libraries(${name}_objects PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+
+  add_library(${name} SHARED)
+  add_library(Vestara::${name} ALIAS ${name})
+  target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_objects>)
+  target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+                                            $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vestara-1>)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                                           LINKER_LANGUAGE CXX)
+  target_link_options(${name} PRIVATE -Wl,-z,defs)
+  if(VESTARA_SANITIZE)
+    target_link_options(${name} PRIVATE -Wl,-z,undefs)
+  endif()
+
+  if(VESTARA_TESTS AND ARG_TESTS)
+    add_executable(${name}_test ${ARG_TESTS})
+    target_link_libraries(${name}_test PRIVATE ${name}_objects test_support GTest::gtest GTest::gtest_main)
+    gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "automation/ref.h"
+#include "dorvane/url.h"
+#include "vestara/foundation/recordset.h"
+
+namespace dorvane {
+
+/// One open connection to one engine. Every call raises RunTimeError with the engine's reason when it fails. A
+/// failed statement leaves the archive as it was before it.
+class Connection {
+ public:
+  Connection() = default;
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  /// Rolls an open transaction back. Record sets that were handed out are completed first and stay usable.
+  virtual ~Connection() = default;
+
+  /// One reading statement.
+  virtual automation::Ref<vestara::RecordSet> query(std::string_view statement) = 0;
+  /// One writing statement.
+  virtual void execute(std::string_view statement) = 0;
+  /// 0 for an empty table.
+  virtual int32_t max_id(std::string_view table, std::string_view column) = 0;
+
+  /// Rolls back what an earlier transaction left open. After a failure nothing runs until the next transaction call.
+  virtual void begin() = 0;
+  virtual void commit() = 0;
+  virtual void rollback() = 0;
+
+  /// Creates tables, indexes and wheels that are missing.
+  virtual void create_schema() = 0;
+};
+
+/// Opens the engine that the URL names; the archive itself is not changed.
+std::unique_ptr<Connection> open_connection(const Url& url);
+
+}  // namespace dorvane

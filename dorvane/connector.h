@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "automation/export.h"
+#include "automation/object.h"
+#include "automation/ref.h"
+#include "vestara/foundation/connector.h"
+#include "vestara/foundation/recordset.h"
+
+namespace dorvane {
+
+class Connection;
+
+/// The connector that comes with the library: one connection to an archive, chosen by URL.
+///
+///   sqlite:PATH            the embedded database; a missing file is created (by the first table, not by Open)
+///   sqlite::memory:        an archive that lives as long as the connection
+///
+/// Options follow a "?", joined by "&":
+///   mode=create|rw|ro      rw and ro refuse a missing file; ro refuses every change (default create)
+///   durability=full|normal full: a committed change survives a power cut. normal: it survives a crash of the
+///                          process; a power cut may take the last changes back, never half of one (default full)
+///   timeout=MILLISECONDS   how long to wait for another process's change to end (default 5000)
+/// "%XX" in a path stands for a byte, so that "?" and "%" can be part of it.
+///
+/// Every call runs on the host's thread. Failures are results; LastError says why.
+class DORVANE_API DbConnector final : public vestara::DbConnector {
+ public:
+  DbConnector();
+  ~DbConnector() override;
+
+  const automation::ClassDescription& description() const override;
+
+  /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
+  /// connection that was open is closed first, whatever comes of the new one.
+  bool Open(const std::string& url);
+  /// Rolls an open transaction back and closes. Record sets that were handed out stay usable.
+  void Close();
+  /// Why the last failing call failed, in one line; "" when none failed since Open. Never a password.
+  std::string LastError() const;
+  /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
+  bool CreateSchema();
+
+  int32_t ConnectionState() override;
+  /// Refuses a statement that would write.
+  bool OpenRecordset(automation::Ref<vestara::RecordSet>& rows, std::string_view statement) override;
+  void CloseRecordset(automation::Ref<vestara::RecordSet>& rows) override;
+  /// Refuses several statements, and the statements of transactions and settings.
+  bool ExecuteSql(std::string_view statement) override;
+  int32_t GetMaxId(std::string_view table, std::string_view column) override;
+  automation::Ref<vestara::RecordSet> GetRecordset(std::string_view statement) override;
+  /// A transaction left open is rolled back first.
+  void BeginTrans() override;
+  /// Raises an error when the transaction could not be kept: it is then rolled back.
+  void CommitTrans() override;
+  void RollbackTrans() override;
+
+ private:
+  template <class Result, class Body>
+  Result guarded(Result on_failure, Body&& body);
+
+  std::unique_ptr<Connection> connection_;
+  std::string last_error_;
+};
+
+}  // namespace dorvane

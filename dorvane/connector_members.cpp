@@ -1,0 +1,49 @@
+#include <array>
+
+#include "automation/member.h"
+#include "automation/registry.h"
+#include "dorvane/connector.h"
+
+namespace dorvane {
+namespace {
+
+using automation::parameter;
+using row = automation::Rows<DbConnector>;
+
+constexpr std::array members{
+    row::read_only<&DbConnector::ConnectionState>(1, "ConnectionState", "1 when the connection is open."),
+    row::method<&DbConnector::OpenRecordset>(2, "OpenRecordset", "Runs a reading statement; the rows come back in rs.",
+                                             parameter("rs"), parameter("sql")),
+    row::method<&DbConnector::CloseRecordset>(3, "CloseRecordset", "Closes a record set and empties the variable.",
+                                              parameter("rs")),
+    row::method<&DbConnector::ExecuteSql>(4, "ExecuteSql", "Runs one INSERT, UPDATE or DELETE.", parameter("sql")),
+    row::method<&DbConnector::GetMaxId>(5, "GetMaxId", "The largest value of a column, 0 for an empty table.",
+                                        parameter("table"), parameter("column")),
+    row::method<&DbConnector::GetRecordset>(6, "GetRecordset", "The rows of a reading statement, or nothing.",
+                                            parameter("sql")),
+    row::method<&DbConnector::BeginTrans>(7, "BeginTrans", "Starts a transaction; one left open is rolled back."),
+    row::method<&DbConnector::CommitTrans>(8, "CommitTrans", "Keeps the transaction; raises when it cannot be kept."),
+    row::method<&DbConnector::RollbackTrans>(9, "RollbackTrans", "Takes the transaction back."),
+    row::method<&DbConnector::Open>(10, "Open", "Opens an archive by URL and changes nothing in it.", parameter("url")),
+    row::method<&DbConnector::Close>(11, "Close", "Rolls an open transaction back and closes."),
+    row::read_only<&DbConnector::LastError>(12, "LastError", "Why the last failing call failed."),
+    row::method<&DbConnector::CreateSchema>(13, "CreateSchema",
+                                            "Creates the tables, indexes and wheels that are missing."),
+};
+
+const automation::ClassRegistrar<DbConnector> registrar{"Dorvane.DbConnector"};
+
+}  // namespace
+
+const automation::ClassDescription& DbConnector::description() const {
+  static constexpr automation::ClassDescription description{
+      .library = "Dorvane",
+      .name = contract_name,
+      .interface_name = "_DbConnector",
+      .help = "One connection to an archive, chosen by URL.",
+      .members = members,
+  };
+  return description;
+}
+
+}  // namespace dorvane

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/error.h"
+#include "dorvane/column_store.h"
+#include "vestara/foundation/recordset.h"
+
+namespace dorvane {
+
+/// Where the rows of a record set come from. Raises the engine's error when a row cannot be had.
+class RowSource {
+ public:
+  RowSource() = default;
+  RowSource(const RowSource&) = delete;
+  RowSource& operator=(const RowSource&) = delete;
+  virtual ~RowSource() = default;
+  /// Appends one value to every column; False behind the last row.
+  virtual bool fetch(std::vector<ColumnStore>& columns) = 0;
+};
+
+/// A column as the statement names it.
+struct ColumnHeader {
+  std::string name;
+  TextReading reading = TextReading::plain;
+};
+
+/// A static record set that is filled as it is walked: rows are fetched when the cursor gets there, all of them
+/// when something needs the whole. The connection completes it before anything could change what it would read.
+class StaticRecordSet final : public vestara::RecordSet {
+ public:
+  StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_ptr<RowSource> source);
+  ~StaticRecordSet() override;
+
+  const automation::ClassDescription& description() const override;
+
+  /// Fetches all rows that are left and lets the source go. An error is kept and raised when the cursor gets to
+  /// the row that is missing.
+  void complete() noexcept;
+  /// Fetches up to `rows` rows ahead, so that a small set frees its statement at once.
+  void prefetch(size_t rows);
+
+  bool at_end() override;
+  bool at_start() override;
+  void move_first() override;
+  void move_last() override;
+  void move_next() override;
+  void move_previous() override;
+  void move(int32_t rows) override;
+  int32_t record_count() override;
+  int32_t column_count() override;
+  std::string column_name(vestara::Column column) override;
+  vestara::Column column(std::string_view name) override;
+  automation::Variant value(vestara::Column column) override;
+  bool is_null(vestara::Column column) override;
+  int32_t whole_number(vestara::Column column) override;
+  std::string_view text(vestara::Column column) override;
+  bool is_open() override { return open_; }
+  void close() override;
+
+  // What hosts call by name and the interface does not have.
+  int32_t state() const;
+  /// The columns, or the one that `index` names.
+  automation::Ref<automation::Object> fields(const automation::Variant& index);
+  /// Up to `most` rows from the cursor on (all when negative), and moves behind them.
+  automation::Array get_rows(int32_t most);
+
+ private:
+  void require_open() const;
+  /// True when row `row` exists, after fetching up to it.
+  bool reach(int64_t row);
+  void fetch_all();
+  const ColumnStore& cell(vestara::Column column);
+
+  std::vector<ColumnHeader> headers_;
+  std::vector<ColumnStore> columns_;
+  std::unique_ptr<RowSource> source_;  ///< empty when there is nothing left to fetch
+  std::optional<automation::RunTimeError> failure_;
+  int64_t rows_ = 0;
+  int64_t position_ = 0;  ///< -1 before the first row, rows_ behind the last
+  bool open_ = true;
+};
+
+}  // namespace dorvane

@@ -1,0 +1,142 @@
+#include "dorvane/recordset.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "automation/error.h"
+
+namespace dorvane {
+namespace {
+
+using automation::RunTimeError;
+
+/// Counts from 1 up, says how far it was asked, and fails where it is told to.
+class CountingSource final : public RowSource {
+ public:
+  CountingSource(int rows, int& fetched, int fail_at = -1) : rows_(rows), fail_at_(fail_at), fetched_(fetched) {}
+  bool fetch(std::vector<ColumnStore>& columns) override {
+    if (fetched_ + 1 == fail_at_) throw RunTimeError(61);
+    if (fetched_ == rows_) return false;
+    ++fetched_;
+    columns[0].append_whole(fetched_);
+    columns[1].append_text("BA");
+    return true;
+  }
+
+ private:
+  int rows_;
+  int fail_at_;
+  int& fetched_;
+};
+
+automation::Ref<StaticRecordSet> counting(int rows, int& fetched, int fail_at = -1) {
+  std::vector<ColumnHeader> headers{{"n"}, {"s2.Ruota"}};
+  return automation::make<StaticRecordSet>(std::move(headers),
+                                           std::make_unique<CountingSource>(rows, fetched, fail_at));
+}
+
+template <class Body>
+int32_t error_of(Body&& body) {
+  try {
+    body();
+    return 0;
+  } catch (const RunTimeError& error) {
+    return error.number();
+  }
+}
+
+TEST(StaticRecordSet, IsFilledAsItIsWalked) {
+  int fetched = 0;
+  const auto rows = counting(1000, fetched);
+  EXPECT_FALSE(rows->at_end());
+  EXPECT_EQ(fetched, 1);
+  rows->move(9);
+  EXPECT_EQ(fetched, 10);
+  EXPECT_EQ(rows->whole_number({0}), 10);
+  EXPECT_EQ(rows->record_count(), 1000);
+  EXPECT_EQ(fetched, 1000);
+  EXPECT_EQ(rows->whole_number({0}), 10);
+}
+
+TEST(StaticRecordSet, ScrollsBothWaysAndStopsOutside) {
+  int fetched = 0;
+  const auto rows = counting(3, fetched);
+  EXPECT_FALSE(rows->at_start());
+  rows->move_last();
+  EXPECT_EQ(rows->whole_number({0}), 3);
+  rows->move_next();
+  EXPECT_TRUE(rows->at_end());
+  EXPECT_EQ(error_of([&] { rows->move_next(); }), 3021);
+  EXPECT_EQ(error_of([&] { rows->value({0}); }), 3021);
+  rows->move_previous();
+  EXPECT_EQ(rows->whole_number({0}), 3);
+  rows->move(-7);
+  EXPECT_TRUE(rows->at_start());
+  EXPECT_FALSE(rows->at_end());
+  EXPECT_EQ(error_of([&] { rows->move_previous(); }), 3021);
+  EXPECT_EQ(error_of([&] { rows->value({0}); }), 3021);
+  rows->move_next();
+  EXPECT_EQ(rows->whole_number({0}), 1);
+  rows->move(99);
+  EXPECT_TRUE(rows->at_end());
+  rows->move_first();
+  EXPECT_EQ(rows->whole_number({0}), 1);
+}
+
+TEST(StaticRecordSet, WithoutRowsIsAtBothEnds) {
+  int fetched = 0;
+  const auto rows = counting(0, fetched);
+  EXPECT_TRUE(rows->at_end());
+  EXPECT_TRUE(rows->at_start());
+  EXPECT_EQ(rows->record_count(), 0);
+  EXPECT_EQ(error_of([&] { rows->move_next(); }), 3021);
+  EXPECT_EQ(error_of([&] { rows->move_previous(); }), 3021);
+  rows->move_last();
+  EXPECT_TRUE(rows->at_end());
+}
+
+TEST(StaticRecordSet, FindsColumnsByAnyNameOfTheirs) {
+  int fetched = 0;
+  const auto rows = counting(1, fetched);
+  for (const char* name : {"n", "N", "x.n", "s1.N"}) EXPECT_EQ(rows->column(name).index, 0) << name;
+  for (const char* name : {"ruota", "s2.ruota", "S2.RUOTA", "other.ruota"})
+    EXPECT_EQ(rows->column(name).index, 1) << name;
+  EXPECT_EQ(error_of([&] { rows->column("m"); }), 3265);
+  EXPECT_EQ(error_of([&] { rows->column_name({2}); }), 3265);
+  EXPECT_EQ(error_of([&] { rows->value({-1}); }), 3265);
+}
+
+TEST(StaticRecordSet, RaisesAFailureWhereTheRowIsMissing) {
+  int fetched = 0;
+  const auto rows = counting(10, fetched, 4);
+  rows->move(2);
+  EXPECT_EQ(error_of([&] { rows->move_next(); }), 61);
+  EXPECT_EQ(rows->whole_number({0}), 3);
+  EXPECT_EQ(error_of([&] { rows->record_count(); }), 61);
+  rows->move_first();
+  EXPECT_EQ(rows->whole_number({0}), 1);
+}
+
+TEST(StaticRecordSet, CompletingKeepsAFailureForLater) {
+  int fetched = 0;
+  const auto rows = counting(10, fetched, 4);
+  rows->complete();
+  rows->move(2);
+  EXPECT_EQ(rows->whole_number({0}), 3);
+  EXPECT_EQ(error_of([&] { rows->move_next(); }), 61);
+}
+
+TEST(StaticRecordSet, ClosedAnswersNothing) {
+  int fetched = 0;
+  const auto rows = counting(2, fetched);
+  rows->close();
+  EXPECT_FALSE(rows->is_open());
+  EXPECT_EQ(error_of([&] { rows->at_end(); }), 3704);
+  EXPECT_EQ(error_of([&] { rows->record_count(); }), 3704);
+  EXPECT_EQ(error_of([&] { rows->value({0}); }), 3704);
+  rows->close();
+}
+
+}  // namespace
+}  // namespace dorvane

@@ -1,0 +1,359 @@
+#include "dorvane/sqlite/connection.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <utility>
+
+#include "automation/coercion.h"
+#include "automation/error.h"
+#include "dorvane/recordset.h"
+#include "dorvane/sqlite/dialect.h"
+#include "dorvane/sqlite/errors.h"
+#include "dorvane/sqlite/result.h"
+#include "dorvane/statement.h"
+
+namespace dorvane::sqlite {
+
+using automation::Ref;
+using automation::RunTimeError;
+
+namespace {
+
+/// Rows that an opened record set holds at once: small sets are complete and free their statement.
+constexpr size_t rows_ahead = 100;
+
+int open_flags(std::string_view mode) {
+  if (mode == "create") return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  if (mode == "rw") return SQLITE_OPEN_READWRITE;
+  if (mode == "ro") return SQLITE_OPEN_READONLY;
+  throw RunTimeError(5, "sqlite: mode is create, rw or ro, not '" + std::string(mode) + "'");
+}
+
+int milliseconds(std::string_view text) {
+  int value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc{} || end != text.data() + text.size() || value < 0)
+    throw RunTimeError(5, "sqlite: timeout is a number of milliseconds, not '" + std::string(text) + "'");
+  return value;
+}
+
+struct Settings {
+  int open_flags;
+  int timeout;
+  std::string durability;
+};
+
+Settings settings_of(const Url& url) {
+  require_known_options(url, {"mode", "durability", "timeout"});
+  if (url.location.empty()) throw RunTimeError(5, "sqlite: the URL names no file, as in 'sqlite:archive.sqlite'");
+  const std::string durability(url.option("durability", "full"));
+  if (durability != "full" && durability != "normal")
+    throw RunTimeError(5, "sqlite: durability is full or normal, not '" + durability + "'");
+  return {open_flags(url.option("mode", "create")) | SQLITE_OPEN_NOMUTEX, milliseconds(url.option("timeout", "5000")),
+          durability};
+}
+
+bool is_identifier(std::string_view name) {
+  const auto tokens = tokens_of(name);
+  return tokens.size() == 1 && tokens[0].kind == TokenKind::word && tokens[0].text.size() == name.size();
+}
+
+}  // namespace
+
+SqliteConnection::SqliteConnection(const Url& url) {
+  // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
+  const Settings settings = settings_of(url);
+  open_file(url.location, settings.open_flags);
+  sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
+  sqlite3_busy_timeout(database_.get(), settings.timeout);
+  run("PRAGMA synchronous=" + settings.durability, Permission::anything);
+  run("PRAGMA analysis_limit=1000", Permission::anything);
+  // The first real look at the file: it says now, not at the first question, that this is no archive.
+  single_number("SELECT count(*) FROM sqlite_master");
+}
+
+SqliteConnection::~SqliteConnection() {
+  complete_record_sets();
+  insert_ = nullptr;
+  if (transaction_ == Transaction::open) sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (transaction_ != Transaction::none) indexes_owed_ = indexes_owed_at_begin_;
+  transaction_ = Transaction::none;
+  try {
+    if (indexes_owed_) rebuild_indexes();
+  } catch (const RunTimeError&) {
+    return;  // a correct, slow archive: the next import or CreateSchema repairs it
+  }
+}
+
+void SqliteConnection::open_file(const std::string& path, int flags) {
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+  database_.reset(opened);
+  if (code != SQLITE_OK) {
+    const RunTimeError failure = last_failure(opened);
+    throw RunTimeError(failure.number(), failure.description() + " (" + path + ")");
+  }
+  sqlite3_extended_result_codes(opened, 1);
+}
+
+int SqliteConnection::authorize(void* self, int action, const char*, const char*, const char*, const char*) {
+  const Permission permission = static_cast<SqliteConnection*>(self)->permission_;
+  if (permission == Permission::anything) return SQLITE_OK;
+  switch (action) {
+    case SQLITE_SELECT:
+    case SQLITE_READ:
+    case SQLITE_FUNCTION:
+    case SQLITE_RECURSIVE:
+      return SQLITE_OK;
+    case SQLITE_TRANSACTION:
+    case SQLITE_SAVEPOINT:
+    case SQLITE_ATTACH:
+    case SQLITE_DETACH:
+    case SQLITE_PRAGMA:
+      return SQLITE_DENY;
+    default:
+      return permission == Permission::change ? SQLITE_OK : SQLITE_DENY;
+  }
+}
+
+Statement SqliteConnection::prepare(std::string_view statement, Permission permission) {
+  if (statement.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
+    throw RunTimeError(7, "sqlite: the statement is longer than 2 GiB");
+  if (statement.find('\0') != std::string_view::npos)
+    throw RunTimeError(5, "sqlite: the statement holds a NUL character");
+  permission_ = permission;
+  sqlite3_stmt* prepared = nullptr;
+  const char* tail = nullptr;
+  const int code =
+      sqlite3_prepare_v2(database_.get(), statement.data(), static_cast<int>(statement.size()), &prepared, &tail);
+  permission_ = Permission::anything;
+  Statement result(prepared);
+  require_ok(code, database_.get(), statement);
+  if (!result) throw RunTimeError(5, "sqlite: the statement is empty");
+  if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data()))))
+    throw RunTimeError(5, "sqlite: one statement a call, here are several: " + std::string(statement.substr(0, 160)));
+  return result;
+}
+
+void SqliteConnection::run(std::string_view statement, Permission permission) {
+  const Statement prepared = prepare(statement, permission);
+  int code = SQLITE_ROW;
+  while (code == SQLITE_ROW) code = sqlite3_step(prepared.get());
+  require_ok(code, database_.get(), statement);
+}
+
+int64_t SqliteConnection::single_number(std::string_view statement) {
+  const Statement prepared = prepare(statement, Permission::anything);
+  require_ok(sqlite3_step(prepared.get()), database_.get(), statement);
+  return sqlite3_column_int64(prepared.get(), 0);
+}
+
+void SqliteConnection::require_usable() const {
+  if (transaction_ != Transaction::lost) return;
+  throw RunTimeError(automation::unspecified_failure,
+                     "the transaction is lost (" + loss_reason_ + "); roll back or begin again");
+}
+
+template <class Body>
+void SqliteConnection::noticing_loss(Body&& body) {
+  try {
+    body();
+  } catch (const RunTimeError& error) {
+    // A full disk, among others, makes the engine roll everything back by itself.
+    if (transaction_ == Transaction::open && sqlite3_get_autocommit(database_.get()) != 0) {
+      transaction_ = Transaction::lost;
+      loss_reason_ = error.description();
+    }
+    throw;
+  }
+}
+
+template <class Body>
+void SqliteConnection::in_savepoint(Body&& body) {
+  run("SAVEPOINT vestara", Permission::anything);
+  try {
+    body();
+    run("RELEASE vestara", Permission::anything);
+  } catch (...) {
+    // Without a savepoint left there is nothing to undo: the engine has done it.
+    sqlite3_exec(database_.get(), "ROLLBACK TO vestara", nullptr, nullptr, nullptr);
+    sqlite3_exec(database_.get(), "RELEASE vestara", nullptr, nullptr, nullptr);
+    throw;
+  }
+}
+
+Ref<vestara::RecordSet> SqliteConnection::query(std::string_view statement) {
+  require_usable();
+  repair_before_read();
+  Statement prepared = prepare(translate_reading(statement), Permission::read);
+  auto headers = headers_of(prepared.get());
+  if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
+  const auto place = std::make_shared<StaticRecordSet*>(nullptr);
+  auto source = std::make_unique<Rows>(database_.get(), std::move(prepared), [this, place] { forget(*place); });
+  auto rows = automation::make<StaticRecordSet>(std::move(headers), std::move(source));
+  *place = rows.get();
+  unfinished_.push_back(rows.get());
+  rows->prefetch(rows_ahead);
+  return rows;
+}
+
+void SqliteConnection::execute(std::string_view statement) {
+  require_usable();
+  complete_record_sets();
+  noticing_loss([&] {
+    if (recognise_insert(statement, values_))
+      insert_rows(values_);
+    else if (empties_the_archive(statement))
+      empty_archive(statement);
+    else
+      run(translate(statement), Permission::change);
+  });
+}
+
+void SqliteConnection::insert_rows(const InsertValues& rows) {
+  sqlite3_stmt* const insert = insert_statement(rows);
+  const auto insert_all = [&] {
+    auto literal = rows.literals.begin();
+    for (size_t row = 0; row < rows.rows(); ++row) {
+      for (int place = 1; place <= static_cast<int>(rows.columns); ++place, ++literal) {
+        switch (literal->kind) {
+          case Literal::Kind::null:
+            sqlite3_bind_null(insert, place);
+            break;
+          case Literal::Kind::whole:
+            sqlite3_bind_int64(insert, place, literal->number);
+            break;
+          case Literal::Kind::text:
+            sqlite3_bind_text(insert, place, literal->text.data(), static_cast<int>(literal->text.size()),
+                              SQLITE_STATIC);
+        }
+      }
+      const int code = sqlite3_step(insert);
+      sqlite3_reset(insert);
+      require_ok(code, database_.get(), rows.head);
+    }
+  };
+  if (rows.rows() == 1)
+    insert_all();
+  else
+    in_savepoint(insert_all);
+}
+
+sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
+  if (insert_ && insert_columns_ == rows.columns && insert_head_ == rows.head) return insert_.get();
+  std::string text(rows.head);
+  for (size_t i = 0; i < rows.columns; ++i) text += i == 0 ? "(?" : ",?";
+  insert_ = prepare(text + ")", Permission::change);
+  insert_head_ = rows.head;
+  insert_columns_ = rows.columns;
+  return insert_.get();
+}
+
+bool SqliteConnection::owns_indexes() {
+  const std::string name(lasting_index().name);
+  return single_number("SELECT count(*) FROM sqlite_master WHERE type='index' AND name='" + name + "'") != 0;
+}
+
+/// With the rows go the indexes: filling the table without them and building them once is twice as fast.
+void SqliteConnection::empty_archive(std::string_view statement) {
+  if (!owns_indexes()) return run(statement, Permission::change);
+  in_savepoint([&] {
+    for (const Index& index : draw_indexes())
+      run("DROP INDEX IF EXISTS " + std::string(index.name), Permission::anything);
+    run(statement, Permission::change);
+  });
+  indexes_owed_ = true;
+}
+
+void SqliteConnection::create_indexes() {
+  for (const Index& index : draw_indexes()) run(index.create, Permission::anything);
+  run("ANALYZE", Permission::anything);
+}
+
+void SqliteConnection::rebuild_indexes() {
+  noticing_loss([&] { in_savepoint([&] { create_indexes(); }); });
+  indexes_owed_ = false;
+}
+
+void SqliteConnection::repair_before_read() {
+  if (!indexes_owed_) return;
+  try {
+    rebuild_indexes();
+  } catch (const RunTimeError&) {
+    // The answer is the same without them, only slower.
+    indexes_owed_ = false;
+    require_usable();
+  }
+}
+
+int32_t SqliteConnection::max_id(std::string_view table, std::string_view column) {
+  require_usable();
+  if (!is_identifier(table) || !is_identifier(column))
+    throw RunTimeError(5,
+                       "sqlite: not a table and a column: '" + std::string(table) + "', '" + std::string(column) + "'");
+  repair_before_read();
+  const int64_t largest = single_number("SELECT max(" + std::string(column) + ") FROM " + std::string(table));
+  return automation::round_to_long(static_cast<double>(largest));
+}
+
+void SqliteConnection::begin() {
+  if (transaction_ != Transaction::none) rollback();
+  complete_record_sets();
+  indexes_owed_at_begin_ = indexes_owed_;
+  try {
+    run("BEGIN IMMEDIATE", Permission::anything);
+    transaction_ = Transaction::open;
+  } catch (const RunTimeError& error) {
+    transaction_ = Transaction::lost;
+    loss_reason_ = error.description();
+    throw;
+  }
+}
+
+void SqliteConnection::commit() {
+  if (transaction_ == Transaction::none)
+    throw RunTimeError(automation::unspecified_failure, "sqlite: there is no transaction to commit");
+  try {
+    require_usable();
+    complete_record_sets();
+    if (indexes_owed_) rebuild_indexes();
+    run("COMMIT", Permission::anything);
+    transaction_ = Transaction::none;
+  } catch (const RunTimeError&) {
+    rollback();
+    throw;
+  }
+}
+
+void SqliteConnection::rollback() {
+  if (transaction_ == Transaction::none) return;
+  complete_record_sets();
+  if (sqlite3_get_autocommit(database_.get()) == 0) run("ROLLBACK", Permission::anything);
+  transaction_ = Transaction::none;
+  indexes_owed_ = indexes_owed_at_begin_;
+}
+
+void SqliteConnection::create_schema() {
+  require_usable();
+  complete_record_sets();
+  const bool fresh = single_number("SELECT count(*) FROM sqlite_master") == 0;
+  // Readers and one writer at a time beside each other; only a file that is still empty is switched over.
+  if (fresh && transaction_ == Transaction::none) run("PRAGMA journal_mode=WAL", Permission::anything);
+  noticing_loss([&] {
+    in_savepoint([&] {
+      for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
+      run(lasting_index().create, Permission::anything);
+      create_indexes();
+    });
+  });
+  indexes_owed_ = false;
+}
+
+void SqliteConnection::complete_record_sets() noexcept {
+  while (!unfinished_.empty()) unfinished_.back()->complete();
+}
+
+void SqliteConnection::forget(const StaticRecordSet* rows) { std::erase(unfinished_, rows); }
+
+}  // namespace dorvane::sqlite

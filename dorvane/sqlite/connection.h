@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dorvane/connection.h"
+#include "dorvane/insert_values.h"
+#include "dorvane/sqlite/handles.h"
+
+namespace dorvane {
+class StaticRecordSet;
+}
+
+namespace dorvane::sqlite {
+
+/// The embedded database. Options of the URL: mode, durability, timeout (see DbConnector).
+class SqliteConnection final : public Connection {
+ public:
+  explicit SqliteConnection(const Url& url);
+  ~SqliteConnection() override;
+
+  automation::Ref<vestara::RecordSet> query(std::string_view statement) override;
+  void execute(std::string_view statement) override;
+  int32_t max_id(std::string_view table, std::string_view column) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  void create_schema() override;
+
+ private:
+  /// What the statement being prepared may do.
+  enum class Permission : uint8_t { read, change, anything };
+  /// `lost`: the engine gave the transaction up, or never began it. Nothing runs until the next transaction call.
+  enum class Transaction : uint8_t { none, open, lost };
+
+  static int authorize(void* self, int action, const char*, const char*, const char*, const char*);
+
+  void open_file(const std::string& path, int flags);
+  Statement prepare(std::string_view statement, Permission permission);
+  /// Steps a statement to its end.
+  void run(std::string_view statement, Permission permission);
+  int64_t single_number(std::string_view statement);
+  /// Raises when the transaction is lost; notices when a failure lost it.
+  void require_usable() const;
+  template <class Body>
+  void in_savepoint(Body&& body);
+  template <class Body>
+  void noticing_loss(Body&& body);
+
+  void insert_rows(const InsertValues& rows);
+  sqlite3_stmt* insert_statement(const InsertValues& rows);
+
+  bool owns_indexes();
+  void empty_archive(std::string_view statement);
+  void rebuild_indexes();
+  void create_indexes();
+  void repair_before_read();
+
+  void complete_record_sets() noexcept;
+  void forget(const StaticRecordSet* rows);
+
+  Database database_;
+  Permission permission_ = Permission::anything;
+  Transaction transaction_ = Transaction::none;
+  std::string loss_reason_;
+  /// The draw indexes were dropped with the rows and are owed to the next reader.
+  bool indexes_owed_ = false;
+  bool indexes_owed_at_begin_ = false;
+  std::vector<StaticRecordSet*> unfinished_;
+
+  // The last recognised INSERT, kept prepared.
+  std::string insert_head_;
+  size_t insert_columns_ = 0;
+  Statement insert_;
+  InsertValues values_;
+};
+
+}  // namespace dorvane::sqlite

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "dorvane/column_store.h"
+
+// What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
+
+namespace dorvane::sqlite {
+
+/// A statement as the engine takes it: doubled backslashes inside literals made one, and a reading one with an
+/// order for ties. Nothing else is touched.
+std::string translate(std::string_view statement);
+std::string translate_reading(std::string_view statement);
+
+/// Dates are text to SQLite. A column is read as dates when its declared type says so or is unknown, or when it
+/// bears the name of one of the archive's date columns.
+TextReading reading_of(std::string_view column_name, const char* declared_type);
+
+/// Creates the five tables and the eleven wheels where they are missing.
+std::span<const std::string_view> table_statements();
+
+/// The indexes of the draw table: the whole set pays, a part of it does not. They are derived data.
+struct Index {
+  std::string_view name;
+  std::string_view create;  ///< IF NOT EXISTS
+};
+std::span<const Index> draw_indexes();
+
+/// An index that the wholesale emptying never touches: its presence says that the set above belongs to the file.
+Index lasting_index();
+
+}  // namespace dorvane::sqlite

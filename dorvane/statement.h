@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dorvane {
+
+/// What a stretch of statement text is. Literals are '…', quoted names "…", `…` or […]; a comment runs to the end
+/// of its line (--) or to its closing mark.
+enum class TokenKind { word, number, literal, quoted_name, symbol, comment, blank };
+
+struct Token {
+  TokenKind kind;
+  std::string_view text;
+};
+
+/// The token at the front of `text`, which is not empty. A literal or comment without an end runs to the end.
+Token next_token(std::string_view text);
+
+/// The tokens that mean something: blanks and comments left out.
+std::vector<Token> tokens_of(std::string_view statement);
+
+/// True when nothing but blanks, comments and semicolons is left.
+bool is_trivia(std::string_view text);
+
+/// The statement with every pair of backslashes inside a literal made one; byte for byte itself when there is none.
+std::string undouble_backslashes(std::string_view statement);
+
+/// True for "DELETE FROM storico" without a condition, in any case and spacing.
+bool empties_the_archive(std::string_view statement);
+
+}  // namespace dorvane

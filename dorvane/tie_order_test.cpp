@@ -1,0 +1,49 @@
+#include "dorvane/tie_order.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace dorvane {
+namespace {
+
+TEST(TieOrder, AppendsTheTermOfEachForm) {
+  struct Row {
+    const char* statement;
+    const char* term;
+  };
+  for (const Row& row : {
+           Row{"SELECT ruota,estr1 FROM STORICO WHERE estr1 >0 ORDER BY dtEstr DESC", ",id"},
+           Row{"SELECT s2.id,sto.dtEstr FROM storico AS sto inner join(SELECT id FROM x ORDER BY y) s2 on sto.id = "
+               "s2.id"
+               " ORDER BY sto.dtEstr ASC",
+               ",sto.id"},
+           Row{"SELECT DISTINCT sto.concorsoNumero,sto.dtEstr FROM storico as sto ORDER BY sto.dtEstr DESC",
+               ",sto.concorsoNumero"},
+           Row{"SELECT DISTINCT s.dtEstr, s.concorsoNumero FROM (SELECT id from storico) AS s GROUP BY s.dtEstr,s.id "
+               "Having(Count(S.id) >= 1) ORDER BY s.dtEstr ASC",
+               ",s.concorsoNumero"},
+           Row{"SELECT R1.dtEstr, R2.dtEstr, R2.ruota FROM (SELECT DISTINCT sto.dtEstr FROM storico as sto ORDER BY "
+               "sto.dtEstr DESC)  AS R1 LEFT JOIN (SELECT 1)  AS R2 ON R1.dtEstr = R2.dtEstr ORDER by R1.dtEstr DESC",
+               ",R2.ruota"},
+           Row{"SELECT count(*),st.ruota FROM (SELECT 1) AS st GROUP BY st.ruota,st.estrazione ORDER BY count(*) DESC",
+               ",st.ruota,st.estrazione"},
+           Row{"SELECT * FROM tRicerche ORDER BY dtSave Desc", ",idRicerca"},
+       })
+    EXPECT_EQ(with_tie_order(row.statement), std::string(row.statement) + row.term);
+}
+
+TEST(TieOrder, LeavesOtherStatementsByteForByte) {
+  for (const char* statement :
+       {"", "SELECT 1", "SELECT storico.dtEstr From storico  GROUP BY storico.dtEstr",
+        "SELECT max(dtEstr)as dmax FROM Storico", "SELECT * FROM storico ORDER BY id",
+        "SELECT * FROM storico ORDER BY dtEstr,ruota", "SELECT 'ORDER BY dtEstr' FROM storico",
+        "SELECT * FROM (SELECT * FROM storico ORDER BY dtEstr) a",
+        "SELECT DISTINCT dtEstr FROM storico ORDER BY dtEstr", "SELECT dtEstr FROM storico ORDER BY dtEstr LIMIT 5",
+        "SELECT dtEstr FROM storico GROUP BY dtEstr ORDER BY dtEstr", "ORDER BY dtEstr",
+        "SELECT * FROM storico ORDER BY", "SELECT * FROM tSistemi ORDER BY titolo"})
+    EXPECT_EQ(with_tie_order(statement), statement);
+}
+
+}  // namespace
+}  // namespace dorvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vestara::host {
+
+/// The user's own archive: vestara/archive.sqlite below XDG_DATA_HOME, else below ~/.local/share. Failure (usage)
+/// when the environment names neither.
+std::filesystem::path usual_archive_file();
+
+/// "sqlite:" and the path, with the characters that mean something in a URL written as %XX.
+std::string sqlite_url(const std::string& path);
+
+/// The file that a URL names; nothing for archives that are no file.
+std::optional<std::string> file_of(std::string_view url);
+
+/// The same URL for an archive that must exist already; a mode that it names itself stays.
+std::string existing_only(const std::string& url);
+
+/// The URL that was given, else VESTARA_DB, else the user's own archive.
+std::string archive_url(const std::string& given);
+/// True when `archive_url` comes down to the user's own archive.
+bool is_usual_archive(const std::string& given);
+
+}  // namespace vestara::host

@@ -1,0 +1,58 @@
+#include "hosts/vestara/cli.h"
+
+#include <cerrno>
+#include <cstring>
+#include <exception>
+#include <variant>
+
+#include "hosts/vestara/command_line.h"
+#include "hosts/vestara/commands.h"
+#include "hosts/vestara/failure.h"
+
+namespace vestara::host {
+namespace {
+
+struct RunCommand {
+  const Context& context;
+
+  ExitCode operator()(const TextWanted& wanted) const {
+    context.out << wanted.text;
+    return ExitCode::ok;
+  }
+  ExitCode operator()(const ImportOptions& options) const { return run_import(options, context); }
+  ExitCode operator()(const GenerateOptions& options) const { return run_generate(options, context); }
+  ExitCode operator()(const ArchiveOptions& options) const { return run_archive(options, context); }
+  ExitCode operator()(const SearchOptions& options) const { return run_search(options, context); }
+  ExitCode operator()(const ExportOptions& options) const { return run_export(options, context); }
+};
+
+ExitCode run_command(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+  const Options options = parse_command_line(argc, argv);
+  const Context context{options, out, err};
+  const ExitCode code = std::visit(RunCommand{context}, options.command);
+  out.flush();
+  // A reader that has seen enough is no error.
+  if (!out && errno != EPIPE)
+    throw Failure(ExitCode::file, std::string("the results cannot be written: ") + std::strerror(errno) +
+                                      "; standard output must take them");
+  return code;
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+  ExitCode code = ExitCode::ok;
+  try {
+    code = run_command(argc, argv, out, err);
+  } catch (const Failure& failure) {
+    err << "vestara: " << failure.what() << "\n";
+    code = failure.code();
+  } catch (const std::exception& error) {
+    err << "vestara: the archive cannot be worked on: " << error.what() << "\n";
+    code = ExitCode::database;
+  }
+  err.flush();
+  return static_cast<int>(code);
+}
+
+}  // namespace vestara::host

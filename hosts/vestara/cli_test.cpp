@@ -1,0 +1,234 @@
+#include "hosts/vestara/cli.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <vector>
+
+#include "automation/text.h"
+#include "dorvane/connector.h"
+#include "hosts/vestara/version.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vestara::host {
+namespace {
+
+struct Outcome {
+  int code;
+  std::string out;
+  std::string err;
+};
+
+class Cli : public testing::Test {
+ protected:
+  /// Arguments between blanks; "@" stands for the test's folder.
+  Outcome run(std::string_view line) const {
+    std::vector<std::string> words{"vestara"};
+    for (const std::string_view word : automation::split(line, ' ')) {
+      words.emplace_back(word);
+      if (const auto place = words.back().find('@'); place != std::string::npos)
+        words.back().replace(place, 1, folder_.path().string());
+    }
+    std::vector<const char*> arguments;
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = host::run(static_cast<int>(arguments.size()), arguments.data(), out, err);
+    return {code, out.str(), err.str()};
+  }
+  std::string archive() const { return run("--db sqlite:@/a.sqlite export").out; }
+
+  testing_support::TemporaryFolder folder_;
+};
+
+constexpr const char* three_draws =
+    "date,wheel,n1,n2,n3,n4,n5\n"
+    "1871-01-07,FI,15,71,18,64,81\n"
+    "2005-05-04,RN,15,71,1,2,3\n"
+    "2005-05-04,VE,71,4,5,6,7\n";
+
+TEST_F(Cli, ImportsSearchesAndExports) {
+  folder_.file("a.csv", three_draws);
+  const Outcome import = run("import @/a.csv --db sqlite:@/a.sqlite --format jsonl");
+  EXPECT_EQ(import.code, 0) << import.err;
+  EXPECT_EQ(
+      import.out,
+      "{\"kind\":\"summary\",\"result\":\"imported\",\"file_form\":\"csv\",\"read\":3,\"added\":3,\"repeated\":0,"
+      "\"rejected\":0,\"first_date\":\"1871-01-07\",\"last_date\":\"2005-05-04\",\"held_before\":0,\"gone\":0}\n");
+  EXPECT_EQ(import.err, "");
+  EXPECT_EQ(archive(), three_draws);
+  struct Row {
+    const char* arguments;
+    int code;
+    const char* out;
+  };
+  for (const Row& row :
+       {Row{"71 --asc", 0,
+            "rows,3|draws,2|ambate,3|ambi,0|terni,0|quaterne,0|cinquine,0||date,contest|1871-01-07,1|2005-05-04,1|"},
+        {"71 15 --hits ambo", 0,
+         "rows,2|draws,2|ambate,4|ambi,2|terni,0|quaterne,0|cinquine,0||date,contest|2005-05-04,1|1871-01-07,1|"},
+        {"71,15 --hits 2 --wheels cities", 0,
+         "rows,1|draws,1|ambate,2|ambi,1|terni,0|quaterne,0|cinquine,0||date,contest|1871-01-07,1|"},
+        {"71 --wheels nz,roma", 0,
+         "rows,1|draws,1|ambate,1|ambi,0|terni,0|quaterne,0|cinquine,0||date,contest|2005-05-04,1|"},
+        {"71 --to 1/1/1900", 0,
+         "rows,1|draws,1|ambate,1|ambi,0|terni,0|quaterne,0|cinquine,0||date,contest|1871-01-07,1|"},
+        {"90", 1, "rows,0|draws,0|ambate,0|ambi,0|terni,0|quaterne,0|cinquine,0||date,contest|"}}) {
+    Outcome search = run(std::string("--db sqlite:@/a.sqlite --format csv search ") + row.arguments);
+    std::replace(search.out.begin(), search.out.end(), '\n', '|');
+    EXPECT_EQ(search.code, row.code) << row.arguments << search.err;
+    EXPECT_EQ(search.out, "name,value|" + std::string(row.out)) << row.arguments;
+    EXPECT_EQ(search.err, "");
+  }
+}
+
+TEST_F(Cli, DescribesTheArchive) {
+  folder_.file("a.csv", three_draws);
+  run("import @/a.csv --db sqlite:@/a.sqlite");
+  const Outcome archive = run("archive --db sqlite:@/a.sqlite");
+  EXPECT_EQ(archive.code, 0);
+  EXPECT_EQ(archive.out,
+            "draw dates  2\nrows        3\nfirst date  1871-01-07\nlast date   2005-05-04\n\n"
+            "wheel  name       draw dates  rows  first date  last date\n"
+            "FI     Firenze             1     1  1871-01-07  1871-01-07\n"
+            "VE     Venezia             1     1  2005-05-04  2005-05-04\n"
+            "RN     Nazionale           1     1  2005-05-04  2005-05-04\n");
+}
+
+TEST_F(Cli, AnImportReplacesAndWarns) {
+  folder_.file("a.csv", three_draws);
+  folder_.file("b.csv", "date,wheel,n1,n2,n3,n4,n5\n2005-05-04,RN,15,71,1,2,3\n2005-05-07,RN,1,2,3,4,5\n");
+  run("import @/a.csv --db sqlite:@/a.sqlite");
+  const std::string warning = "  1871-01-07, the whole draw (1 row)\n  2005-05-04 VE 71 4 5 6 7\n";
+  const Outcome dry = run("import --dry-run @/b.csv --db sqlite:@/a.sqlite --format csv");
+  EXPECT_EQ(dry.code, 0);
+  EXPECT_NE(dry.out.find("result,\"checked, nothing changed\"\n"), std::string::npos) << dry.out;
+  EXPECT_NE(dry.out.find("added,1\nrepeated,0\nrejected,0\n"), std::string::npos) << dry.out;
+  EXPECT_TRUE(dry.out.ends_with("held_before,3\ngone,2\n")) << dry.out;
+  EXPECT_TRUE(dry.err.ends_with("would go away, the file does not have them\n" + warning)) << dry.err;
+  EXPECT_EQ(archive(), three_draws);
+  const Outcome import = run("import @/b.csv --db sqlite:@/a.sqlite");
+  EXPECT_EQ(import.code, 0);
+  EXPECT_TRUE(import.err.ends_with("went away, the file does not have them\n" + warning)) << import.err;
+  EXPECT_EQ(archive(), testing_support::bytes_of(folder_.path() / "b.csv"));
+}
+
+TEST_F(Cli, ABadFileChangesNothing) {
+  folder_.file("a.csv", three_draws);
+  folder_.file("bad.csv", "date,wheel,n1,n2,n3,n4,n5\n2005-05-04,RN,15,71,1,2,3\n2005-05-07,RN,1,2,3,4,4\n");
+  for (const bool held : {false, true}) {
+    if (held) run("import @/a.csv --db sqlite:@/a.sqlite");
+    for (const char* flag : {"", "--dry-run "}) {
+      const Outcome bad = run("import " + std::string(flag) + "@/bad.csv --db sqlite:@/a.sqlite");
+      EXPECT_EQ(bad.code, 4);
+      EXPECT_EQ(bad.out, "");
+      EXPECT_NE(bad.err.find("bad.csv has 1 row in error, nothing was changed; "), std::string::npos) << bad.err;
+      EXPECT_TRUE(bad.err.ends_with("\n  line 3: number 4 comes twice\n")) << bad.err;
+      EXPECT_EQ(std::filesystem::exists(folder_.path() / "a.sqlite"), held);
+    }
+  }
+  EXPECT_EQ(archive(), three_draws);
+}
+
+TEST_F(Cli, AnArchiveOfAnotherProgramIsNotTouched) {
+  {
+    dorvane::DbConnector connector;
+    ASSERT_TRUE(connector.Open("sqlite:" + folder_.path_to("a.sqlite")));
+    for (const char* table :
+         {"CREATE TABLE STORICO(ID INTEGER PRIMARY KEY,DTESTR DATE,RUOTA TEXT,ESTR1 INT,ESTR2 INT,ESTR3 INT,ESTR4 INT,"
+          "ESTR5 INT,CONCORSONUMERO INT,EXTRA TEXT)",
+          "CREATE TABLE TRICERCHE(IDRICERCA INT,DESCRICERCA,NUMERI,COMBINAZIONE,RUOTE,DTSAVE,DTDA,DTA)",
+          "CREATE TABLE TSISTEMI(IDSIS INT,TITOLO,DESCRIZIONE,NUMERI,QTANUMERI,NGIOCATE,KCOLONNE,GARANZIA,SISTIPO)",
+          "CREATE TABLE TSISTEMADETAIL(ID INT,IDSIS INT,COMBINAZIONE)",
+          "CREATE TABLE RUOTE(ENUMERATORE INT,ENUMERATOREBIT INT,RUOTAALIAS TEXT)",
+          "INSERT INTO RUOTE VALUES(11,1024,'RN')",
+          "INSERT INTO STORICO(DTESTR,RUOTA,ESTR1,ESTR2,ESTR3,ESTR4,ESTR5)VALUES(NULL,'BA',1,2,3,4,5)",
+          "INSERT INTO STORICO(DTESTR,RUOTA,ESTR1,ESTR2,ESTR3,ESTR4,ESTR5)VALUES('1999-01-02','BA',0,NULL,3,4,5)",
+          "INSERT INTO STORICO(DTESTR,RUOTA,ESTR1,ESTR2,ESTR3,ESTR4,ESTR5)VALUES('1999-01-02','CA',1,2,3,4,5)"})
+      ASSERT_TRUE(connector.ExecuteSql(table)) << connector.LastError();
+  }
+  const Outcome before = run("export --contest --db sqlite:@/a.sqlite");
+  EXPECT_EQ(before.out, "date,contest,wheel,n1,n2,n3,n4,n5\n1999-01-02,,CA,1,2,3,4,5\n");
+  EXPECT_EQ(before.err, "vestara: warning: 2 rows without a whole draw left out\n");
+  folder_.file("a.csv", three_draws);
+  const Outcome import = run("import @/a.csv --db sqlite:@/a.sqlite --format csv");
+  EXPECT_EQ(import.code, 0) << import.err;
+  EXPECT_TRUE(import.out.ends_with("held_before,3\ngone,3\n")) << import.out;
+  EXPECT_EQ(archive(), three_draws);
+  dorvane::DbConnector connector;
+  ASSERT_TRUE(connector.Open("sqlite:" + folder_.path_to("a.sqlite")));
+  EXPECT_EQ(connector.GetMaxId("RUOTE", "ENUMERATORE"), 11);
+  automation::Ref<RecordSet> rows;
+  ASSERT_TRUE(connector.OpenRecordset(rows, "SELECT * FROM ruote"));
+  EXPECT_EQ(rows->record_count(), 1);
+}
+
+TEST_F(Cli, ExportsEachFormAndReadsItBack) {
+  folder_.file("a.csv", three_draws);
+  run("import @/a.csv --db sqlite:@/a.sqlite");
+  for (const char* form : {"csv", "tsv", "update", "csv --contest"}) {
+    const Outcome written = run("--db sqlite:@/a.sqlite export --output @/out --as " + std::string(form));
+    EXPECT_EQ(written.code, 0) << written.err;
+    EXPECT_EQ(written.out, "");
+    EXPECT_EQ(run("--db sqlite:@/b.sqlite import @/out").code, 0) << form;
+    EXPECT_EQ(run("--db sqlite:@/b.sqlite export").out, three_draws) << form;
+  }
+}
+
+TEST_F(Cli, SaysWhatWouldBeRight) {
+  struct Row {
+    const char* arguments;
+    int code;
+    const char* err;  ///< begins so
+  };
+  for (const Row& row : {
+           Row{"", 2, "vestara: no command was given; commands are import, generate, archive, search, export\n"},
+           {"serch", 2, "vestara: command \"serch\" is unknown; known are import, "},
+           {"search 5 --hit 1", 2, "vestara: option \"--hit\" is unknown here; known are --hits, --wheels, --from, "},
+           {"search", 2, "vestara: NUMBERS is required; see vestara search --help\n"},
+           {"search 5 --hits 2", 2, "vestara: --hits 2 cannot come of 1 number; "},
+           {"search 5 --from 2000-01-01 --to 1999-01-01", 2, "vestara: --from 2000-01-01 is later than --to "},
+           {"archive more", 2, "vestara: argument \"more\" is one too many; see vestara archive --help\n"},
+           {"archive --format", 2, "vestara: --format: 1 required FORMAT missing; see vestara archive --help\n"},
+           {"export --as tsv --contest", 2, "vestara: --contest does not go with --as tsv; "},
+           {"generate --seed 1 --from 2000-01-01", 2, "vestara: --to is required; see vestara generate --help\n"},
+           {"import @/missing", 4, "vestara: "},
+           {"archive --db sqlite:@/missing", 3, "vestara: the archive "},
+           {"archive --db nonsense", 3, "vestara: the archive cannot be opened: "},
+           {"generate --seed 1 --from 1800-01-01 --to 1800-02-01", 1, "vestara: no draw falls between "},
+       }) {
+    const Outcome outcome = run(row.arguments);
+    EXPECT_EQ(outcome.code, row.code) << row.arguments;
+    EXPECT_EQ(outcome.out, "") << row.arguments;
+    EXPECT_EQ(outcome.err.substr(0, std::string_view(row.err).size()), row.err) << row.arguments;
+  }
+  EXPECT_NE(run("archive --db sqlite:@/missing").err.find("/missing is missing; vestara import FILE makes one\n"),
+            std::string::npos);
+}
+
+TEST_F(Cli, HelpShowsAnExample) {
+  EXPECT_EQ(run("--version").out, "vestara " + std::string(program_version) + "\n");
+  for (const char* command : {"", "import ", "generate ", "archive ", "search ", "export "}) {
+    const Outcome help = run(std::string(command) + "--help");
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("Example:\n  vestara "), std::string::npos) << help.out;
+    EXPECT_EQ(help.err, "");
+  }
+}
+
+TEST_F(Cli, AnEmptyArchiveIsNothingFound) {
+  {
+    dorvane::DbConnector connector;
+    ASSERT_TRUE(connector.Open("sqlite:" + folder_.path_to("a.sqlite")));
+    ASSERT_TRUE(connector.CreateSchema());
+  }
+  EXPECT_EQ(run("--db sqlite:@/a.sqlite archive --format jsonl").out,
+            "{\"kind\":\"summary\",\"draw_dates\":0,\"rows\":0,\"first_date\":null,\"last_date\":null}\n");
+  for (const char* command : {"archive", "export --output @/out", "search 5"})
+    EXPECT_EQ(run("--db sqlite:@/a.sqlite " + std::string(command)).code, 1) << command;
+  EXPECT_FALSE(std::filesystem::exists(folder_.path() / "out"));
+}
+
+}  // namespace
+}  // namespace vestara::host

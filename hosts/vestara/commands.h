@@ -1,0 +1,27 @@
+#pragma once
+
+#include <ostream>
+
+#include "hosts/vestara/failure.h"
+#include "hosts/vestara/options.h"
+
+// The commands. Each writes its result to `out` and everything else to `err`, and throws a Failure when it cannot do
+// what it is for.
+
+namespace vestara::host {
+
+struct Context {
+  const Options& options;
+  std::ostream& out;
+  std::ostream& err;
+
+  OutputStyle style() const { return {options.format, wants_colour(options.colour, out)}; }
+};
+
+ExitCode run_import(const ImportOptions& options, const Context& context);
+ExitCode run_generate(const GenerateOptions& options, const Context& context);
+ExitCode run_archive(const ArchiveOptions& options, const Context& context);
+ExitCode run_search(const SearchOptions& options, const Context& context);
+ExitCode run_export(const ExportOptions& options, const Context& context);
+
+}  // namespace vestara::host

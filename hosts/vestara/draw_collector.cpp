@@ -1,0 +1,77 @@
+#include "hosts/vestara/draw_collector.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "automation/date.h"
+#include "hosts/vestara/shown_text.h"
+#include "hosts/vestara/wheel_names.h"
+
+namespace vestara::host {
+namespace {
+
+std::string contradiction(const DrawRow& row, const DrawRow& earlier, uint32_t earlier_line) {
+  std::string text(wheel_code(row.wheel));
+  text += " of " + shown_day(row.day) + " contradicts line " + std::to_string(earlier_line) + ", which has";
+  if (row.numbers == earlier.numbers) return text += " contest " + std::to_string(earlier.contest);
+  for (const int8_t number : earlier.numbers) text += " " + std::to_string(number);
+  return text;
+}
+
+}  // namespace
+
+void DrawCollector::add(uint32_t line, const RowFields& fields) {
+  std::string reason;
+  const auto row = reader_.read(fields, reason);
+  if (!row) return reject(line, std::move(reason));
+  ++draws_.read;
+  placed_.push_back({*row, line});
+}
+
+void DrawCollector::reject(uint32_t line, std::string reason) {
+  ++draws_.read;
+  draws_.rejected.push_back({line, std::move(reason)});
+}
+
+void DrawCollector::drop_repeated() {
+  uint32_t first_line = 0;
+  for (const Placed& placed : placed_) {
+    const DrawRow& row = placed.row;
+    if (draws_.rows.empty() || !same_place(draws_.rows.back(), row)) {
+      draws_.rows.push_back(row);
+      first_line = placed.line;
+    } else if (same_draw(draws_.rows.back(), row) && draws_.rows.back().contest == row.contest) {
+      ++draws_.repeated;
+    } else {
+      draws_.rejected.push_back({placed.line, contradiction(row, draws_.rows.back(), first_line)});
+    }
+  }
+}
+
+CollectedDraws DrawCollector::finish() {
+  const auto by_place = [](const Placed& left, const Placed& right) { return comes_before(left.row, right.row); };
+  std::stable_sort(placed_.begin(), placed_.end(), by_place);
+  draws_.rows.reserve(placed_.size());
+  drop_repeated();
+  std::stable_sort(draws_.rejected.begin(), draws_.rejected.end(),
+                   [](const RejectedRow& left, const RejectedRow& right) { return left.line < right.line; });
+  number_contests(draws_.rows);
+  return std::move(draws_);
+}
+
+void number_contests(std::vector<DrawRow>& rows) {
+  int32_t year = 0;
+  int32_t day = 0;
+  int16_t position = 0;
+  for (DrawRow& row : rows) {
+    if (position == 0 || row.day != day) {
+      const int32_t its_year = automation::civil_from_day(row.day).year;
+      position = static_cast<int16_t>(its_year == year ? position + 1 : 1);
+      year = its_year;
+      day = row.day;
+    }
+    if (row.contest == 0) row.contest = position;
+  }
+}
+
+}  // namespace vestara::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace vestara::host {
+
+/// Where a long text goes: a stream, or a file that gets its name only when it is whole.
+class OutputFile {
+ public:
+  /// An empty path or "-" is `out`. Failure (file) when the file cannot be created.
+  OutputFile(const std::string& path, std::ostream& out);
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  /// Removes what was not finished.
+  ~OutputFile();
+
+  /// Failure (file) when the bytes cannot be written. A stream's failure ends the writing quietly: see `is_open`.
+  void write(std::string_view bytes);
+  /// False when nobody takes the bytes any more.
+  bool is_open() const;
+  /// Puts the file in its place, on the disk. Failure (file) when that does not work; the file is then gone and
+  /// what was there before is still there.
+  void finish();
+
+ private:
+  void open(const std::string& path);
+
+  std::ostream* stream_ = nullptr;
+  int descriptor_ = -1;
+  std::string path_;     ///< the final name
+  std::string partial_;  ///< the name until then; empty for devices and pipes, which are written in place
+};
+
+}  // namespace vestara::host

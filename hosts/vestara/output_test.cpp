@@ -1,0 +1,88 @@
+#include "hosts/vestara/output.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace vestara::host {
+namespace {
+
+Report usual() {
+  Report report;
+  report.facts = {{"held_before", int64_t{105156}}, {"gone", int64_t{7}}, {"last_date", "2026-08-21"}, {"none", {}}};
+  report.listing = "wheels";
+  report.row_kind = "wheel";
+  report.columns = {"wheel", "draw_dates", "note"};
+  report.rows = {{"BA", int64_t{10740}, "a,\"b\""}, {"RN", int64_t{9}, {}}};
+  return report;
+}
+
+std::string written(const Report& report, const OutputStyle& style) {
+  std::ostringstream out;
+  write_report(out, report, style);
+  return out.str();
+}
+
+TEST(Output, EachForm) {
+  struct Row {
+    OutputFormat format;
+    const char* text;
+  };
+  for (const Row& row :
+       {Row{OutputFormat::table,
+            "held before  105156\ngone              7\nlast date    2026-08-21\nnone\n\n"
+            "wheel  draw dates  note\nBA          10740  a,\"b\"\nRN              9\n"},
+        {OutputFormat::csv,
+         "name,value\nheld_before,105156\ngone,7\nlast_date,2026-08-21\nnone,\n\n"
+         "wheel,draw_dates,note\nBA,10740,\"a,\"\"b\"\"\"\nRN,9,\n"},
+        {OutputFormat::jsonl,
+         "{\"kind\":\"summary\",\"held_before\":105156,\"gone\":7,\"last_date\":\"2026-08-21\",\"none\":null}\n"
+         "{\"kind\":\"wheel\",\"wheel\":\"BA\",\"draw_dates\":10740,\"note\":\"a,\\\"b\\\"\"}\n"
+         "{\"kind\":\"wheel\",\"wheel\":\"RN\",\"draw_dates\":9,\"note\":null}\n"},
+        {OutputFormat::markdown,
+         "| name | value |\n| --- | ---: |\n| held before | 105156 |\n| gone | 7 |\n| last date | 2026-08-21 |\n"
+         "| none |  |\n\n| wheel | draw_dates | note |\n| --- | ---: | --- |\n| BA | 10740 | a,\"b\" |\n| RN | 9 |  "
+         "|\n"}})
+    EXPECT_EQ(written(usual(), {row.format}), row.text);
+}
+
+TEST(Output, JsonIsOneObject) {
+  Report report = usual();
+  report.facts.resize(1);
+  report.rows.resize(1);
+  EXPECT_EQ(written(report, {OutputFormat::json}),
+            "{\n  \"held_before\": 105156,\n  \"wheels\": [\n    {\n      \"wheel\": \"BA\",\n"
+            "      \"draw_dates\": 10740,\n      \"note\": \"a,\\\"b\\\"\"\n    }\n  ]\n}\n");
+  report.facts = {{"name", "\xFF"}};
+  report.listing = {};
+  EXPECT_EQ(written(report, {OutputFormat::json}), "{\n  \"name\": \"\xEF\xBF\xBD\"\n}\n");
+}
+
+TEST(Output, AnEmptyListing) {
+  Report report = usual();
+  report.facts = {{"draws", int64_t{0}}};
+  report.rows.clear();
+  EXPECT_EQ(written(report, {OutputFormat::table}), "draws  0\n");
+  EXPECT_EQ(written(report, {OutputFormat::csv}), "name,value\ndraws,0\n\nwheel,draw_dates,note\n");
+  EXPECT_EQ(written(report, {OutputFormat::json}), "{\n  \"draws\": 0,\n  \"wheels\": []\n}\n");
+  EXPECT_EQ(written(report, {OutputFormat::jsonl}), "{\"kind\":\"summary\",\"draws\":0}\n");
+}
+
+TEST(Output, TheLimitIsForTables) {
+  OutputStyle style;
+  style.table_rows = 1;
+  EXPECT_TRUE(written(usual(), style).ends_with("wheel  draw dates  note\nBA          10740  a,\"b\"\nand 1 more\n"));
+  style.format = OutputFormat::csv;
+  EXPECT_TRUE(written(usual(), style).ends_with("RN,9,\n"));
+}
+
+TEST(Output, ColourIsForHeadingsOfTables) {
+  for (const OutputFormat format : {OutputFormat::csv, OutputFormat::json, OutputFormat::jsonl, OutputFormat::markdown})
+    EXPECT_EQ(written(usual(), {format, true}), written(usual(), {format, false}));
+  Report report;
+  report.facts = {{"draws", int64_t{1}}};
+  EXPECT_EQ(written(report, {OutputFormat::table, true}), "\033[1mdraws\033[0m  1\n");
+}
+
+}  // namespace
+}  // namespace vestara::host

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vestara::host {
+
+/// A foreign text for a message: between quotes, cut to 40 bytes, control characters shown as "?".
+std::string shown(std::string_view text);
+
+/// "1 row", "2 rows".
+std::string counted(size_t count, std::string_view noun);
+
+/// "YYYY-MM-DD" of a day counted from 1899-12-30.
+std::string shown_day(int32_t day);
+
+/// How many items of a long list a message names.
+inline constexpr size_t most_named = 20;
+
+}  // namespace vestara::host

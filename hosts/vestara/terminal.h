@@ -1,0 +1,15 @@
+#pragma once
+
+#include <ostream>
+
+namespace vestara::host {
+
+enum class ColourChoice { automatic, always, never };
+
+/// True when what is written to the stream goes to a person's screen.
+bool is_terminal(const std::ostream& stream);
+
+/// Whether headings are coloured. `automatic` is yes on a terminal, unless NO_COLOR is set or TERM is "dumb".
+bool wants_colour(ColourChoice choice, const std::ostream& stream);
+
+}  // namespace vestara::host

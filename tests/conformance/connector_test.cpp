@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include "automation/coercion.h"
+#include "automation/error.h"
+#include "tests/conformance/back_end.h"
+
+namespace conformance {
+namespace {
+
+using automation::Ref;
+using vestara::RecordSet;
+using Lines = std::vector<std::string>;
+
+class ConnectorTest : public BackEnd {
+ protected:
+  void add(int contest, const char* date, const char* wheel, const char* numbers = "1,2,3,4,5") {
+    ASSERT_TRUE(execute("INSERT INTO storico(concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)VALUES(" +
+                        std::to_string(contest) + ",'" + date + "','" + wheel + "'," + numbers + ")"))
+        << connector_->LastError();
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConnectorTest, testing::Values(Engine::sqlite), engine_name);
+
+TEST_P(ConnectorTest, TableAndColumnNamesInAnyLetterCaseReachTheSameTable) {
+  add(7, "2005-02-09", "VE");
+  for (const char* statement :
+       {"SELECT concorsoNumero FROM storico", "SELECT ConcorsoNumero FROM Storico",
+        "select CONCORSONUMERO from STORICO", "SELECT S.concorsonumero FROM storico AS s WHERE s.ID>0"})
+    EXPECT_EQ(one(statement), "7") << statement;
+}
+
+TEST_P(ConnectorTest, RecordCountOfAGroupedStatementEqualsItsNumberOfGroups) {
+  add(1, "2005-02-09", "VE");
+  add(1, "2005-02-09", "BA");
+  add(2, "2005-02-12", "BA");
+  Ref<RecordSet> set;
+  ASSERT_TRUE(connector_->OpenRecordset(set, "SELECT storico.dtEstr From storico  GROUP BY storico.dtEstr"));
+  EXPECT_EQ(set->record_count(), 2);
+}
+
+TEST_P(ConnectorTest, DatesComeBackAsDatesAlsoThroughMaxAndMin) {
+  add(1, "1871-01-07", "FI");
+  add(2, "2026-08-21", "BA");
+  for (const auto& [statement, date] : {std::pair{"SELECT max(dtEstr)as dmax FROM Storico", "21/08/2026"},
+                                        {"SELECT min(dtEstr)as dmin FROM Storico", "07/01/1871"},
+                                        {"SELECT s.dtEstr FROM storico as s WHERE ruota='FI'", "07/01/1871"}}) {
+    Ref<RecordSet> set;
+    ASSERT_TRUE(connector_->OpenRecordset(set, statement));
+    EXPECT_EQ(set->value({0}).kind(), automation::VariantKind::date) << statement;
+    EXPECT_EQ(automation::to_text(set->value({0})), date) << statement;
+  }
+}
+
+TEST_P(ConnectorTest, FieldsAreFoundByTheNameThatTheStatementWrote) {
+  add(3, "2005-02-09", "VE");
+  Ref<RecordSet> set;
+  ASSERT_TRUE(connector_->OpenRecordset(
+      set,
+      "SELECT s2.id, s2.n,R1.dtEstr, sto.dtEstr,sto.ConcorsoNumero FROM storico AS sto inner join"
+      "(SELECT id, count(*) AS n FROM storico GROUP BY id) s2 on sto.id=s2.id inner join storico R1 on R1.id=s2.id"));
+  EXPECT_EQ(set->whole_number(set->column("s2.n")), 1);
+  EXPECT_EQ(set->whole_number(set->column("concorsonumero")), 3);
+  EXPECT_EQ(set->column("sto.dtEstr").index, 2);
+  EXPECT_EQ(set->column("dtestr").index, 2);
+  EXPECT_THROW(set->column("dtSave"), automation::RunTimeError);
+}
+
+TEST_P(ConnectorTest, NullStaysNull) {
+  ASSERT_TRUE(execute("INSERT INTO storico(dtEstr,ruota,estr1)VALUES(NULL,NULL,NULL)"));
+  EXPECT_EQ(one("SELECT dtEstr,ruota,estr1,concorsoNumero FROM storico"), "Null Null Null Null");
+  EXPECT_EQ(one("SELECT max(dtEstr)as dmax FROM Storico"), "Null");
+}
+
+TEST_P(ConnectorTest, ReadersCannotWriteAndChangesAreOneStatement) {
+  add(1, "2005-02-09", "VE");
+  for (const char* statement :
+       {"DELETE FROM storico", "INSERT INTO storico(estr1)VALUES(1)", "UPDATE storico SET estr1=9",
+        "DROP TABLE storico", "SELECT 1; DELETE FROM storico", "BEGIN", "COMMIT", "", " ", "-- nothing",
+        "SELECT * FROM nowhere", "SELECT * FROM storico where estr1 IN(5,", "PRAGMA user_version",
+        "ATTACH ':memory:' AS other"})
+    EXPECT_EQ(rows(statement), Lines{"refused"}) << statement;
+  for (const char* statement :
+       {"DELETE FROM ruote; DELETE FROM storico", "BEGIN", "COMMIT", "ROLLBACK", "SAVEPOINT a",
+        "ATTACH ':memory:' AS other", "PRAGMA user_version=7", "", "nonsense",
+        "INSERT INTO storico(estr1)VALUES(1);DELETE FROM storico", "INSERT INTO storico(estr1,estr2)VALUES(1)"})
+    EXPECT_FALSE(execute(statement)) << statement;
+  EXPECT_FALSE(connector_->LastError().empty());
+  EXPECT_EQ(one("SELECT count(*) FROM storico"), "1");
+  EXPECT_EQ(one("SELECT count(*) FROM ruote"), "11");
+  EXPECT_TRUE(execute("DELETE FROM storico; -- the only one"));
+}
+
+TEST_P(ConnectorTest, DoubledBackslashesArriveAsOne) {
+  const std::string insert = "INSERT INTO tRicerche (idRicerca,descRicerca,numeri) VALUES (";
+  ASSERT_TRUE(execute(insert + R"(1,'C:\\lotto\\it''s','5'))"));
+  ASSERT_TRUE(execute(insert + R"(2,'single \ stays','5'))"));
+  EXPECT_EQ(one("SELECT descRicerca FROM tRicerche WHERE idRicerca=1"), R"(C:\lotto\it's)");
+  EXPECT_EQ(one("SELECT descRicerca FROM tRicerche WHERE idRicerca=2"), R"(single \ stays)");
+  EXPECT_EQ(one(R"(SELECT idRicerca FROM tRicerche WHERE descRicerca='C:\\lotto\\it''s')"), "1");
+}
+
+TEST_P(ConnectorTest, AMultiRowInsertIsAllOrNothing) {
+  const std::string insert = "INSERT INTO tRicerche(idRicerca,descRicerca)VALUES";
+  EXPECT_TRUE(execute(insert + "(1,'a'),(2,'b')"));
+  EXPECT_FALSE(execute(insert + "(3,'c'),(2,'again'),(4,'d')"));
+  EXPECT_EQ(one("SELECT count(*) FROM tRicerche"), "2");
+  connector_->BeginTrans();
+  EXPECT_TRUE(execute(insert + "(5,'e')"));
+  EXPECT_FALSE(execute(insert + "(6,'f'),(5,'again')"));
+  EXPECT_TRUE(execute(insert + "(7,'g')"));
+  connector_->CommitTrans();
+  EXPECT_EQ(rows("SELECT idRicerca FROM tRicerche ORDER BY idRicerca"), (Lines{"1", "2", "5", "7"}));
+}
+
+TEST_P(ConnectorTest, GetMaxIdIsTheLargestValueAndZeroForAnEmptyTable) {
+  EXPECT_EQ(connector_->GetMaxId("tRicerche", "idRicerca"), 0);
+  ASSERT_TRUE(execute("INSERT INTO tRicerche(idRicerca)VALUES(41)"));
+  EXPECT_EQ(connector_->GetMaxId("TRICERCHE", "idricerca"), 41);
+  EXPECT_EQ(connector_->GetMaxId("nowhere", "id"), 0);
+  EXPECT_EQ(connector_->GetMaxId("tRicerche; DROP TABLE storico", "idRicerca"), 0);
+  EXPECT_NE(connector_->LastError().find("not a table and a column"), std::string::npos);
+}
+
+TEST_P(ConnectorTest, ATransactionSpansItsCalls) {
+  const auto other = another();
+  connector_->BeginTrans();
+  add(1, "2005-02-09", "VE");
+  EXPECT_EQ(other->GetMaxId("storico", "concorsoNumero"), 0);
+  connector_->CommitTrans();
+  EXPECT_EQ(other->GetMaxId("storico", "concorsoNumero"), 1);
+  connector_->BeginTrans();
+  add(2, "2005-02-12", "VE");
+  connector_->RollbackTrans();
+  EXPECT_EQ(other->GetMaxId("storico", "concorsoNumero"), 1);
+}
+
+TEST_P(ConnectorTest, ATransactionLeftOpenIsRolledBackByTheNextBeginAndByClose) {
+  connector_->BeginTrans();
+  add(1, "2005-02-09", "VE");
+  connector_->BeginTrans();
+  add(2, "2005-02-12", "VE");
+  connector_->CommitTrans();
+  EXPECT_EQ(rows("SELECT concorsoNumero FROM storico"), Lines{"2"});
+  connector_->BeginTrans();
+  add(3, "2005-02-15", "VE");
+  connector_->Close();
+  EXPECT_EQ(connector_->ConnectionState(), 0);
+  connector_ = another();
+  EXPECT_EQ(rows("SELECT concorsoNumero FROM storico"), Lines{"2"});
+}
+
+TEST_P(ConnectorTest, CommitWithoutATransactionIsAnErrorAndRollbackIsNot) {
+  EXPECT_THROW(connector_->CommitTrans(), automation::RunTimeError);
+  EXPECT_NO_THROW(connector_->RollbackTrans());
+}
+
+TEST_P(ConnectorTest, TiesComeInOneOrder) {
+  // Keys run against wheels and contest numbers, so that no accident of storage gives the right order.
+  add(9, "2005-02-09", "VE");
+  add(2, "2005-02-12", "RM");
+  add(2, "2005-02-12", "BA");
+  add(9, "2005-02-09", "BA");
+  add(1, "2005-02-09", "FI");
+  const std::string draws = "SELECT DISTINCT s.dtEstr, s.concorsoNumero FROM storico AS s ORDER BY s.dtEstr ";
+  const std::string wheels = "SELECT ruota FROM storico ORDER BY dtEstr ";
+  const std::string one_wheel = "SELECT id FROM storico WHERE ruota='BA' OR ruota='FI' ORDER BY dtEstr ";
+  EXPECT_EQ(rows(draws + "DESC"), (Lines{"12/02/2005 2", "09/02/2005 1", "09/02/2005 9"}));
+  EXPECT_EQ(rows(draws + "ASC"), (Lines{"09/02/2005 1", "09/02/2005 9", "12/02/2005 2"}));
+  EXPECT_EQ(rows(wheels + "DESC"), (Lines{"RM", "BA", "VE", "BA", "FI"}));
+  EXPECT_EQ(rows(wheels + "ASC"), (Lines{"VE", "BA", "FI", "RM", "BA"}));
+  EXPECT_EQ(rows(one_wheel + "DESC"), (Lines{"3", "4", "5"}));
+  EXPECT_EQ(rows(one_wheel + "ASC"), (Lines{"4", "5", "3"}));
+}
+
+TEST_P(ConnectorTest, CloseRecordsetEmptiesTheReference) {
+  Ref<RecordSet> set;
+  ASSERT_TRUE(connector_->OpenRecordset(set, "SELECT 1 AS n"));
+  const Ref<RecordSet> kept = set;
+  connector_->CloseRecordset(set);
+  EXPECT_FALSE(set);
+  EXPECT_FALSE(kept->is_open());
+  connector_->CloseRecordset(set);
+}
+
+}  // namespace
+}  // namespace conformance

@@ -1,0 +1,22 @@
+#include "tests/support/events.h"
+
+#include "automation/coercion.h"
+#include "automation/member.h"
+#include "automation/yield.h"
+
+namespace testing_support {
+
+automation::EventSource::Sink event_writer(std::vector<std::string>& calls) {
+  return [&calls](const automation::Event& event, std::span<const automation::Variant> arguments) {
+    std::string call(event.name);
+    for (const auto& argument : arguments) call += " " + automation::to_text(argument);
+    calls.push_back(std::move(call));
+  };
+}
+
+YieldWriter::YieldWriter(std::vector<std::string>& calls) {
+  automation::set_yield_hook([&calls] { calls.push_back("yield"); });
+}
+YieldWriter::~YieldWriter() { automation::set_yield_hook({}); }
+
+}  // namespace testing_support

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "automation/event_source.h"
+
+namespace testing_support {
+
+/// A sink that writes "LoadingProgress 1000 2500" into `calls`, which several doubles may share.
+automation::EventSource::Sink event_writer(std::vector<std::string>& calls);
+
+/// Writes "yield" into `calls` whenever a loop yields, as long as it lives.
+class YieldWriter {
+ public:
+  explicit YieldWriter(std::vector<std::string>& calls);
+  ~YieldWriter();
+  YieldWriter(const YieldWriter&) = delete;
+  YieldWriter& operator=(const YieldWriter&) = delete;
+};
+
+}  // namespace testing_support

@@ -1,0 +1,29 @@
+#include "vestara/archive/archive_text.h"
+
+#include "vestara/foundation/sql_text.h"
+#include "vestara/foundation/wheels.h"
+
+namespace vestara {
+namespace {
+
+/// Here, unlike in the searches, the empty text and Empty mean no bound.
+std::string bound_clause(std::string_view prefix, const automation::Variant& bound) {
+  const auto* text = bound.get_if<std::string>();
+  if (bound.is_empty() || (text && text->empty())) return {};
+  return date_clause(prefix, bound);
+}
+
+}  // namespace
+
+std::string draw_count_statement(const DrawCountQuestion& question) {
+  std::string condition = SqlAnd(bound_clause("(dtEstr >=", question.from), bound_clause("(dtEstr <=", question.to));
+  if (question.wheel != all_wheels) condition = SqlAnd(condition, "(ruota='" + alias_of(question.wheel) + "')");
+  condition = SqlAnd(condition, "(estr1<>0 OR estr2<>0 OR estr3<>0 OR estr4<>0 OR estr5<>0)");
+  return "SELECT storico.dtEstr From storico " + where_clause(condition) + " GROUP BY storico.dtEstr";
+}
+
+// The missing blank before "as" and the capital S are kept on purpose.
+std::string newest_date_statement() { return "SELECT max(dtEstr)as dmax FROM Storico"; }
+std::string oldest_date_statement() { return "SELECT min(dtEstr)as dmin FROM Storico"; }
+
+}  // namespace vestara

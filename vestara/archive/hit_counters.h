@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "vestara/foundation/recordset.h"
+
+namespace vestara {
+
+/// Rows of the counting statement by how many of the searched numbers they hold, 0 to 5.
+using HitCountTable = std::array<int32_t, 6>;
+
+/// How often each kind of combination came out. A row with k hits holds (k over j) combinations of j numbers.
+struct HitCounters {
+  int32_t ambate = 0;
+  int32_t ambi = 0;
+  int32_t terni = 0;
+  int32_t quaterne = 0;
+  int32_t cinquine = 0;
+  bool operator==(const HitCounters&) const = default;
+};
+
+/// Walks all rows and goes back to the first. Errors: 9 for a row with fewer than 0 or more than 5 hits, 94 Null.
+HitCountTable tally_hits(RecordSet& rows);
+
+/// Error 6 beyond 32 bits.
+HitCounters hit_counters(const HitCountTable& table);
+
+}  // namespace vestara

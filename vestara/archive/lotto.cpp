@@ -1,0 +1,187 @@
+#include "vestara/archive/lotto.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "automation/error.h"
+#include "automation/int16.h"
+#include "automation/member.h"
+#include "automation/text.h"
+#include "vestara/archive/archive_text.h"
+#include "vestara/archive/history_import.h"
+#include "vestara/archive/lotto_members.h"
+#include "vestara/foundation/query.h"
+#include "vestara/foundation/sql_text.h"
+#include "vestara/foundation/trap.h"
+#include "vestara/foundation/wheels.h"
+
+namespace vestara {
+
+using automation::Ref;
+using automation::Variant;
+
+namespace {
+
+Variant given_or_null(const Variant& bound) { return bound.is_missing() ? Variant(automation::Null{}) : bound; }
+
+int16_t numbers_in(std::string_view list) {
+  return automation::Int16::checked(static_cast<int64_t>(automation::split(list, ',').size()));
+}
+
+/// The quoted aliases joined by "," without any quote.
+std::string plain_aliases(const std::vector<std::string_view>& quoted) {
+  std::string list;
+  for (const std::string_view item : quoted) list.append(list.empty() ? "" : ",").append(item);
+  std::erase(list, '\'');
+  return list;
+}
+
+/// Raises LoadingEnd when the import leaves, by whatever way: before a failure is logged.
+class EndOfLoading {
+ public:
+  explicit EndOfLoading(automation::EventSource& events) : events_(&events) {}
+  EndOfLoading(const EndOfLoading&) = delete;
+  EndOfLoading& operator=(const EndOfLoading&) = delete;
+  ~EndOfLoading() {
+    if (events_) events_->raise(loading_end);
+  }
+  void keep_silent() { events_ = nullptr; }
+
+ private:
+  automation::EventSource* events_;
+};
+
+}  // namespace
+
+cLotto::cLotto() = default;
+
+cLotto::~cLotto() {
+  statistics_ = nullptr;
+  connector_ = nullptr;
+}
+
+DbConnector& cLotto::connector() const {
+  if (!connector_) throw automation::object_not_set();
+  return *connector_;
+}
+
+Ref<DbConnector> cLotto::ActiveConnection() const { throw automation::object_not_set(); }
+
+void cLotto::ActiveConnection(Ref<DbConnector> connector) {
+  connector_ = std::move(connector);
+  if (connector_ && connector_->ConnectionState() == connection_open) PreloadRuoteAlias(connector_);
+}
+
+void cLotto::Statistiche(const Variant& statistics) {
+  const auto* object = statistics.get_if<Ref<automation::Object>>();
+  const bool fits = object && (!*object || (*object)->description().name == "cStatistiche");
+  if (!fits) throw automation::type_mismatch();
+  statistics_ = *object;
+}
+
+int32_t cLotto::ContaEstrazioniStorico(const Variant& dtDa, const Variant& dtA, int16_t Ruota) {
+  return trapped("cLotto.ContaEstrazioniStorico()", -1, [&] {
+    const std::string statement = draw_count_statement({dtDa, dtA, Ruota});
+    Ref<RecordSet> rows = open_rows(connector(), statement);
+    if (!rows) return 0;
+    const int32_t draws = rows->at_end() ? 0 : rows->record_count();
+    connector().CloseRecordset(rows);
+    return draws;
+  });
+}
+
+Variant cLotto::GetMaxDateStorico() {
+  return trapped("cLotto.GetMaxDateStorico()", Variant(),
+                 [&] { return bound_of_archive(newest_date_statement(), "dmax"); });
+}
+
+Variant cLotto::GetMinDateStorico() {
+  return trapped("cLotto.GetMinDateStorico()", Variant(),
+                 [&] { return bound_of_archive(oldest_date_statement(), "dmin"); });
+}
+
+Variant cLotto::bound_of_archive(const std::string& statement, std::string_view field) {
+  Ref<RecordSet> rows = open_rows(connector(), statement);
+  if (!rows) return {};
+  Variant bound;
+  if (!rows->at_end()) bound = DT_READ(rows->value(rows->column(field)), automation::Null{}, "", Seconds::hidden);
+  connector().CloseRecordset(rows);
+  return bound;
+}
+
+std::string cLotto::format_wheels(const std::string& wheels) {
+  return trapped("cLotto.formatRuoteToSql()", std::string(), [&] { return quoted_wheels(wheels); });
+}
+
+Ref<RecordSet> cLotto::LoadLottoEstr(const std::string& sNum, int16_t combinazioneTipo, const std::string& sRuote,
+                                     const Variant& dtDa, const Variant& dtA,
+                                     automation::InOut<bool> bTutteLeEstrazioni, bool bTutteLeRuote, bool bSortASC) {
+  LastSearch begun;
+  begun.numbers = sNum;
+  begun.combination = combinazioneTipo;
+  begun.from = given_or_null(dtDa);
+  begun.to = given_or_null(dtA);
+  begun.all_wheels = bTutteLeRuote;
+  begun.all_draws = *bTutteLeEstrazioni;  // as passed, before the next line
+  if (sNum.empty()) *bTutteLeEstrazioni = true;
+
+  const std::string wheels = bTutteLeRuote ? std::string() : format_wheels(sRuote);
+  const SearchQuestion question{sNum,
+                                combinazioneTipo,
+                                automation::split(wheels, ','),
+                                dtDa,
+                                dtA,
+                                *bTutteLeEstrazioni ? DrawChoice::all_draws : DrawChoice::hits,
+                                bSortASC ? DateOrder::oldest_first : DateOrder::newest_first};
+  count_hits(question, begun, sRuote);
+  return hit_dates(question);
+}
+
+void cLotto::count_hits(const SearchQuestion& question, const LastSearch& begun, const std::string& wheels) {
+  trapped("cLotto.getEstrazioni()", [&] {
+    last_ = begun;
+    const bool searches = question.draws == DrawChoice::hits;
+    if (searches) {
+      last_.numbers_played = numbers_in(question.numbers);
+      last_.wheels = plain_aliases(question.wheel_items);
+    }
+    Ref<RecordSet> rows = open_rows(connector(), counting_statement(question));
+    if (!rows) return;
+    const HitCountTable table = searches ? tally_hits(*rows) : HitCountTable{};
+    last_.hit_rows = rows->record_count();
+    last_.counters = hit_counters(table);
+    if (last_.all_wheels) last_.wheels = wheels;
+    connector().CloseRecordset(rows);
+  });
+}
+
+Ref<RecordSet> cLotto::hit_dates(const SearchQuestion& question) {
+  return trapped("cLotto.getEstrazioniDate()", Ref<RecordSet>(), [&] {
+    Ref<RecordSet> rows;
+    if (!connector().OpenRecordset(rows, dates_statement(question))) return Ref<RecordSet>();
+    last_.hit_dates = rows ? rows->record_count() : 0;
+    return rows;
+  });
+}
+
+bool cLotto::UpdateTblStorico() {
+  return trapped("cLotto.UpdateTblStorico()", false, [&] {
+    events_.raise(loading_start);
+    EndOfLoading end(events_);
+    const std::string text = read_update_file(update_file_);
+    if (text.empty()) {
+      end.keep_silent();  // on purpose: nothing was loaded, so nothing ends
+      return false;
+    }
+    // The host may take the connector away while it is yielded to.
+    const Ref<DbConnector> held(&connector());
+    import_history(*held, static_cast<DatabaseType>(database_type_), text, [&](int32_t position, int32_t count) {
+      const std::array<Variant, 2> arguments{position, count};
+      events_.raise(loading_progress, arguments);
+    });
+    return true;
+  });
+}
+
+}  // namespace vestara

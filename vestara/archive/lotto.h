@@ -1,0 +1,124 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "automation/event_source.h"
+#include "automation/export.h"
+#include "automation/in_out.h"
+#include "automation/object.h"
+#include "automation/ref.h"
+#include "automation/variant.h"
+#include "vestara/archive/hit_counters.h"
+#include "vestara/archive/search_text.h"
+#include "vestara/foundation/connector.h"
+#include "vestara/foundation/wheel_grid.h"
+
+namespace vestara {
+
+/// The object that hosts talk to first: counts and bounds of the archive, the hit search with its counters, the
+/// import of the whole history. Its methods trap their errors: a failure is the value that the method names, and an
+/// entry in the error log. Properties trap nothing. One object belongs to one thread.
+///
+/// Dates are given as a Date or as a text that reads as one; a bound that is missing or Null is no bound.
+class VESTARA_API cLotto final : public automation::Object {
+ public:
+  static constexpr std::string_view contract_name = "cLotto";
+
+  cLotto();
+  ~cLotto() override;
+
+  const automation::ClassDescription& description() const override;
+
+  /// How the database takes rows: 1 one row per INSERT, 2 many. Not checked; only the import looks at it.
+  void DbType(int16_t type) { database_type_ = type; }
+  int16_t DbType() const { return database_type_; }
+
+  /// Always error 91: the connector is not handed out again. Hosts keep their own reference.
+  [[noreturn]] automation::Ref<DbConnector> ActiveConnection() const;
+  /// Stores the connector; an open one fills the wheel tables at once. Nothing clears it.
+  void ActiveConnection(automation::Ref<DbConnector> connector);
+
+  /// Path of the update file that the import reads.
+  void FileUpdate(const std::string& path) { update_file_ = path; }
+  std::string FileUpdate() const { return update_file_; }
+
+  /// The statistics of the last search that had them switched on; nothing before. Error 13 for a value that is
+  /// not a cStatistiche.
+  automation::Ref<automation::Object> Statistiche() const { return statistics_; }
+  void Statistiche(const automation::Variant& statistics);
+
+  bool StatisticsIsActive() const { return statistics_active_; }
+  void StatisticsIsActive(bool active) { statistics_active_ = active; }
+
+  // The last search. Combinations are counted inside every row: a row with three hits holds three ambi.
+  int32_t Ambate() const { return last_.counters.ambate; }
+  int32_t Ambi() const { return last_.counters.ambi; }
+  int32_t Terni() const { return last_.counters.terni; }
+  int32_t Quaterne() const { return last_.counters.quaterne; }
+  int32_t Cinquine() const { return last_.counters.cinquine; }
+  /// Archive rows that matched; draws, after a listing of all draws.
+  int32_t ContaSortiteTrovate() const { return last_.hit_rows; }
+
+  /// Draw dates from `dtDa` to `dtA` that hold a number, on one wheel (1 to 11) or on any (12). Here "" and Empty
+  /// are no bound either. 0 when the statement was refused, -1 after an error.
+  int32_t ContaEstrazioniStorico(const automation::Variant& dtDa = automation::Missing{},
+                                 const automation::Variant& dtA = automation::Missing{}, int16_t Ruota = all_wheels);
+
+  /// Finds the draws in which at least `combinazioneTipo` of the numbers `sNum` ("5,12,33") came out on one wheel,
+  /// fills the counters and returns one row per draw (dtEstr, concorsoNumero); nothing when a statement was
+  /// refused. Without numbers, or with `bTutteLeEstrazioni`, it lists all draws (concorsoNumero, dtEstr) and the
+  /// flag comes back True. `sRuote` are aliases ("BA,NA"), "" is every wheel, and so is `bTutteLeRuote`.
+  automation::Ref<RecordSet> LoadLottoEstr(const std::string& sNum = {}, int16_t combinazioneTipo = 0,
+                                           const std::string& sRuote = {},
+                                           const automation::Variant& dtDa = automation::Missing{},
+                                           const automation::Variant& dtA = automation::Missing{},
+                                           automation::InOut<bool> bTutteLeEstrazioni = false,
+                                           bool bTutteLeRuote = false, bool bSortASC = false);
+
+  /// "DD/MM/YYYY" of the newest and the oldest draw; "" for an empty archive, Empty when it could not be read.
+  automation::Variant GetMaxDateStorico();
+  automation::Variant GetMinDateStorico();
+
+  /// Replaces the archive by the records of `FileUpdate`, raising LoadingStart, LoadingProgress after each
+  /// statement, LoadingEnd. False for an empty file (nothing is touched, no LoadingEnd) and after any failure;
+  /// there is no transaction: the host's own spans the call. With DbType 2 only whole thousands are written.
+  bool UpdateTblStorico();
+
+  /// LoadingStart(), LoadingProgress(recPos, recCount), LoadingEnd().
+  automation::EventSource& events() { return events_; }
+  automation::EventSource* event_source() override { return &events_; }
+
+ private:
+  /// What a search leaves behind for the properties and the statistics.
+  struct LastSearch {
+    std::string numbers;
+    std::string wheels;
+    int16_t combination = 0;
+    int16_t numbers_played = 0;
+    automation::Variant from = automation::Null{};
+    automation::Variant to = automation::Null{};
+    int32_t hit_rows = 0;
+    int32_t hit_dates = 0;
+    HitCounters counters;
+    bool all_wheels = false;
+    bool all_draws = false;
+  };
+
+  DbConnector& connector() const;
+  static std::string format_wheels(const std::string& wheels);
+  void count_hits(const SearchQuestion& question, const LastSearch& begun, const std::string& wheels);
+  automation::Ref<RecordSet> hit_dates(const SearchQuestion& question);
+  automation::Variant bound_of_archive(const std::string& statement, std::string_view field);
+
+  int16_t database_type_ = 2;
+  automation::Ref<DbConnector> connector_;
+  automation::Ref<automation::Object> statistics_;
+  std::string update_file_;
+  bool statistics_active_ = false;
+  LastSearch last_;
+  automation::EventSource events_;
+};
+
+}  // namespace vestara

@@ -1,0 +1,78 @@
+#include "vestara/archive/lotto_members.h"
+
+#include <array>
+#include <string>
+
+#include "vestara/archive/lotto.h"
+#include "vestara/foundation/late_bound.h"
+
+namespace vestara {
+namespace {
+
+using automation::by_value;
+using automation::optional;
+using automation::Ref;
+using automation::Variant;
+using row = automation::Rows<cLotto>;
+
+// Ids are stable: 13 to 15 belong to the saved searches, 17 to 20 to single draws.
+constexpr std::array members{
+    row::put<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
+    row::get<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
+    row::get<Ref<DbConnector>, &cLotto::ActiveConnection>(2, "ActiveConnection", "Always error 91."),
+    row::putref<Ref<DbConnector>, &cLotto::ActiveConnection>(2, "ActiveConnection",
+                                                             "The connector that every query runs through."),
+    row::put<const std::string&, &cLotto::FileUpdate>(3, "FileUpdate", "Path of the update file of the import."),
+    row::get<std::string, &cLotto::FileUpdate>(3, "FileUpdate", "Path of the update file of the import."),
+    row::get<Ref<automation::Object>, &cLotto::Statistiche>(4, "Statistiche", "Statistics of the last search."),
+    row::putref<const Variant&, &cLotto::Statistiche>(4, "Statistiche", "Replaces the statistics object."),
+    row::get<bool, &cLotto::StatisticsIsActive>(5, "StatisticsIsActive", "Whether searches fill Statistiche."),
+    row::put<bool, &cLotto::StatisticsIsActive>(5, "StatisticsIsActive", "Whether searches fill Statistiche."),
+    row::read_only<&cLotto::Ambate>(6, "Ambate", "Single numbers hit by the last search."),
+    row::read_only<&cLotto::Ambi>(7, "Ambi", "Pairs hit by the last search."),
+    row::read_only<&cLotto::Terni>(8, "Terni", "Triples hit by the last search."),
+    row::read_only<&cLotto::Quaterne>(9, "Quaterne", "Quadruples hit by the last search."),
+    row::read_only<&cLotto::Cinquine>(10, "Cinquine", "Quintuples hit by the last search."),
+    row::read_only<&cLotto::ContaSortiteTrovate>(11, "ContaSortiteTrovate",
+                                                 "Archive rows that the last search matched."),
+    row::method<&cLotto::ContaEstrazioniStorico>(12, "ContaEstrazioniStorico",
+                                                 "Counts the draw dates of a range, on one wheel (1..11) or all (12).",
+                                                 optional("dtDa"), optional("dtA"), optional("Ruota", all_wheels)),
+    row::method<&cLotto::LoadLottoEstr>(
+        16, "LoadLottoEstr", "Finds the draws that hold the given numbers.", optional("sNum", ""),
+        optional("combinazioneTipo", 0), optional("sRuote", ""), by_value(optional("dtDa")), by_value(optional("dtA")),
+        optional("bTutteLeEstrazioni", false), optional("bTutteLeRuote", false), optional("bSortASC", false)),
+    row::method<&cLotto::GetMaxDateStorico>(21, "GetMaxDateStorico", "Date of the newest draw, as text."),
+    row::method<&cLotto::GetMinDateStorico>(22, "GetMinDateStorico", "Date of the oldest draw, as text."),
+    row::method<&cLotto::UpdateTblStorico>(23, "UpdateTblStorico", "Replaces the archive by the update file."),
+};
+
+constexpr automation::Parameter position(std::string_view name) {
+  return {.name = name, .type = automation::ValueType::long_integer};
+}
+
+}  // namespace
+
+constexpr automation::Event loading_start{.id = 1, .name = "LoadingStart", .help = "The import begins."};
+constexpr automation::Event loading_progress{.id = 2,
+                                             .name = "LoadingProgress",
+                                             .parameter_rows = {position("recPos"), position("recCount")},
+                                             .parameter_count = 2,
+                                             .help = "A statement of the import wrote rows."};
+constexpr automation::Event loading_end{.id = 3, .name = "LoadingEnd", .help = "The import is over."};
+
+const automation::ClassDescription& cLotto::description() const {
+  static constexpr std::array events{loading_start, loading_progress, loading_end};
+  static constexpr automation::ClassDescription description{
+      .library = "Vestara",
+      .name = contract_name,
+      .interface_name = "_cLotto",
+      .event_interface = "__cLotto",
+      .help = "The archive of draws: counts and bounds, hit search, history import.",
+      .members = members,
+      .events = events,
+  };
+  return description;
+}
+
+}  // namespace vestara

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "automation/export.h"
+#include "automation/object.h"
+#include "automation/ref.h"
+#include "vestara/foundation/recordset.h"
+
+namespace vestara {
+
+/// What ConnectionState says of an open connection.
+inline constexpr int32_t connection_open = 1;
+
+/// The operations that the library needs of a database. One statement a call, complete text, no parameters.
+/// Results carry the failures: False, or nothing; why is the connector's own to tell. Only the transaction
+/// calls, which have no result, raise an error when the database refuses them.
+class VESTARA_API DbConnector : public automation::Object {
+ public:
+  static constexpr std::string_view contract_name = "DbConnector";
+
+  /// `connection_open` when statements can run.
+  virtual int32_t ConnectionState() = 0;
+  /// Runs a reading statement. On True `rows` stands on its first row.
+  virtual bool OpenRecordset(automation::Ref<RecordSet>& rows, std::string_view statement) = 0;
+  /// Closes the record set and empties the reference.
+  virtual void CloseRecordset(automation::Ref<RecordSet>& rows) = 0;
+  /// Runs an INSERT, UPDATE or DELETE.
+  virtual bool ExecuteSql(std::string_view statement) = 0;
+  /// The largest value of a column; 0 for an empty table.
+  virtual int32_t GetMaxId(std::string_view table, std::string_view column) = 0;
+  /// A record set, or nothing.
+  virtual automation::Ref<RecordSet> GetRecordset(std::string_view statement) = 0;
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+};
+
+}  // namespace vestara

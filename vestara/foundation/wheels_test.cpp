@@ -1,0 +1,199 @@
+#include "tests/support/wheels.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/log_capture.h"
+#include "tests/support/values.h"
+#include "vestara/foundation/query.h"
+
+namespace vestara {
+namespace {
+
+using automation::make;
+using automation::Null;
+using automation::Variant;
+using testing_support::ConnectorRef;
+using testing_support::error_of;
+using testing_support::FailingConnector;
+using testing_support::Failure;
+using testing_support::FailurePlan;
+using testing_support::LogCapture;
+using testing_support::RecordingConnector;
+using testing_support::ScriptedConnector;
+using testing_support::Table;
+using testing_support::UnloadedWheels;
+
+constexpr const char* failed_with = "mPrecarica.PreloadRuoteAlias() ";
+
+class WheelsTest : public testing::Test {
+ protected:
+  /// Preloads a table of these enumerators and aliases.
+  bool preload(std::vector<std::pair<Variant, Variant>> wheels) {
+    Table table{.columns = {"enumeratore", "enumeratoreBit", "ruotaAlias"}};
+    for (auto& [enumerator, alias] : wheels) table.rows.push_back({enumerator, 0, alias});
+    return preload_table(std::move(table));
+  }
+  bool preload_table(Table table) {
+    const auto connector = make<ScriptedConnector>();
+    connector->answers[std::string(testing_support::wheels_statement)] = std::move(table);
+    connector->default_answer.reset();
+    return PreloadRuoteAlias(connector);
+  }
+  bool preload_failing(FailurePlan plan) {
+    const auto connector = make<ScriptedConnector>();
+    connector->default_answer = testing_support::canonical_wheels();
+    return PreloadRuoteAlias(make<FailingConnector>(connector, plan));
+  }
+  const std::string& alias(size_t wheel) { return wheel_tables().RuoteAliasByEnum.at(wheel); }
+
+  UnloadedWheels unloaded_;
+  LogCapture log_;
+};
+
+TEST_F(WheelsTest, LoadsBothLookUpsWithOneStatement) {
+  const auto scripted = make<ScriptedConnector>();
+  scripted->default_answer = testing_support::canonical_wheels();
+  const auto recorder = make<RecordingConnector>(scripted);
+  EXPECT_TRUE(PreloadRuoteAlias(recorder));
+  EXPECT_EQ(recorder->take(),
+            (std::vector<std::string>{"OpenRecordset SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote",
+                                      "CloseRecordset"}));
+  const char* expected[] = {"BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE", "RN"};
+  for (int16_t wheel = 1; wheel <= 11; ++wheel) {
+    EXPECT_EQ(alias_of(wheel), expected[wheel - 1]);
+    EXPECT_EQ(wheel_of(expected[wheel - 1]), wheel);
+  }
+  EXPECT_EQ(alias_of(12), "");
+  EXPECT_EQ(wheel_of("ba"), 1);
+  EXPECT_EQ(wheel_tables().RuoteEnumByAlias->item("rN"), "11");
+  EXPECT_EQ(error_of([] { alias_of(0); }), 9);
+  EXPECT_EQ(error_of([] { alias_of(13); }), 9);
+  EXPECT_EQ(error_of([] { wheel_of("XX"); }), 5);
+  EXPECT_EQ(log_.bytes(), "");
+}
+
+TEST_F(WheelsTest, EmptyTableIsTrueAndLeavesBothAsTheyWere) {
+  EXPECT_TRUE(preload_table(Table{}));
+  EXPECT_FALSE(wheel_tables().RuoteEnumByAlias);
+  EXPECT_EQ(error_of([] { wheel_of("BA"); }), 91);
+  preload({{1, "BA"}});
+  EXPECT_TRUE(preload_table(Table{}));
+  EXPECT_EQ(wheel_of("BA"), 1);
+  EXPECT_EQ(alias(1), "BA");
+}
+
+TEST_F(WheelsTest, RowWithEnumerator12IsStored) {
+  EXPECT_TRUE(preload({{12, "TT"}, {1, "BA"}}));
+  EXPECT_EQ(alias(12), "TT");
+  EXPECT_EQ(wheel_of("TT"), 12);
+}
+
+TEST_F(WheelsTest, RowThatFailsStopsTheLoad) {
+  const struct {
+    const char* what;
+    Variant enumerator, alias;
+    const char* number;
+  } rows[] = {{"enumerator 0", 0, "XX", "9"},
+              {"enumerator 13", 13, "XX", "9"},
+              {"enumerator -1", -1, "XX", "9"},
+              {"Null enumerator", Null{}, "XX", "94"},
+              {"Null alias", 2, Null{}, "94"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    UnloadedWheels::reset();
+    EXPECT_FALSE(preload({{1, "BA"}, {row.enumerator, row.alias}, {3, "FI"}}));
+    EXPECT_EQ(log_.take(), std::vector<std::string>{failed_with + std::string(row.number)});
+    EXPECT_EQ(alias(1), "BA");
+    EXPECT_EQ(wheel_of("BA"), 1);
+    EXPECT_EQ(alias(3), "");
+    EXPECT_EQ(error_of([] { wheel_of("FI"); }), 5);
+  }
+}
+
+TEST_F(WheelsTest, SecondEqualAliasIsInTheArrayOnly) {
+  EXPECT_FALSE(preload({{1, "BA"}, {2, "ba"}, {3, "FI"}}));
+  EXPECT_EQ(log_.take(), std::vector<std::string>{failed_with + std::string("457")});
+  EXPECT_EQ(alias(1), "BA");
+  EXPECT_EQ(alias(2), "ba");
+  EXPECT_EQ(alias(3), "");
+  EXPECT_EQ(wheel_of("BA"), 1);
+}
+
+TEST_F(WheelsTest, LaterPreloadReplacesTheCollectionAndOverwritesTheArray) {
+  EXPECT_TRUE(preload({{1, "BA"}, {2, "CA"}}));
+  EXPECT_TRUE(preload({{"1", "XX"}}));
+  EXPECT_EQ(alias(1), "XX");
+  EXPECT_EQ(alias(2), "CA");
+  EXPECT_EQ(wheel_of("XX"), 1);
+  EXPECT_EQ(error_of([] { wheel_of("CA"); }), 5);
+}
+
+TEST_F(WheelsTest, FailuresOfTheConnector) {
+  const struct {
+    const char* what;
+    FailurePlan plan;
+    std::vector<std::string> log;
+  } rows[] = {{"refused", {.how = Failure::refuses}, {}},
+              {"error", {.how = Failure::raises_error}, {failed_with + std::string("3001")}},
+              {"exception", {.how = Failure::raises_exception}, {failed_with + std::string("-2147467259")}},
+              {"no record set", {.how = Failure::hands_over_nothing}, {failed_with + std::string("91")}},
+              {"no rows", {.how = Failure::rows_raise, .good_calls = 0}, {failed_with + std::string("3002")}},
+              {"rows lost", {.how = Failure::rows_raise, .good_calls = 12}, {failed_with + std::string("3002")}}};
+  preload({{1, "XX"}});
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    EXPECT_FALSE(preload_failing(row.plan));
+    EXPECT_EQ(log_.take(), row.log);
+    EXPECT_NE(alias(1), "");
+  }
+  EXPECT_FALSE(PreloadRuoteAlias(ConnectorRef()));
+  EXPECT_EQ(log_.take(), std::vector<std::string>{failed_with + std::string("91")});
+  EXPECT_TRUE(preload_table(testing_support::canonical_wheels()));
+}
+
+TEST(KeyedTexts, KeysIgnoreCase) {
+  KeyedTexts texts;
+  texts.add("BA", "1");
+  EXPECT_EQ(texts.item("ba"), "1");
+  EXPECT_EQ(error_of([&] { texts.add("bA", "2"); }), 457);
+  EXPECT_EQ(texts.item("BA"), "1");
+  EXPECT_EQ(error_of([&] { texts.item("CA"); }), 5);
+  texts.add("", "0");
+  EXPECT_EQ(texts.item(""), "0");
+}
+
+TEST(OpenRows, GivesTheRowsOrNothing) {
+  const auto scripted = make<ScriptedConnector>();
+  scripted->refused = {"no"};
+  EXPECT_TRUE(open_rows(*scripted, "yes"));
+  EXPECT_FALSE(open_rows(*scripted, "no"));
+  FailingConnector broken(scripted, {.how = Failure::hands_over_nothing});
+  EXPECT_EQ(error_of([&] { open_rows(broken, "yes"); }), 91);
+}
+
+TEST(WheelGrid, FillsEveryCellAndReplacesWhatWasThere) {
+  WheelGrid<int16_t> grid;
+  EXPECT_FALSE(grid.is_filled());
+  EXPECT_EQ(error_of([&] { grid.at(1, 1); }), 9);
+  FillWheelGridInt(grid, -1);
+  grid.at(11, 90) = 7;
+  grid.at(1, 2) = 8;
+  EXPECT_EQ(grid.at(1, 1), -1);
+  EXPECT_EQ(grid.at(2, 1), -1);
+  FillWheelGridInt(grid, 3);
+  for (int32_t wheel = 1; wheel <= 11; ++wheel)
+    for (int32_t number = 1; number <= 90; ++number) EXPECT_EQ(grid.at(wheel, number), 3);
+  for (const auto& [wheel, number] : {std::pair{0, 1}, {12, 1}, {1, 0}, {1, 91}, {-1, 1}, {1, -1}})
+    EXPECT_EQ(error_of([&] { grid.at(wheel, number); }), 9) << wheel << ',' << number;
+  grid.clear();
+  EXPECT_FALSE(grid.is_filled());
+
+  WheelGrid<float> means;
+  FillWheelGridSingle(means, -1);
+  means.at(3, 45) = 1.5F;
+  EXPECT_EQ(means.at(3, 45), 1.5F);
+  EXPECT_EQ(means.at(3, 46), -1.0F);
+}
+
+}  // namespace
+}  // namespace vestara

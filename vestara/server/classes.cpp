@@ -1,0 +1,12 @@
+#include "automation/registry.h"
+#include "vestara/archive/lotto.h"
+
+// The classes that hosts create by name. A class is on the surface when its line is here.
+
+namespace vestara {
+namespace {
+
+const automation::ClassRegistrar<cLotto> lotto{"Vestara.cLotto"};
+
+}  // namespace
+}  // namespace vestara
