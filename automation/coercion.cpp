@@ -173,6 +173,11 @@ bool to_boolean(const Variant& value) { return read_plain<bool>(value, ReadBoole
 std::string to_text(const Variant& value) { return read_plain<std::string>(value, ReadText{}); }
 Date to_date(const Variant& value) { return read_plain<Date>(value, ReadDate{}); }
 
+Variant to_plain(const Variant& value) {
+  const auto* object = value.get_if<Ref<Object>>();
+  return object ? plain_value(*object) : value;
+}
+
 std::optional<Date> date_in(const Variant& value) {
   if (const auto* date = value.get_if<Date>()) return *date;
   if (const auto* text = value.get_if<std::string>()) return parse_date(*text);

@@ -24,6 +24,10 @@ AUTOMATION_API std::string to_text(const Variant& value);
 /// Also reads texts that are dates, and numbers as serials.
 AUTOMATION_API Date to_date(const Variant& value);
 
+/// The value that an object stands for, that of its default member; every other value as it is. What an assignment
+/// without Set stores.
+AUTOMATION_API Variant to_plain(const Variant& value);
+
 /// The date of a value that is one: a Date, or a text that reads as a date. Numbers are none.
 AUTOMATION_API std::optional<Date> date_in(const Variant& value);
 

@@ -68,6 +68,7 @@ struct Parameter {
   ValueType type = ValueType::variant;
   std::string_view class_name;  ///< of an object parameter
   bool optional = false;
+  bool missable = false;  ///< required by the interface, yet a call that leaves it out is served
   DefaultValue default_value;
   Passing passing = Passing::by_reference;  ///< as the interface declares it
   bool writes_back = false;                 ///< a call may change the caller's variable
@@ -87,6 +88,11 @@ constexpr Parameter optional(std::string_view name, const char* value) {
 }
 constexpr Parameter by_value(Parameter row) {
   row.passing = Passing::by_value;
+  return row;
+}
+
+constexpr Parameter missable(Parameter row) {
+  row.missable = true;
   return row;
 }
 
@@ -244,6 +250,11 @@ class Argument<Ref<T>> {
 
  private:
   Ref<T> value_;
+};
+template <class T>
+class Argument<const Ref<T>&> : public Argument<Ref<T>> {
+ public:
+  using Argument<Ref<T>>::Argument;
 };
 template <>
 class Argument<const Variant&> {

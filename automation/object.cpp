@@ -35,6 +35,13 @@ const Member& find_row(const ClassDescription& description, int32_t id, InvokeKi
   throw known ? wrong_argument_count() : no_such_member();
 }
 
+Variant index_into(const Variant& value, std::span<Variant> indexes, std::span<const std::string_view> names) {
+  const auto* object = value.get_if<Ref<Object>>();
+  if (!object) throw RunTimeError(451);
+  if (!*object) throw object_not_set();
+  return (*object)->invoke(default_member, InvokeKind::get, indexes, names);
+}
+
 size_t place_of(const Member& row, std::string_view name) {
   const auto parameters = row.parameters();
   for (size_t i = 0; i < parameters.size(); ++i)
@@ -52,7 +59,7 @@ class Frame {
     for (size_t i = 0; i < positional; ++i) place(i, given[i]);
     for (size_t i = 0; i < names.size(); ++i) place(place_of(row, names[i]), given[positional + i]);
     for (size_t i = 0; i < parameters_.size(); ++i)
-      if (!sources_[i] && !parameters_[i].optional) throw argument_not_optional();
+      if (!sources_[i] && !parameters_[i].optional && !parameters_[i].missable) throw argument_not_optional();
     // Nothing can fail from here on, so the caller's values may move in.
     for (size_t i = 0; i < parameters_.size(); ++i)
       slots_[i] = sources_[i] ? std::move(*sources_[i]) : parameters_[i].default_value.value();
@@ -94,6 +101,9 @@ Variant Object::invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments
       names.empty() && arguments.size() == row.parameter_count &&
       std::none_of(arguments.begin(), arguments.end(), [](const Variant& v) { return v.is_missing(); });
   if (in_order) return row.thunk(*this, arguments);
+  // A plain property with an index means the default member of what it returns: Fields("dtEstr").
+  if (row.kind == MemberKind::get && row.parameter_count == 0 && !arguments.empty())
+    return index_into(row.thunk(*this, {}), arguments, names);
   Frame frame(row, arguments, names);
   try {
     Variant result = row.thunk(*this, frame.arguments());

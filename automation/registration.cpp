@@ -118,7 +118,7 @@ std::string searched_places() {
 
 std::vector<std::string> register_library(const void* address, Scope scope) {
   const std::string path = shared_object_path(address);
-  const std::string library = fs::absolute(path).string();
+  const std::string library = fs::absolute(path).lexically_normal().string();
   const fs::path folder = registration_folder(scope);
   std::error_code error;
   fs::create_directories(folder, error);
@@ -139,6 +139,17 @@ std::vector<std::string> unregister_library(const void* address, Scope scope) {
       throw RunTimeError(75, "cannot remove " + class_file(folder, identifier).string() + ": " + error.message());
   }
   return identifiers;
+}
+
+int32_t register_from_entry_point(const void* address, Scope scope, Registering what) noexcept {
+  try {
+    what == Registering::write ? register_library(address, scope) : unregister_library(address, scope);
+    return 0;
+  } catch (const RunTimeError& error) {
+    return error.number();
+  } catch (const std::exception&) {
+    return unspecified_failure;
+  }
 }
 
 }  // namespace automation

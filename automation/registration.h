@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,5 +32,10 @@ AUTOMATION_API std::string searched_places();
 AUTOMATION_API std::vector<std::string> register_library(const void* address, Scope scope);
 /// Removes them; a file that is not there is no error.
 AUTOMATION_API std::vector<std::string> unregister_library(const void* address, Scope scope);
+
+/// The body of a library's own entry points: 0 when it worked, else the number of the error. `address` lies inside the
+/// library.
+enum class Registering : bool { remove, write };
+AUTOMATION_API int32_t register_from_entry_point(const void* address, Scope scope, Registering what) noexcept;
 
 }  // namespace automation

@@ -9,13 +9,14 @@ endif()
 
 # What a C++ host includes, with all that those headers include.
 set(public_headers
-    automation/coercion.h automation/date.h automation/error.h automation/event_source.h automation/export.h
-    automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h automation/text.h
-    automation/variant.h automation/yield.h
+    automation/c_abi/automation.h automation/coercion.h automation/collection.h automation/date.h
+    automation/describe.h automation/entry_points.h automation/error.h automation/event_source.h automation/export.h
+    automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h
+    automation/registration.h automation/registry.h automation/text.h automation/variant.h automation/yield.h
     vestara/foundation/connector.h vestara/foundation/error_log.h vestara/foundation/recordset.h
     vestara/foundation/schema.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
     vestara/foundation/wheels.h
-    vestara/archive/history_text.h vestara/archive/hit_counters.h vestara/archive/lotto.h vestara/archive/search_text.h
+    vestara/archive/draw_record.h vestara/archive/history_text.h vestara/archive/hit_counters.h vestara/archive/lotto.h vestara/archive/search_text.h
     dorvane/connector.h)
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)

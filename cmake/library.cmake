@@ -1,8 +1,9 @@
 # A shared library over the sources of one folder, its unit tests beside them:
 #   vestara_library(automation)  ->  automation_objects, automation, Vestara::automation, automation_test
+# WITH_CLASSES gives the library the entry points by which it registers its classes.
 # The objects are a target of their own so that unit tests reach what the library hides.
 function(vestara_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;TESTS;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "WITH_CLASSES" "" "SOURCES;TESTS;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name}_objects OBJECT ${ARG_SOURCES})
   target_include_directories(${name}_objects PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
   target_link_libraries(${name}_objects PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
@@ -10,6 +11,9 @@ function(vestara_library name)
   add_library(${name} SHARED)
   add_library(Vestara::${name} ALIAS ${name})
   target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_objects>)
+  if(ARG_WITH_CLASSES)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/automation/entry_points.cpp)
+  endif()
   target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                             $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vestara-1>)
   target_compile_features(${name} PUBLIC cxx_std_20)

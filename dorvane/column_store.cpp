@@ -18,7 +18,7 @@ constexpr size_t longest_short_text = 7;
 /// Bytes and length of a short text in one word; never 0.
 uint64_t short_key(std::string_view text) {
   uint64_t key = 0;
-  std::memcpy(&key, text.data(), text.size());
+  if (!text.empty()) std::memcpy(&key, text.data(), text.size());
   return key | (static_cast<uint64_t>(text.size() + 1) << 56);
 }
 

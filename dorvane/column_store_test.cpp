@@ -91,6 +91,13 @@ TEST(ColumnStore, KeepsManyDifferentShortTexts) {
   for (int i = 0; i < 2000; ++i) EXPECT_EQ(column.text(static_cast<size_t>(i)), "t" + std::to_string(i % 700));
 }
 
+TEST(ColumnStore, TakesAnEmptyTextWithoutBytes) {
+  // That is how the embedded engine hands an empty text over.
+  ColumnStore column(TextReading::plain);
+  column.append_text(std::string_view());
+  EXPECT_TRUE(column.value(0) == Variant(""));
+}
+
 TEST(ColumnStore, NullBitsCrossWords) {
   ColumnStore column(TextReading::plain);
   for (int i = 0; i < 300; ++i) i % 3 == 0 ? column.append_null() : column.append_whole(i);

@@ -9,6 +9,7 @@
 
 #include "automation/error.h"
 #include "dorvane/column_store.h"
+#include "dorvane/fields.h"
 #include "vestara/foundation/recordset.h"
 
 namespace dorvane {
@@ -65,9 +66,8 @@ class StaticRecordSet final : public vestara::RecordSet {
 
   // What hosts call by name and the interface does not have.
   int32_t state() const;
-  /// The columns, or the one that `index` names.
-  automation::Ref<automation::Object> fields(const automation::Variant& index);
-  /// Up to `most` rows from the cursor on (all when negative), and moves behind them.
+  automation::Ref<Fields> fields();
+  /// Up to `most` rows from the cursor on (all when negative), and moves behind them. Error 3021 before the first row.
   automation::Array get_rows(int32_t most);
 
  private:

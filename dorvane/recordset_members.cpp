@@ -2,7 +2,7 @@
 #include <array>
 #include <limits>
 
-#include "automation/coercion.h"
+#include "automation/error.h"
 #include "automation/member.h"
 #include "dorvane/fields.h"
 #include "dorvane/recordset.h"
@@ -13,19 +13,15 @@ namespace dorvane {
 
 using automation::Array;
 using automation::Ref;
-using automation::Variant;
 using automation::VariantKind;
 
 int32_t StaticRecordSet::state() const { return open_ ? 1 : 0; }
 
-Ref<automation::Object> StaticRecordSet::fields(const Variant& index) {
-  const auto all = automation::make<Fields>(Ref<vestara::RecordSet>(this));
-  if (index.is_missing()) return all;
-  return all->Item(index);
-}
+Ref<Fields> StaticRecordSet::fields() { return automation::make<Fields>(Ref<vestara::RecordSet>(this)); }
 
 Array StaticRecordSet::get_rows(int32_t most) {
   require_open();
+  if (position_ < 0) throw automation::no_current_record();
   if (most < 0) fetch_all();
   const int64_t wanted = most < 0 ? std::numeric_limits<int32_t>::max() : most;
   reach(position_ + wanted - 1);
@@ -48,8 +44,7 @@ using row = automation::Rows<StaticRecordSet>;
 constexpr std::array members{
     row::read_only<&StaticRecordSet::at_end>(1, "EOF", "True behind the last row."),
     row::read_only<&StaticRecordSet::at_start>(2, "BOF", "True before the first row."),
-    row::read_only<&StaticRecordSet::fields>(3, "Fields", "The columns; with an index, one of them.",
-                                             optional("index")),
+    row::read_only<&StaticRecordSet::fields>(0, "Fields", "The columns."),
     row::method<&StaticRecordSet::move_first>(4, "MoveFirst", "To the first row."),
     row::method<&StaticRecordSet::move_next>(5, "MoveNext", "To the next row."),
     row::method<&StaticRecordSet::move_previous>(6, "MovePrevious", "To the row before."),

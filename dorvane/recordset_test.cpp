@@ -127,6 +127,22 @@ TEST(StaticRecordSet, CompletingKeepsAFailureForLater) {
   EXPECT_EQ(error_of([&] { rows->move_next(); }), 61);
 }
 
+TEST(StaticRecordSet, GetRowsTakesBlocksFromTheCursor) {
+  int fetched = 0;
+  const auto rows = counting(5, fetched);
+  rows->move_next();
+  const automation::Array block = rows->get_rows(3);
+  EXPECT_EQ(block.upper(0), 1);
+  EXPECT_EQ(block.upper(1), 2);
+  EXPECT_TRUE(block.at(std::vector<int32_t>{0, 2}) == automation::Variant(4));
+  EXPECT_EQ(rows->whole_number({0}), 5);
+  EXPECT_EQ(rows->get_rows(-1).upper(1), 0);
+  EXPECT_EQ(rows->get_rows(10).upper(1), -1);
+  rows->move_first();
+  rows->move_previous();
+  EXPECT_EQ(error_of([&] { rows->get_rows(1); }), 3021);
+}
+
 TEST(StaticRecordSet, ClosedAnswersNothing) {
   int fetched = 0;
   const auto rows = counting(2, fetched);

@@ -3,7 +3,8 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config libsqlite3-dev libcli11-dev nlohmann-json3-dev libzip-dev)
-check=("${build[@]}" ccache libgtest-dev clang-format clang-tidy python3 zip)
+check=("${build[@]}" git ccache libgtest-dev clang-format clang-tidy python3 zip valgrind
+       python3-pandas python3-numpy mypy python3-setuptools python3-wheel python3-pip)
 
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;

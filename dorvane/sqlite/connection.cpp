@@ -170,15 +170,18 @@ void SqliteConnection::noticing_loss(Body&& body) {
 }
 
 template <class Body>
-void SqliteConnection::in_savepoint(Body&& body) {
-  run("SAVEPOINT vestara", Permission::anything);
+void SqliteConnection::atomically(Body&& body) {
+  // Outside a transaction the right to write comes first: one that begins by reading can be refused it later, at once
+  // and for good, when another program wrote in between.
+  const bool outermost = sqlite3_get_autocommit(database_.get()) != 0;
+  run(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT vestara", Permission::anything);
   try {
     body();
-    run("RELEASE vestara", Permission::anything);
+    run(outermost ? "COMMIT" : "RELEASE vestara", Permission::anything);
   } catch (...) {
-    // Without a savepoint left there is nothing to undo: the engine has done it.
-    sqlite3_exec(database_.get(), "ROLLBACK TO vestara", nullptr, nullptr, nullptr);
-    sqlite3_exec(database_.get(), "RELEASE vestara", nullptr, nullptr, nullptr);
+    // Where the engine rolled back by itself there is nothing left to undo, and these do nothing.
+    const char* const undo = outermost ? "ROLLBACK" : "ROLLBACK TO vestara; RELEASE vestara";
+    sqlite3_exec(database_.get(), undo, nullptr, nullptr, nullptr);
     throw;
   }
 }
@@ -237,7 +240,7 @@ void SqliteConnection::insert_rows(const InsertValues& rows) {
   if (rows.rows() == 1)
     insert_all();
   else
-    in_savepoint(insert_all);
+    atomically(insert_all);
 }
 
 sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
@@ -258,7 +261,7 @@ bool SqliteConnection::owns_indexes() {
 /// With the rows go the indexes: filling the table without them and building them once is twice as fast.
 void SqliteConnection::empty_archive(std::string_view statement) {
   if (!owns_indexes()) return run(statement, Permission::change);
-  in_savepoint([&] {
+  atomically([&] {
     for (const Index& index : draw_indexes())
       run("DROP INDEX IF EXISTS " + std::string(index.name), Permission::anything);
     run(statement, Permission::change);
@@ -272,7 +275,7 @@ void SqliteConnection::create_indexes() {
 }
 
 void SqliteConnection::rebuild_indexes() {
-  noticing_loss([&] { in_savepoint([&] { create_indexes(); }); });
+  noticing_loss([&] { atomically([&] { create_indexes(); }); });
   indexes_owed_ = false;
 }
 
@@ -338,10 +341,12 @@ void SqliteConnection::create_schema() {
   require_usable();
   complete_record_sets();
   const bool fresh = single_number("SELECT count(*) FROM sqlite_master") == 0;
-  // Readers and one writer at a time beside each other; only a file that is still empty is switched over.
-  if (fresh && transaction_ == Transaction::none) run("PRAGMA journal_mode=WAL", Permission::anything);
+  // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another
+  // program that creates the same archive just now may be ahead: then it is switched already.
+  if (fresh && transaction_ == Transaction::none)
+    sqlite3_exec(database_.get(), "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
   noticing_loss([&] {
-    in_savepoint([&] {
+    atomically([&] {
       for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
       run(lasting_index().create, Permission::anything);
       create_indexes();

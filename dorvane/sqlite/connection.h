@@ -45,7 +45,7 @@ class SqliteConnection final : public Connection {
   /// Raises when the transaction is lost; notices when a failure lost it.
   void require_usable() const;
   template <class Body>
-  void in_savepoint(Body&& body);
+  void atomically(Body&& body);
   template <class Body>
   void noticing_loss(Body&& body);
 

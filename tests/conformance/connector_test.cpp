@@ -66,6 +66,53 @@ TEST_P(ConnectorTest, FieldsAreFoundByTheNameThatTheStatementWrote) {
   EXPECT_THROW(set->column("dtSave"), automation::RunTimeError);
 }
 
+TEST_P(ConnectorTest, TheRecordSetAnswersToItsClassicNames) {
+  add(3, "2005-02-09", "VE");
+  add(4, "2005-02-12", "BA");
+  using automation::InvokeKind;
+  using automation::Variant;
+  std::vector<Variant> open{Ref<automation::Object>(), "SELECT concorsoNumero,ruota FROM storico ORDER BY dtEstr"};
+  automation::Object& connector = *connector_;
+  ASSERT_TRUE(connector.call("openrecordset", InvokeKind::method, open) == Variant(true));
+  const Ref<automation::Object> set = *open[0].get_if<Ref<automation::Object>>();
+  ASSERT_TRUE(set);
+  const auto get = [](const Ref<automation::Object>& object, const char* member, std::vector<Variant> arguments = {}) {
+    return object->call(member, InvokeKind::get, arguments);
+  };
+  const auto field = [&](Variant index) {
+    return *get(set, "Fields", {std::move(index)}).get_if<Ref<automation::Object>>();
+  };
+  EXPECT_TRUE(get(set, "RecordCount") == Variant(2));
+  EXPECT_TRUE(get(set, "EOF") == Variant(false));
+  EXPECT_TRUE(get(set, "BOF") == Variant(false));
+  EXPECT_TRUE(get(set, "State") == Variant(1));
+  EXPECT_TRUE(get(field("RUOTA"), "Value") == Variant("VE"));
+  std::vector<Variant> by_default{"ruota"};
+  const Variant same = set->invoke(0, InvokeKind::get, by_default);
+  EXPECT_TRUE((*same.get_if<Ref<automation::Object>>())->default_value() == Variant("VE"));
+  EXPECT_TRUE(field(0)->default_value() == Variant(3));
+  EXPECT_TRUE(get(field(1), "Name") == Variant("ruota"));
+  const Ref<automation::Object> fields = *get(set, "Fields").get_if<Ref<automation::Object>>();
+  EXPECT_TRUE(get(fields, "Count") == Variant(2));
+  for (const Variant& index : std::vector<Variant>{2, -1, "estr1"}) {
+    std::vector<Variant> arguments{index};
+    EXPECT_THROW(fields->call("Item", InvokeKind::get, arguments), automation::RunTimeError);
+  }
+  const Ref<automation::Object> wheel = field("ruota");
+  set->call("MoveNext", InvokeKind::method, {});
+  EXPECT_TRUE(wheel->default_value() == Variant("BA")) << "a field follows the cursor";
+  set->call("MoveFirst", InvokeKind::method, {});
+  const Variant rows = set->call("GetRows", InvokeKind::method, {});
+  const auto* array = rows.get_if<automation::Array>();
+  ASSERT_TRUE(array);
+  EXPECT_EQ(array->upper(0), 1);
+  EXPECT_EQ(array->upper(1), 1);
+  EXPECT_TRUE(array->at(std::vector<int32_t>{1, 1}) == Variant("BA"));
+  EXPECT_TRUE(get(set, "EOF") == Variant(true));
+  set->call("Close", InvokeKind::method, {});
+  EXPECT_TRUE(get(set, "State") == Variant(0));
+}
+
 TEST_P(ConnectorTest, NullStaysNull) {
   ASSERT_TRUE(execute("INSERT INTO storico(dtEstr,ruota,estr1)VALUES(NULL,NULL,NULL)"));
   EXPECT_EQ(one("SELECT dtEstr,ruota,estr1,concorsoNumero FROM storico"), "Null Null Null Null");

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/coercion.h"
 #include "automation/error.h"
 #include "automation/int16.h"
 #include "automation/member.h"
@@ -23,7 +24,10 @@ using automation::Variant;
 
 namespace {
 
-Variant given_or_null(const Variant& bound) { return bound.is_missing() ? Variant(automation::Null{}) : bound; }
+/// A bound as it is kept: never an object, which might hold this search.
+Variant kept_bound(const Variant& bound) {
+  return bound.is_missing() ? Variant(automation::Null{}) : automation::to_plain(bound);
+}
 
 int16_t numbers_in(std::string_view list) {
   return automation::Int16::checked(static_cast<int64_t>(automation::split(list, ',').size()));
@@ -117,13 +121,7 @@ std::string cLotto::format_wheels(const std::string& wheels) {
 Ref<RecordSet> cLotto::LoadLottoEstr(const std::string& sNum, int16_t combinazioneTipo, const std::string& sRuote,
                                      const Variant& dtDa, const Variant& dtA,
                                      automation::InOut<bool> bTutteLeEstrazioni, bool bTutteLeRuote, bool bSortASC) {
-  LastSearch begun;
-  begun.numbers = sNum;
-  begun.combination = combinazioneTipo;
-  begun.from = given_or_null(dtDa);
-  begun.to = given_or_null(dtA);
-  begun.all_wheels = bTutteLeRuote;
-  begun.all_draws = *bTutteLeEstrazioni;  // as passed, before the next line
+  const PassedFlags passed{*bTutteLeEstrazioni, bTutteLeRuote};
   if (sNum.empty()) *bTutteLeEstrazioni = true;
 
   const std::string wheels = bTutteLeRuote ? std::string() : format_wheels(sRuote);
@@ -134,13 +132,19 @@ Ref<RecordSet> cLotto::LoadLottoEstr(const std::string& sNum, int16_t combinazio
                                 dtA,
                                 *bTutteLeEstrazioni ? DrawChoice::all_draws : DrawChoice::hits,
                                 bSortASC ? DateOrder::oldest_first : DateOrder::newest_first};
-  count_hits(question, begun, sRuote);
+  count_hits(question, passed, sRuote);
   return hit_dates(question);
 }
 
-void cLotto::count_hits(const SearchQuestion& question, const LastSearch& begun, const std::string& wheels) {
+void cLotto::count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels) {
   trapped("cLotto.getEstrazioni()", [&] {
-    last_ = begun;
+    last_ = {};
+    last_.all_draws = passed.all_draws;
+    last_.all_wheels = passed.all_wheels;
+    last_.numbers = question.numbers;
+    last_.combination = question.least_hits;
+    last_.from = kept_bound(question.from);
+    last_.to = kept_bound(question.to);
     const bool searches = question.draws == DrawChoice::hits;
     if (searches) {
       last_.numbers_played = numbers_in(question.numbers);

@@ -10,6 +10,7 @@
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
+#include "vestara/archive/draw_record.h"
 #include "vestara/archive/hit_counters.h"
 #include "vestara/archive/search_text.h"
 #include "vestara/foundation/connector.h"
@@ -77,6 +78,34 @@ class VESTARA_API cLotto final : public automation::Object {
                                            automation::InOut<bool> bTutteLeEstrazioni = false,
                                            bool bTutteLeRuote = false, bool bSortASC = false);
 
+  /// The date of the draw that lies `nEstrazioniPrec` draws back, 1 being the newest up to `daDataNow`. Empty when
+  /// there is none. Runs a listing of all draws, which replaces the last search.
+  automation::Variant GetDataEstrazioneDaConta(int32_t nEstrazioniPrec,
+                                               const automation::Variant& daDataNow = automation::Missing{});
+  /// Stores a draw in place of all rows of its date, in one transaction. False when a statement was refused: a wheel
+  /// without five numbers leaves the archive as it was.
+  bool SalvaEstrazione(const automation::Ref<cEstrazione>& c_estr);
+  /// Removes the rows of a date; True also when there were none.
+  bool DelEstrazione(const automation::Variant& dt);
+  /// The draw of a date, its DataEstrazione being the argument itself; nothing when there is none.
+  automation::Ref<cEstrazione> GetEstrazioneDaData(const automation::Variant& dtEstr);
+
+  /// The saved search with this key, or every one for -1, newest first; nothing when it could not be read. The two
+  /// dates are accepted and not looked at, on purpose.
+  automation::Ref<RecordSet> GetRicerchePersonalizzate(int32_t idRicerca = 0,
+                                                       const automation::Variant& dtSaveDa = automation::Missing{},
+                                                       const automation::Variant& dtSaveA = automation::Missing{});
+  /// False when the statement failed. Writes no log entry.
+  bool DeleteRicerchePersonalizzate(int32_t lIdRicerca);
+  /// Stores a search: a new one under the next key when `lIdRicerca` is 0, otherwise in place of that one (True also
+  /// when there is none). The three texts come back escaped. A date that is missing or none is stored as Null.
+  bool SaveRicerchePersonalizzate(int32_t lIdRicerca, automation::InOut<std::string> sDescRicerca,
+                                  automation::InOut<std::string> sNumeri, int16_t iCombinazione,
+                                  automation::InOut<std::string> sRuote,
+                                  const automation::Variant& dtSave = automation::Missing{},
+                                  const automation::Variant& dtDa = automation::Missing{},
+                                  const automation::Variant& dtA = automation::Missing{});
+
   /// "DD/MM/YYYY" of the newest and the oldest draw; "" for an empty archive, Empty when it could not be read.
   automation::Variant GetMaxDateStorico();
   automation::Variant GetMinDateStorico();
@@ -106,9 +135,15 @@ class VESTARA_API cLotto final : public automation::Object {
     bool all_draws = false;
   };
 
+  /// The two flags of a search as the host gave them, before a search without numbers sets the first.
+  struct PassedFlags {
+    bool all_draws;
+    bool all_wheels;
+  };
+
   DbConnector& connector() const;
   static std::string format_wheels(const std::string& wheels);
-  void count_hits(const SearchQuestion& question, const LastSearch& begun, const std::string& wheels);
+  void count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels);
   automation::Ref<RecordSet> hit_dates(const SearchQuestion& question);
   automation::Variant bound_of_archive(const std::string& statement, std::string_view field);
 

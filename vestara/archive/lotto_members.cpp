@@ -10,12 +10,13 @@ namespace vestara {
 namespace {
 
 using automation::by_value;
+using automation::missable;
 using automation::optional;
+using automation::parameter;
 using automation::Ref;
 using automation::Variant;
 using row = automation::Rows<cLotto>;
 
-// Ids are stable: 13 to 15 belong to the saved searches, 17 to 20 to single draws.
 constexpr std::array members{
     row::put<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
     row::get<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
@@ -38,10 +39,27 @@ constexpr std::array members{
     row::method<&cLotto::ContaEstrazioniStorico>(12, "ContaEstrazioniStorico",
                                                  "Counts the draw dates of a range, on one wheel (1..11) or all (12).",
                                                  optional("dtDa"), optional("dtA"), optional("Ruota", all_wheels)),
+    row::method<&cLotto::GetRicerchePersonalizzate>(
+        13, "GetRicerchePersonalizzate", "The saved search with this key, or all for -1.", optional("idRicerca", 0),
+        optional("dtSaveDa"), optional("dtSaveA")),
+    row::method<&cLotto::DeleteRicerchePersonalizzate>(14, "DeleteRicerchePersonalizzate", "Removes a saved search.",
+                                                       parameter("lIdRicerca")),
+    row::method<&cLotto::SaveRicerchePersonalizzate>(
+        15, "SaveRicerchePersonalizzate", "Stores a search, a new one for key 0.", parameter("lIdRicerca"),
+        parameter("sDescRicerca"), parameter("sNumeri"), parameter("iCombinazione"), parameter("sRuote"),
+        missable(parameter("dtSave")), missable(parameter("dtDa")), missable(parameter("dtA"))),
     row::method<&cLotto::LoadLottoEstr>(
         16, "LoadLottoEstr", "Finds the draws that hold the given numbers.", optional("sNum", ""),
         optional("combinazioneTipo", 0), optional("sRuote", ""), by_value(optional("dtDa")), by_value(optional("dtA")),
         optional("bTutteLeEstrazioni", false), optional("bTutteLeRuote", false), optional("bSortASC", false)),
+    row::method<&cLotto::GetDataEstrazioneDaConta>(17, "GetDataEstrazioneDaConta",
+                                                   "The date of the draw so many draws back, 1 being the newest.",
+                                                   parameter("nEstrazioniPrec"), optional("daDataNow")),
+    row::method<&cLotto::SalvaEstrazione>(18, "SalvaEstrazione", "Stores a draw in place of its date's rows.",
+                                          parameter("c_estr")),
+    row::method<&cLotto::DelEstrazione>(19, "DelEstrazione", "Removes the rows of a date.", parameter("dt")),
+    row::method<&cLotto::GetEstrazioneDaData>(20, "GetEstrazioneDaData", "The draw of a date, or nothing.",
+                                              parameter("dtEstr")),
     row::method<&cLotto::GetMaxDateStorico>(21, "GetMaxDateStorico", "Date of the newest draw, as text."),
     row::method<&cLotto::GetMinDateStorico>(22, "GetMinDateStorico", "Date of the oldest draw, as text."),
     row::method<&cLotto::UpdateTblStorico>(23, "UpdateTblStorico", "Replaces the archive by the update file."),
@@ -68,7 +86,7 @@ const automation::ClassDescription& cLotto::description() const {
       .name = contract_name,
       .interface_name = "_cLotto",
       .event_interface = "__cLotto",
-      .help = "The archive of draws: counts and bounds, hit search, history import.",
+      .help = "The archive of draws: counts and bounds, hit search, single draws, saved searches, history import.",
       .members = members,
       .events = events,
   };

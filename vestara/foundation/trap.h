@@ -20,7 +20,8 @@ inline void log_trapped(std::string_view label, const automation::RunTimeError& 
 }  // namespace detail
 
 /// Runs `body` and returns what it returns. An error ends it: one entry goes to the error log under `label`, and
-/// the caller gets `on_failure`. What the body did before stays done. The only place where this library catches.
+/// the caller gets `on_failure`. What the body did before stays done. Nothing in this library catches but the
+/// traps of this file.
 template <class Result, class Body>
 Result trapped(std::string_view label, Result on_failure, Body&& body) {
   try {
@@ -42,6 +43,16 @@ void trapped(std::string_view label, Body&& body) {
     std::forward<Body>(body)();
     return 0;
   });
+}
+
+/// A trap that writes no entry, for the few members that only forward one statement.
+template <class Result, class Body>
+Result quietly(Result on_failure, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (const std::exception&) {
+    return on_failure;
+  }
 }
 
 /// A failure that came without an error of its own, such as a refused insert: logged with number 0 and no text.

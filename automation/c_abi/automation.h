@@ -1,0 +1,189 @@
+#ifndef AUTOMATION_C_ABI_AUTOMATION_H
+#define AUTOMATION_C_ABI_AUTOMATION_H
+
+/* The component model for other languages: objects by name, members by name or id, values that carry their type,
+ * events, and objects that the host itself implements. Plain C; no exception leaves these functions.
+ *
+ *   au_object* lotto;
+ *   if (au_create_object("Vestara.cLotto", &lotto) != AU_OK) complain();
+ *   au_value result = {0};
+ *   if (au_call(lotto, "GetMaxDateStorico", AU_METHOD, NULL, 0, &result) == AU_OK) show(result.as.text.bytes);
+ *   au_clear(&result);
+ *   au_release(lotto);
+ *
+ * Threads: an object belongs to the thread that created it. Text is UTF-8, with a length and, where this library made
+ * it, a NUL behind it.
+ */
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define AU_API __declspec(dllexport)
+#else
+#define AU_API __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Grows when something is added; the major half (above 16 bits) when something changes. */
+#define AU_ABI_VERSION 0x00010000u
+
+/* The version of the loaded library. */
+AU_API uint32_t au_abi_version(void);
+
+/* What a call came to. Everything but AU_OK left no result; au_last_error says why. */
+typedef int32_t au_status;
+enum {
+  AU_OK = 0,
+  AU_RAISED = 1,       /* the member raised a run-time error: its number, description and source are in au_last_error */
+  AU_BAD_ARGUMENT = 2, /* a null pointer, an unknown kind, a value of no known kind */
+  AU_BAD_HANDLE =
+      3, /* not a live object. Null always; released ones in debug builds or with AUTOMATION_CHECK_HANDLES=1 */
+  AU_BAD_VERSION = 4 /* a table of callbacks made for another version */
+};
+
+typedef struct au_error {
+  int32_t number;
+  const char* description;
+  const char* source;
+} au_error;
+
+/* The last failure on this thread; number 0 when there was none yet. Valid until the next failure on this thread. */
+AU_API au_error au_last_error(void);
+
+/* A counted object. */
+typedef struct au_object au_object;
+/* An array, reached through the value that holds it. */
+typedef struct au_array au_array;
+
+typedef int32_t au_kind;
+enum {
+  AU_EMPTY,
+  AU_NULL,
+  AU_MISSING, /* an optional argument that is left out */
+  AU_BOOLEAN, /* as.number: 0 or 1 */
+  AU_INTEGER, /* 16 bits, in as.number */
+  AU_LONG,    /* 32 bits, in as.number */
+  AU_SINGLE,  /* in as.real */
+  AU_DOUBLE,  /* in as.real */
+  AU_DATE,    /* in as.real: days since 1899-12-30, the fraction is the time of day */
+  AU_TEXT,
+  AU_OBJECT, /* a null object is "nothing" */
+  AU_ARRAY
+};
+
+/* A value. All zero is Empty. What the library puts into a value is owned by it (owned = 1) and is given back by
+ * au_clear; a host may also fill in values that point to its own memory and objects (owned = 0), which must outlive the
+ * call. */
+typedef struct au_value {
+  au_kind kind;
+  int32_t owned;
+  union {
+    int32_t number;
+    double real;
+    struct {
+      const char* bytes;
+      size_t length;
+    } text;
+    au_object* object;
+    au_array* array;
+  } as;
+} au_value;
+
+/* Gives back what the value owns and makes it Empty. Null is nothing to do. */
+AU_API void au_clear(au_value* value);
+/* Clears the value, then stores a copy of the text, or a counted reference to the object. */
+AU_API au_status au_set_text(au_value* value, const char* bytes, size_t length);
+AU_API au_status au_set_object(au_value* value, au_object* object);
+
+/* ---- Objects ---- */
+
+/* Creates an object by its programmatic identifier, loading the library that is registered for it. Error 429 when there
+ * is none. The caller owns one count. */
+AU_API au_status au_create_object(const char* identifier, au_object** object);
+AU_API au_status au_retain(au_object* object);
+AU_API au_status au_release(au_object* object);
+
+typedef int32_t au_invoke_kind;
+enum { AU_METHOD, AU_GET, AU_PUT, AU_PUTREF };
+
+/* The id of a member, found without regard to case. Error 438 when there is none. */
+AU_API au_status au_get_id(au_object* object, const char* member, int32_t* id);
+
+/* Calls a member. The last `name_count` arguments are named by `names`, the others are positional; AU_MISSING leaves
+ * one out. An assignment carries its value last. Arguments that the member writes back are replaced in place (and are
+ * then owned); all others stay as they were. `result` may be null. */
+AU_API au_status au_invoke(au_object* object, int32_t id, au_invoke_kind kind, au_value* arguments, size_t count,
+                           const char* const* names, size_t name_count, au_value* result);
+/* The same by name, without named arguments. */
+AU_API au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au_value* arguments, size_t count,
+                         au_value* result);
+
+/* The surface of an object's class as JSON text. Objects of hosts have none: error 438. */
+AU_API au_status au_describe(au_object* object, au_value* json);
+
+/* ---- Arrays ---- */
+
+typedef struct au_bound {
+  int32_t lower;
+  int32_t count;
+} au_bound;
+
+/* An array of Empty elements; `element` is the declared kind, AU_EMPTY for any. */
+AU_API au_status au_make_array(au_value* value, au_kind element, const au_bound* bounds, size_t dimensions);
+/* Dimensions, at most `room` bounds, and the number of elements. Any pointer may be null. */
+AU_API au_status au_array_shape(const au_value* array, size_t* dimensions, au_bound* bounds, size_t room,
+                                size_t* count);
+/* Elements counted from 0 with the first index running fastest. Error 9 behind the last. */
+AU_API au_status au_array_get(const au_value* array, size_t place, au_value* element);
+AU_API au_status au_array_put(au_value* array, size_t place, const au_value* element);
+/* Many elements at once: `count` of them from `first`, `stride` apart. Numbers, Booleans and dates into `numbers`
+ * (others are 0), every element's kind into `kinds`. Either may be null. */
+AU_API au_status au_array_numbers(const au_value* array, size_t first, size_t stride, size_t count, double* numbers,
+                                  uint8_t* kinds);
+/* The texts of those elements, one behind the other, and their lengths (0 for what is no text). */
+AU_API au_status au_array_texts(const au_value* array, size_t first, size_t stride, size_t count, au_value* joined,
+                                size_t* lengths);
+
+/* ---- Events ---- */
+
+/* Called for every event of an object. The arguments belong to the library. A failure ends this sink's turn only. */
+typedef au_status (*au_event_sink)(void* host, int32_t event, const char* name, const au_value* arguments,
+                                   size_t count);
+/* A cookie for au_unadvise. Error 445 when the object raises no events. */
+AU_API au_status au_advise(au_object* object, au_event_sink sink, void* host, int32_t* cookie);
+/* Error 5 for a cookie that is not connected. */
+AU_API au_status au_unadvise(au_object* object, int32_t cookie);
+
+/* ---- Objects of the host ---- */
+
+/* How the library calls an object that the host implements. Arguments belong to the library; to write one back, clear
+ * it and store another value. A callback that fails calls au_raise and returns AU_RAISED. */
+typedef struct au_host_class {
+  uint32_t version;                                                                /* AU_ABI_VERSION */
+  au_status (*get_id)(void* host, const char* member, size_t length, int32_t* id); /* AU_RAISED when there is none */
+  au_status (*invoke)(void* host, int32_t id, au_invoke_kind kind, au_value* arguments, size_t count,
+                      const char* const* names, size_t name_count, au_value* result);
+  void (*destroy)(void* host); /* the last count is gone; may be null */
+} au_host_class;
+
+/* The table must outlive the object. The caller owns one count. */
+AU_API au_status au_create_host_object(const au_host_class* table, void* host, au_object** object);
+/* The `host` that an object was created with by this table; null for every other object. */
+AU_API void* au_host_of(const au_host_class* table, au_object* object);
+/* Sets the error of the callback that is running. Null texts are empty. */
+AU_API void au_raise(int32_t number, const char* description, const char* source);
+
+/* Called by long loops, so that the host stays responsive. Anything but 0 ends the loop with error 18. Null takes the
+ * hook out. */
+typedef int (*au_yield_hook)(void* host);
+AU_API void au_set_yield_hook(au_yield_hook hook, void* host);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "automation/c_abi/automation.h"
+
+// What the example in C does not reach: every kind there and back, arrays, handles after their end, callbacks that
+// misbehave.
+
+namespace {
+
+/// A value that is given back.
+struct Value : au_value {
+  Value() : au_value{} {}
+  ~Value() { au_clear(this); }
+  Value(const Value&) = delete;
+  Value& operator=(const Value&) = delete;
+};
+
+au_value number(int32_t kind, int32_t n) {
+  au_value value{};
+  value.kind = kind;
+  value.as.number = n;
+  return value;
+}
+
+au_value real(int32_t kind, double n) {
+  au_value value{};
+  value.kind = kind;
+  value.as.real = n;
+  return value;
+}
+
+/// A host's object that gives its only argument back, in the argument and as the result.
+struct Echo {
+  int destroyed = 0;
+};
+
+au_status echo_id(void*, const char* member, size_t length, int32_t* id) {
+  *id = 5;
+  return std::string(member, length) == "Echo" ? AU_OK : AU_RAISED;
+}
+au_status echo_invoke(void*, int32_t, au_invoke_kind, au_value* arguments, size_t count, const char* const*, size_t,
+                      au_value* result) {
+  if (count == 0) return AU_RAISED;  // without au_raise
+  if (arguments[0].kind == AU_LONG && arguments[0].as.number == 13) {
+    au_raise(1234, "thirteen", "Echo");
+    return AU_RAISED;
+  }
+  *result = arguments[0];
+  arguments[0] = au_value{};
+  return AU_OK;
+}
+void echo_destroy(void* host) { ++static_cast<Echo*>(host)->destroyed; }
+const au_host_class echo_class{AU_ABI_VERSION, echo_id, echo_invoke, echo_destroy};
+
+class CAbi : public testing::Test {
+ protected:
+  CAbi() { EXPECT_EQ(au_create_host_object(&echo_class, &echo_, &object_), AU_OK); }
+  ~CAbi() override {
+    if (object_) au_release(object_);
+    EXPECT_EQ(echo_.destroyed, 1);
+  }
+  au_status echo(au_value& argument, au_value& result) {
+    return au_call(object_, "Echo", AU_METHOD, &argument, 1, &result);
+  }
+
+  Echo echo_;
+  au_object* object_ = nullptr;
+};
+
+TEST_F(CAbi, EveryKindGoesThereAndBack) {
+  for (const au_value& given :
+       {number(AU_NULL, 0), number(AU_BOOLEAN, 1), number(AU_BOOLEAN, 0), number(AU_INTEGER, -32768),
+        number(AU_LONG, 2147483647), real(AU_SINGLE, 0.5), real(AU_DOUBLE, -1e300), real(AU_DATE, 38392.25)}) {
+    au_value argument = given;
+    Value result;
+    ASSERT_EQ(echo(argument, result), AU_OK) << given.kind;
+    EXPECT_EQ(result.kind, given.kind);
+    EXPECT_EQ(argument.kind, AU_EMPTY) << "written back";
+    const bool is_real = given.kind == AU_SINGLE || given.kind == AU_DOUBLE || given.kind == AU_DATE;
+    EXPECT_TRUE(is_real ? result.as.real == given.as.real : result.as.number == given.as.number) << given.kind;
+  }
+}
+
+TEST_F(CAbi, TextKeepsItsLengthAndEndsWithNul) {
+  const std::string text("a\0b\xc3\xa8", 5);
+  Value argument;
+  Value result;
+  ASSERT_EQ(au_set_text(&argument, text.data(), text.size()), AU_OK);
+  ASSERT_EQ(echo(argument, result), AU_OK);
+  EXPECT_EQ(std::string(result.as.text.bytes, result.as.text.length), text);
+  EXPECT_EQ(result.as.text.bytes[result.as.text.length], '\0');
+}
+
+TEST_F(CAbi, ObjectsComeBackAsThemselves) {
+  Value argument;
+  Value result;
+  ASSERT_EQ(au_set_object(&argument, object_), AU_OK);
+  ASSERT_EQ(echo(argument, result), AU_OK);
+  EXPECT_EQ(result.as.object, object_);
+  EXPECT_EQ(au_host_of(&echo_class, result.as.object), &echo_);
+  const au_host_class other = echo_class;
+  EXPECT_EQ(au_host_of(&other, result.as.object), nullptr);
+}
+
+TEST_F(CAbi, ErrorsOfAHostPassThrough) {
+  au_value argument = number(AU_LONG, 13);
+  Value result;
+  EXPECT_EQ(echo(argument, result), AU_RAISED);
+  const au_error error = au_last_error();
+  EXPECT_EQ(error.number, 1234);
+  EXPECT_STREQ(error.description, "thirteen");
+  EXPECT_STREQ(error.source, "Echo");
+  EXPECT_EQ(au_call(object_, "Echo", AU_METHOD, nullptr, 0, nullptr), AU_RAISED);
+  EXPECT_STREQ(au_last_error().description, "the host's object failed without saying why");
+  EXPECT_EQ(au_call(object_, "Other", AU_METHOD, nullptr, 0, nullptr), AU_RAISED);
+  EXPECT_EQ(au_last_error().number, 438);
+}
+
+TEST_F(CAbi, ReleasedObjectsAreNoticed) {
+  // Handles are watched in this build unless the environment says otherwise.
+  ASSERT_EQ(au_retain(object_), AU_OK);
+  ASSERT_EQ(au_release(object_), AU_OK);
+  ASSERT_EQ(au_release(object_), AU_OK);
+  EXPECT_EQ(au_release(object_), AU_BAD_HANDLE);
+  EXPECT_EQ(au_retain(object_), AU_BAD_HANDLE);
+  EXPECT_EQ(au_call(object_, "Echo", AU_METHOD, nullptr, 0, nullptr), AU_BAD_HANDLE);
+  object_ = nullptr;
+}
+
+TEST_F(CAbi, MisuseIsAStatus) {
+  Value value;
+  int32_t id = 0;
+  EXPECT_EQ(au_retain(nullptr), AU_BAD_HANDLE);
+  EXPECT_EQ(au_release(nullptr), AU_BAD_HANDLE);
+  EXPECT_EQ(au_get_id(object_, nullptr, &id), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_get_id(object_, "Echo", nullptr), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_invoke(object_, 5, AU_METHOD, nullptr, 1, nullptr, 0, nullptr), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_invoke(object_, 5, 9, nullptr, 0, nullptr, 0, nullptr), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_invoke(object_, 5, AU_METHOD, &value, 1, nullptr, 1, nullptr), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_invoke(object_, 5, AU_METHOD, nullptr, 0, nullptr, 1, nullptr), AU_RAISED);
+  EXPECT_EQ(au_set_text(nullptr, "x", 1), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_set_text(&value, nullptr, 1), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_advise(object_, nullptr, nullptr, &id), AU_BAD_ARGUMENT);
+  EXPECT_EQ(au_advise(
+                object_, [](void*, int32_t, const char*, const au_value*, size_t) -> au_status { return AU_OK; },
+                nullptr, &id),
+            AU_RAISED);
+  EXPECT_EQ(au_last_error().number, 445);
+  EXPECT_EQ(au_create_object("Vestara.cLotto", nullptr), AU_BAD_ARGUMENT);
+  au_object* object = nullptr;
+  au_host_class other = echo_class;
+  other.version = 0x00020000;
+  EXPECT_EQ(au_create_host_object(&other, nullptr, &object), AU_BAD_VERSION);
+  EXPECT_EQ(au_create_host_object(nullptr, nullptr, &object), AU_BAD_ARGUMENT);
+  EXPECT_EQ(object, nullptr);
+  au_clear(nullptr);
+}
+
+TEST_F(CAbi, ArraysAreReadElementByElementAndInColumns) {
+  Value array;
+  const au_bound bounds[] = {{0, 2}, {1, 3}};
+  ASSERT_EQ(au_make_array(&array, AU_EMPTY, bounds, 2), AU_OK);
+  for (size_t row = 0; row < 3; ++row) {
+    Value text;
+    const au_value whole = number(AU_LONG, static_cast<int32_t>(row) + 7);
+    ASSERT_EQ(au_set_text(&text, "abc", row), AU_OK);
+    ASSERT_EQ(au_array_put(&array, row * 2, &whole), AU_OK);
+    ASSERT_EQ(au_array_put(&array, row * 2 + 1, &text), AU_OK);
+  }
+  size_t dimensions = 0;
+  size_t count = 0;
+  au_bound found[2];
+  ASSERT_EQ(au_array_shape(&array, &dimensions, found, 2, &count), AU_OK);
+  EXPECT_EQ(dimensions, 2U);
+  EXPECT_EQ(count, 6U);
+  EXPECT_EQ(found[1].lower, 1);
+  EXPECT_EQ(found[1].count, 3);
+
+  double numbers[3];
+  uint8_t kinds[3];
+  size_t lengths[3];
+  Value joined;
+  ASSERT_EQ(au_array_numbers(&array, 0, 2, 3, numbers, kinds), AU_OK);
+  EXPECT_EQ(numbers[2], 9.0);
+  EXPECT_EQ(kinds[2], AU_LONG);
+  ASSERT_EQ(au_array_texts(&array, 1, 2, 3, &joined, lengths), AU_OK);
+  EXPECT_EQ(std::string(joined.as.text.bytes, joined.as.text.length), "aab");
+  EXPECT_EQ(lengths[2], 2U);
+
+  Value element;
+  EXPECT_EQ(au_array_get(&array, 6, &element), AU_RAISED);
+  EXPECT_EQ(au_last_error().number, 9);
+  EXPECT_EQ(au_array_numbers(&array, 1, 2, 4, numbers, nullptr), AU_RAISED);
+  EXPECT_EQ(au_array_numbers(&element, 0, 1, 0, numbers, nullptr), AU_BAD_ARGUMENT);
+  const au_bound huge[] = {{0, 2000000000}, {0, 2000000000}};
+  EXPECT_EQ(au_make_array(&element, AU_EMPTY, huge, 2), AU_RAISED);
+  EXPECT_EQ(au_last_error().number, 7);
+}
+
+TEST_F(CAbi, TheYieldHookCanBeTakenOut) {
+  au_set_yield_hook([](void*) { return 1; }, nullptr);
+  au_set_yield_hook(nullptr, nullptr);
+}
+
+}  // namespace

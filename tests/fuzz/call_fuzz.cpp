@@ -1,0 +1,212 @@
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "automation/c_abi/automation.h"
+#include "automation/member.h"
+#include "automation/registry.h"
+#include "tests/fuzz/random.h"
+#include "tests/support/temporary_folder.h"
+#include "vestara/foundation/error_log.h"
+
+// Random calls of every member of every class through the C interface: any argument mix, names, Missing, Null, arrays,
+// objects, huge texts. Whatever happens must come back as a status; the sanitizers watch the rest.
+//   call_fuzz [CALLS] [SEED]
+
+namespace {
+
+using fuzz::Random;
+
+struct Target {
+  au_object* object;
+  std::vector<int32_t> ids;
+};
+
+const std::vector<std::string> texts{
+    "",
+    " ",
+    "5,12,33",
+    "53",
+    "BA",
+    "BA,NA",
+    "VE",
+    "15/11/2026",
+    "2005-02-09",
+    "31/02/2001",
+    "True",
+    "-1",
+    "1e308",
+    "99999999999",
+    "O'Hara\\x",
+    "sqlite::memory:",
+    "SELECT 1",
+    "storico",
+    "estr1",
+    "dtEstr",
+    "DELETE FROM storico",
+    "SELECT * FROM storico ORDER BY dtEstr",
+    "INSERT INTO "
+    "storico(concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)VALUES(1,'2005-02-09','BA',1,2,3,4,5)",
+    "tRicerche",
+    "idRicerca",
+    "update.txt",
+    "nowhere/update.txt",
+    "\xff\xfe",
+    "s2.numeriTrovati",
+    "Index"};
+
+class Fuzzer {
+ public:
+  explicit Fuzzer(uint64_t seed) : random_(seed) { renew(); }
+  ~Fuzzer() { drop_all(); }
+  Fuzzer(const Fuzzer&) = delete;
+  Fuzzer& operator=(const Fuzzer&) = delete;
+
+  void call() {
+    if (random_.one_in(2000)) renew();
+    const Target target = random_.pick(targets_);
+    // Mostly few arguments: that is where members take them.
+    std::vector<au_value> arguments(random_.one_in(3) ? random_.below(10) : random_.below(3));
+    for (au_value& value : arguments) fill(value);
+    std::vector<const char*> names(random_.one_in(4) ? random_.below(arguments.size() + 2) : 0);
+    for (const char*& name : names) name = random_.one_in(20) ? nullptr : random_.pick(names_).c_str();
+    au_value result{};
+    const au_status status = au_invoke(target.object, random_.pick(target.ids), random_kind(), arguments.data(),
+                                       arguments.size(), names.data(), names.size(), &result);
+    if (status == AU_OK) ++answered_;
+    for (au_value& value : arguments) keep(value);
+    keep(result);
+  }
+
+  long answered() const { return answered_; }
+
+ private:
+  au_invoke_kind random_kind() { return static_cast<au_invoke_kind>(random_.below(random_.one_in(50) ? 9 : 4)); }
+
+  /// New objects now and then; the old ones are let go, cycles first.
+  void renew() {
+    drop_all();
+    for (const auto& entry : automation::loaded_classes()) {
+      au_object* object = nullptr;
+      if (au_create_object(entry.identifier.c_str(), &object) == AU_OK) add(object);
+    }
+    open_archive();
+  }
+
+  void open_archive() {
+    for (const Target& target : targets_) {
+      au_value url{};
+      au_set_text(&url, "sqlite::memory:", 15);
+      if (au_call(target.object, "Open", AU_METHOD, &url, 1, nullptr) == AU_OK)
+        au_call(target.object, "CreateSchema", AU_METHOD, nullptr, 0, nullptr);
+      au_clear(&url);
+    }
+  }
+
+  void add(au_object* object) {
+    const auto& description = reinterpret_cast<automation::Object*>(object)->description();
+    Target target{object, {-1, 0, 99}};
+    for (const automation::Member& row : description.members) {
+      for (int weight = 0; weight < 5; ++weight) target.ids.push_back(row.id);
+      for (const automation::Parameter& parameter : row.parameters()) names_.emplace_back(parameter.name);
+    }
+    targets_.push_back(target);
+  }
+
+  void drop_all() {
+    au_value nothing{};
+    nothing.kind = AU_OBJECT;
+    for (const Target& target : targets_) au_call(target.object, "ActiveConnection", AU_PUTREF, &nothing, 1, nullptr);
+    for (const Target& target : targets_) au_release(target.object);
+    targets_.clear();
+    names_.assign(1, "nonsense");
+  }
+
+  /// Objects that come back join the targets, up to a few.
+  void keep(au_value& value) {
+    if (value.kind == AU_OBJECT && value.owned != 0 && value.as.object && targets_.size() < 30 &&
+        au_retain(value.as.object) == AU_OK)
+      add(value.as.object);
+    au_clear(&value);
+  }
+
+  void fill(au_value& value) {
+    value.kind = static_cast<int32_t>(random_.one_in(200) ? random_.below(40) : random_.below(12));
+    switch (value.kind) {
+      case AU_TEXT:
+        fill_text(value);
+        break;
+      case AU_OBJECT:
+        value.as.object = random_.one_in(4) ? nullptr : random_.pick(targets_).object;
+        break;
+      case AU_ARRAY:
+        fill_array(value);
+        break;
+      case AU_SINGLE:
+      case AU_DOUBLE:
+      case AU_DATE:
+        value.as.real = random_.pick(reals_);
+        break;
+      default:
+        value.as.number = random_.pick(numbers_);
+        break;
+    }
+  }
+
+  void fill_text(au_value& value) {
+    value.kind = AU_EMPTY;
+    std::string text = random_.pick(texts);
+    if (random_.one_in(10)) text = random_.text(200);
+    if (random_.one_in(500)) text.assign(random_.below(300000), ',');
+    au_set_text(&value, text.data(), text.size());
+  }
+
+  void fill_array(au_value& value) {
+    value.kind = AU_EMPTY;
+    const au_bound bounds[2] = {{-1, static_cast<int32_t>(random_.below(5))}, {1, 2}};
+    au_make_array(&value, static_cast<au_kind>(random_.below(12)), bounds, random_.below(3));
+    au_value element{};
+    element.kind = AU_LONG;
+    element.as.number = random_.pick(numbers_);
+    au_array_put(&value, random_.below(4), &element);
+  }
+
+  Random random_;
+  long answered_ = 0;
+  std::vector<Target> targets_;
+  std::vector<std::string> names_;
+  const std::vector<int32_t> numbers_{0,  1,     2,     5,  11,     12,         13,
+                                      90, 32767, 32768, -1, -32769, 2147483647, -2147483647 - 1};
+  const std::vector<double> reals_{0,
+                                   1.5,
+                                   -1.5,
+                                   38392,
+                                   1e10,
+                                   -1e300,
+                                   std::numeric_limits<double>::infinity(),
+                                   std::numeric_limits<double>::quiet_NaN()};
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const long calls = argc > 1 ? std::atol(argv[1]) : 20000;
+  const uint64_t seed = argc > 2 ? static_cast<uint64_t>(std::atoll(argv[2])) : 1;
+  const testing_support::TemporaryFolder folder;
+  std::filesystem::current_path(folder.path());
+  vestara::set_log_folder("nowhere");
+  long answered = 0;
+  {
+    Fuzzer fuzzer(seed);
+    for (long i = 0; i < calls; ++i) fuzzer.call();
+    answered = fuzzer.answered();
+  }
+  if (answered < calls / 20) return 1;  // a fuzzer whose calls are all refused tests nothing
+  std::filesystem::current_path("/");
+  std::printf("%ld calls, seed %llu: every one came back, %ld with an answer\n", calls,
+              static_cast<unsigned long long>(seed), answered);
+  return 0;
+}

@@ -1,0 +1,86 @@
+#include <string>
+
+#include "automation/coercion.h"
+#include "automation/error.h"
+#include "automation/int16.h"
+#include "vestara/archive/draw_record.h"
+#include "vestara/archive/draw_text.h"
+#include "vestara/archive/lotto.h"
+#include "vestara/foundation/query.h"
+#include "vestara/foundation/trap.h"
+#include "vestara/foundation/wheels.h"
+
+// Single draws of the archive.
+
+namespace vestara {
+
+using automation::Ref;
+using automation::Variant;
+
+namespace {
+
+/// A draw record counts its positions from 2.
+constexpr int32_t first_position = 2;
+
+void add_row(RecordSet& row, cEstrazione& draw) {
+  const int32_t wheel = wheel_of(row.text(row.column("ruota")));
+  const int32_t key = automation::to_long(row.value(row.column("id")));
+  for (int32_t i = 0; i < drawn_count; ++i) {
+    const Column number = row.column("estr" + std::to_string(i + 1));
+    draw.AddNumero(wheel, first_position + i, automation::to_text(row.value(number)), key);
+  }
+}
+
+Ref<cEstrazione> read_draw(RecordSet& rows) {
+  // Without a row there is no record to set the date on.
+  if (rows.at_end()) throw automation::object_not_set();
+  auto draw = automation::make<cEstrazione>();
+  draw->NumeroConcorso(automation::to_integer(rows.value(rows.column("concorsoNumero"))));
+  for (; !rows.at_end(); rows.move_next()) add_row(rows, *draw);
+  return draw;
+}
+
+}  // namespace
+
+Variant cLotto::GetDataEstrazioneDaConta(int32_t nEstrazioniPrec, const Variant& daDataNow) {
+  return trapped("cLotto.GetDataEstrazioneDaConta()", Variant(), [&]() -> Variant {
+    // A missing date stays missing: the listing then has no upper bound, on purpose.
+    const Ref<RecordSet> rows = LoadLottoEstr("", 0, "", GetMinDateStorico(), daDataNow);
+    if (!rows) return {};
+    rows->move(automation::checked_long(int64_t{nEstrazioniPrec} - 1));
+    return automation::to_date(automation::to_text(rows->value(rows->column("dtEstr"))));
+  });
+}
+
+bool cLotto::DelEstrazione(const Variant& dt) {
+  return trapped("cLotto.DelEstrazione()", false, [&] { return connector().ExecuteSql(draw_delete_statement(dt)); });
+}
+
+bool cLotto::SalvaEstrazione(const Ref<cEstrazione>& c_estr) {
+  return trapped("cLotto.SalvaEstrazione()", false, [&] {
+    if (!c_estr) throw automation::object_not_set();
+    connector().BeginTrans();
+    // Refused here, the transaction is left as it is, without commit or rollback: on purpose.
+    if (!DelEstrazione(c_estr->DataEstrazione())) return false;
+    for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) {
+      if (connector().ExecuteSql(draw_insert_statement(*c_estr, wheel))) continue;
+      connector().RollbackTrans();
+      throw refused();
+    }
+    connector().CommitTrans();
+    return true;
+  });
+}
+
+Ref<cEstrazione> cLotto::GetEstrazioneDaData(const Variant& dtEstr) {
+  return trapped("cLotto.GetEstrazioneDaData()", Ref<cEstrazione>(), [&] {
+    Ref<RecordSet> rows = open_rows(connector(), draw_select_statement(dtEstr));
+    if (!rows) return Ref<cEstrazione>();
+    Ref<cEstrazione> draw = read_draw(*rows);
+    draw->DataEstrazione(dtEstr);
+    connector().CloseRecordset(rows);
+    return draw;
+  });
+}
+
+}  // namespace vestara

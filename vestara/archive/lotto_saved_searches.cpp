@@ -1,0 +1,43 @@
+#include <string>
+
+#include "automation/int16.h"
+#include "vestara/archive/lotto.h"
+#include "vestara/archive/saved_search_text.h"
+#include "vestara/foundation/sql_text.h"
+#include "vestara/foundation/trap.h"
+
+// Searches that the host keeps under a number.
+
+namespace vestara {
+
+using automation::InOut;
+using automation::Ref;
+using automation::Variant;
+
+Ref<RecordSet> cLotto::GetRicerchePersonalizzate(int32_t idRicerca, const Variant&, const Variant&) {
+  return trapped("cLotto.GetRicerchePersonalizzate()", Ref<RecordSet>(), [&] {
+    Ref<RecordSet> rows;
+    const bool opened = connector().OpenRecordset(rows, saved_search_list_statement(idRicerca));
+    return opened ? rows : Ref<RecordSet>();
+  });
+}
+
+bool cLotto::DeleteRicerchePersonalizzate(int32_t lIdRicerca) {
+  return quietly(false, [&] { return connector().ExecuteSql(saved_search_delete_statement(lIdRicerca)); });
+}
+
+bool cLotto::SaveRicerchePersonalizzate(int32_t lIdRicerca, InOut<std::string> sDescRicerca, InOut<std::string> sNumeri,
+                                        int16_t iCombinazione, InOut<std::string> sRuote, const Variant& dtSave,
+                                        const Variant& dtDa, const Variant& dtA) {
+  return trapped("cLotto.SaveRicerchePersonalizzate()", false, [&] {
+    SAPEX(*sDescRicerca);
+    SAPEX(*sNumeri);
+    SAPEX(*sRuote);
+    SavedSearch search{lIdRicerca, *sDescRicerca, *sNumeri, iCombinazione, *sRuote, dtSave, dtDa, dtA};
+    if (lIdRicerca != 0) return connector().ExecuteSql(saved_search_update_statement(search));
+    search.id = automation::checked_long(int64_t{connector().GetMaxId("tRicerche", "idRicerca")} + 1);
+    return connector().ExecuteSql(saved_search_insert_statement(search));
+  });
+}
+
+}  // namespace vestara
