@@ -57,16 +57,21 @@ ArchiveChange compare_draws(const std::vector<DrawRow>& held, const std::vector<
   return change;
 }
 
-ArchiveChange compare_archive(const ArchiveSession& session, const std::vector<DrawRow>& rows) {
-  std::vector<DrawRow> held;
-  const size_t blank = read_draws(session, WheelOrder::by_enumerator, [&](const DrawRow& row) {
-    held.push_back(row);
+HeldDraws held_draws(const ArchiveSession& session) {
+  HeldDraws held;
+  held.blank = read_draws(session, WheelOrder::by_enumerator, [&](const DrawRow& row) {
+    held.rows.push_back(row);
     return true;
   });
-  if (!std::is_sorted(held.begin(), held.end(), differs_before)) std::sort(held.begin(), held.end(), differs_before);
-  ArchiveChange change = compare_draws(held, rows);
-  change.held += blank;
-  change.gone_blank = blank;
+  if (!std::is_sorted(held.rows.begin(), held.rows.end(), differs_before))
+    std::sort(held.rows.begin(), held.rows.end(), differs_before);
+  return held;
+}
+
+ArchiveChange compare_held(const HeldDraws& held, const std::vector<DrawRow>& rows) {
+  ArchiveChange change = compare_draws(held.rows, rows);
+  change.held += held.blank;
+  change.gone_blank = held.blank;
   return change;
 }
 

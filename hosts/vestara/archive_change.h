@@ -21,10 +21,17 @@ struct ArchiveChange {
   size_t gone_rows() const { return gone.size() + gone_blank; }
 };
 
+/// The draws of an archive, sorted by date, wheel and numbers.
+struct HeldDraws {
+  std::vector<DrawRow> rows;
+  size_t blank = 0;  ///< rows that hold no whole draw
+};
+HeldDraws held_draws(const ArchiveSession& session);
+
 /// Compares an archive with the rows of a file; both sorted by date and wheel.
 ArchiveChange compare_draws(const std::vector<DrawRow>& held, const std::vector<DrawRow>& rows);
-/// The same with what an open archive holds.
-ArchiveChange compare_archive(const ArchiveSession& session, const std::vector<DrawRow>& rows);
+/// The same, the rows without a draw counted too.
+ArchiveChange compare_held(const HeldDraws& held, const std::vector<DrawRow>& rows);
 
 /// Names what goes away, twenty items of it; writes nothing when nothing does. `verb` is "went" or "would go".
 void warn_of_gone(std::ostream& err, const ArchiveChange& change, const std::string& verb);

@@ -8,6 +8,7 @@
 #include "hosts/vestara/draw_file_writer.h"
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/import_progress.h"
+#include "hosts/vestara/manual_marks.h"
 #include "hosts/vestara/temporary_file.h"
 #include "vestara/archive/history_text.h"
 #include "vestara/archive/lotto.h"
@@ -53,8 +54,8 @@ void import_remainder(const ArchiveSession& session, std::span<const DrawRow> ro
 }
 
 void require_stored(const ArchiveSession& session, size_t rows) {
-  auto counted = session.rows("SELECT count(*) AS quante FROM storico");
-  const auto stored = counted->at_end() ? 0 : counted->whole_number(counted->column("quante"));
+  auto counted = session.rows("SELECT count(*) AS found FROM storico");
+  const auto stored = counted->at_end() ? 0 : counted->whole_number(counted->column("found"));
   session.connector()->CloseRecordset(counted);
   if (static_cast<size_t>(stored) == rows) return;
   throw Failure(ExitCode::database, "the archive took " + std::to_string(stored) + " of " + std::to_string(rows) +
@@ -64,14 +65,18 @@ void require_stored(const ArchiveSession& session, size_t rows) {
 
 }  // namespace
 
-ArchiveChange replace_archive(const ArchiveSession& session, const std::vector<DrawRow>& rows, std::ostream& err) {
+ImportPlan replace_archive(const ArchiveSession& session, const std::vector<DrawRow>& rows, MissingManual missing,
+                           std::ostream& err) {
+  const ManualMarks marks(session);
   Transaction transaction(session);
-  ArchiveChange change = compare_archive(session, rows);
-  import_thousands(session, rows, err);
-  import_remainder(session, rows);
-  require_stored(session, rows.size());
+  ImportPlan plan = plan_import(held_draws(session), marks.days(), rows, missing);
+  import_thousands(session, plan.rows, err);
+  import_remainder(session, plan.rows);
+  require_stored(session, plan.rows.size());
+  for (const int32_t day : plan.old_marks)
+    if (!marks.remove(day)) session.fail("the import did not work, nothing was changed");
   transaction.commit();
-  return change;
+  return plan;
 }
 
 }  // namespace vestara::host

@@ -14,6 +14,8 @@ class ArchiveSession {
  public:
   /// Opens an archive that exists; a missing file is named together with the command that makes one.
   static ArchiveSession for_reading(const std::string& database);
+  /// The same, to change it.
+  static ArchiveSession for_change(const std::string& database) { return for_reading(database); }
   /// Opens the archive or begins a new one, with its tables; the user's own with its folder.
   static ArchiveSession for_import(const std::string& database);
   /// True when there is an archive file, or one cannot tell.

@@ -24,6 +24,13 @@ struct RunCommand {
   ExitCode operator()(const ArchiveOptions& options) const { return run_archive(options, context); }
   ExitCode operator()(const SearchOptions& options) const { return run_search(options, context); }
   ExitCode operator()(const ExportOptions& options) const { return run_export(options, context); }
+  ExitCode operator()(const DrawOptions& options) const { return run_draw(options, context); }
+  ExitCode operator()(const SavedOptions& options) const { return run_saved(options, context); }
+  ExitCode operator()(const DescribeOptions& options) const { return run_describe(options, context); }
+  ExitCode operator()(const CallOptions& options) const { return run_call(options, context); }
+  ExitCode operator()(const RegisterOptions& options) const { return run_register(options, context); }
+  ExitCode operator()(const UnregisterOptions& options) const { return run_unregister(options, context); }
+  ExitCode operator()(const ClassesOptions&) const { return run_classes(context); }
 };
 
 ExitCode run_command(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {

@@ -105,7 +105,7 @@ TEST_F(Cli, AnImportReplacesAndWarns) {
   EXPECT_EQ(dry.code, 0);
   EXPECT_NE(dry.out.find("result,\"checked, nothing changed\"\n"), std::string::npos) << dry.out;
   EXPECT_NE(dry.out.find("added,1\nrepeated,0\nrejected,0\n"), std::string::npos) << dry.out;
-  EXPECT_TRUE(dry.out.ends_with("held_before,3\ngone,2\n")) << dry.out;
+  EXPECT_TRUE(dry.out.ends_with("held_before,3\ngone,2\n\nmanual_date,in_file,result\n")) << dry.out;
   EXPECT_TRUE(dry.err.ends_with("would go away, the file does not have them\n" + warning)) << dry.err;
   EXPECT_EQ(archive(), three_draws);
   const Outcome import = run("import @/b.csv --db sqlite:@/a.sqlite");
@@ -154,7 +154,7 @@ TEST_F(Cli, AnArchiveOfAnotherProgramIsNotTouched) {
   folder_.file("a.csv", three_draws);
   const Outcome import = run("import @/a.csv --db sqlite:@/a.sqlite --format csv");
   EXPECT_EQ(import.code, 0) << import.err;
-  EXPECT_TRUE(import.out.ends_with("held_before,3\ngone,3\n")) << import.out;
+  EXPECT_NE(import.out.find("held_before,3\ngone,3\n"), std::string::npos) << import.out;
   EXPECT_EQ(archive(), three_draws);
   dorvane::DbConnector connector;
   ASSERT_TRUE(connector.Open("sqlite:" + folder_.path_to("a.sqlite")));
@@ -183,7 +183,9 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
     const char* err;  ///< begins so
   };
   for (const Row& row : {
-           Row{"", 2, "vestara: no command was given; commands are import, generate, archive, search, export\n"},
+           Row{"", 2,
+               "vestara: no command was given; commands are import, generate, archive, search, export, draw, saved, "
+               "describe, call, register, unregister, classes\n"},
            {"serch", 2, "vestara: command \"serch\" is unknown; known are import, "},
            {"search 5 --hit 1", 2, "vestara: option \"--hit\" is unknown here; known are --hits, --wheels, --from, "},
            {"search", 2, "vestara: NUMBERS is required; see vestara search --help\n"},
@@ -193,6 +195,21 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
            {"archive --format", 2, "vestara: --format: 1 required FORMAT missing; see vestara archive --help\n"},
            {"export --as tsv --contest", 2, "vestara: --contest does not go with --as tsv; "},
            {"generate --seed 1 --from 2000-01-01", 2, "vestara: --to is required; see vestara generate --help\n"},
+           {"draw", 2, "vestara: no command was given; commands are show, save, delete\n"},
+           {"saved shwo", 2, "vestara: command \"shwo\" is unknown; known are list, show, save, run, delete\n"},
+           {"draw show", 2, "vestara: which draw? give either DATE or --back N; "},
+           {"draw show 2005-02-09 --back 1", 2, "vestara: which draw? give either DATE or --back N; "},
+           {"draw show 2005-02-30", 2, "vestara: DATE \"2005-02-30\" is no date; "},
+           {"draw show --back 0", 2, "vestara: --back \"0\" cannot be; give a whole number from 1 "},
+           {"draw show 1/2/2005 more", 2, "vestara: argument \"more\" is one too many; see vestara draw show --help\n"},
+           {"draw save", 2, "vestara: DATE is required; see vestara draw save --help\n"},
+           {"draw save 2005-02-09 --back 1", 2,
+            "vestara: option \"--back\" is unknown here; known are --contest, --BA"},
+           {"draw delete 2005-02-09", 3, "vestara: the archive "},
+           {"saved save 5", 2, "vestara: --name is required; see vestara saved save --help\n"},
+           {"saved save 5 --name n --hits 2", 2, "vestara: --hits 2 cannot come of 1 number; "},
+           {"saved save 5 --name n --id 0", 2, "vestara: --id \"0\" cannot be; give a whole number from 1 "},
+           {"saved run x", 2, "vestara: ID \"x\" cannot be; give a whole number from 0 "},
            {"import @/missing", 4, "vestara: "},
            {"archive --db sqlite:@/missing", 3, "vestara: the archive "},
            {"archive --db nonsense", 3, "vestara: the archive cannot be opened: "},
@@ -209,7 +226,9 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
 
 TEST_F(Cli, HelpShowsAnExample) {
   EXPECT_EQ(run("--version").out, "vestara " + std::string(program_version) + "\n");
-  for (const char* command : {"", "import ", "generate ", "archive ", "search ", "export "}) {
+  for (const char* command :
+       {"", "import ", "generate ", "archive ", "search ", "export ", "draw ", "draw show ", "draw save ",
+        "draw delete ", "saved ", "saved list ", "saved show ", "saved save ", "saved run ", "saved delete "}) {
     const Outcome help = run(std::string(command) + "--help");
     EXPECT_EQ(help.code, 0);
     EXPECT_NE(help.out.find("Example:\n  vestara "), std::string::npos) << help.out;

@@ -6,7 +6,11 @@
 #include <vector>
 
 #include "hosts/vestara/calendar.h"
+#include "hosts/vestara/command_parts.h"
+#include "hosts/vestara/draw_arguments.h"
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/saved_arguments.h"
+#include "hosts/vestara/search_question.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/version.h"
 
@@ -24,31 +28,27 @@ struct Given {
   std::string to;
   std::string output;
   std::string written_as = "csv";
-  std::string hits = "1";
-  std::string wheels = "all";
   std::string limit;
-  std::vector<std::string> numbers;
+  std::string class_name;
+  std::string member;
+  std::string on;
+  SearchWords search;
+  DrawArguments draw;
+  SavedArguments saved;
+  std::vector<std::string> arguments;
+  std::vector<std::string> settings;
+  std::vector<std::string> reads;
   bool dry_run = false;
+  bool keep_manual = false;
   bool ascending = false;
   bool contest = false;
+  bool all = false;
+  bool json = false;
+  bool get = false;
+  bool put = false;
+  bool putref = false;
+  bool system = false;
 };
-
-CLI::Option* value_option(CLI::App& app, const std::string& name, std::string& place, const std::string& shape,
-                          const std::string& help) {
-  return app.add_option(name, place, help)->type_name(shape)->take_last();
-}
-
-void add_range(CLI::App& app, Given& given) {
-  value_option(app, "--from", given.from, "DATE", "first date, YYYY-MM-DD or D/M/YYYY");
-  value_option(app, "--to", given.to, "DATE", "last date");
-}
-
-CLI::App& add_command(CLI::App& program, const std::string& name, const std::string& help, const std::string& example) {
-  CLI::App* app = program.add_subcommand(name, help);
-  app->fallthrough();
-  app->footer("Example:\n  " + example + "\n\nEvery command also takes --db, --format and --color: vestara --help");
-  return *app;
-}
 
 void add_import(CLI::App& program, Given& given) {
   CLI::App& app =
@@ -57,13 +57,14 @@ void add_import(CLI::App& program, Given& given) {
       ->type_name("")
       ->required();
   app.add_flag("--dry-run", given.dry_run, "check the file and say what would change");
+  app.add_flag("--keep-manual", given.keep_manual, "keep the draws entered by hand that the file does not have");
 }
 
 void add_generate(CLI::App& program, Given& given) {
   CLI::App& app = add_command(program, "generate", "Write a made-up archive on the real calendar",
                               "vestara generate --seed 1 --from 1871-01-07 --to 2026-12-31 --output made-up.txt");
   value_option(app, "--seed", given.seed, "N", "the same number gives the same file")->required();
-  add_range(app, given);
+  add_range(app, given.from, given.to);
   for (const char* bound : {"--from", "--to"}) app.get_option(bound)->required();
   value_option(app, "--output", given.output, "FILE", "instead of standard output");
 }
@@ -75,11 +76,10 @@ void add_archive(CLI::App& program) {
 void add_search(CLI::App& program, Given& given) {
   CLI::App& app = add_command(program, "search", "Find the draws that hold the numbers",
                               "vestara search 5,12,33 --hits ambo --wheels BA,NA --from 2005-01-01");
-  app.add_option("NUMBERS", given.numbers, "1 to 90: 53, or 5,12,33, or 5 12 33")->type_name("")->required();
-  value_option(app, "--hits", given.hits, "HITS",
-               "numbers on one wheel at least: 1 to 5, or ambata (default), ambo, terno, quaterna, cinquina");
-  value_option(app, "--wheels", given.wheels, "WHEELS", "BA,NA or all (default), or cities: the ten without RN");
-  add_range(app, given);
+  SearchWords& words = given.search;
+  app.add_option("NUMBERS", words.numbers, "1 to 90: 53, or 5,12,33, or 5 12 33")->type_name("")->required();
+  add_hits_and_wheels(app, words.hits, words.wheels);
+  add_range(app, words.from, words.to);
   app.add_flag("--asc", given.ascending, "oldest draw first");
   value_option(app, "--limit", given.limit, "N", "list N dates at most, in a table");
 }
@@ -91,6 +91,45 @@ void add_export(CLI::App& program, Given& given) {
   value_option(app, "--as", given.written_as, "FORM",
                "csv (default), tsv: the operator's form, update: the library's own");
   app.add_flag("--contest", given.contest, "with the contest number, in CSV");
+}
+
+void add_describe(CLI::App& program, Given& given) {
+  CLI::App& app = add_command(program, "describe", "Show the classes and members that programs call by name",
+                              "vestara describe cLotto");
+  app.add_option("CLASS", given.class_name, "as in Vestara.cLotto or cLotto; without it, the list of classes")
+      ->type_name("");
+  app.add_flag("--all", given.all, "every class, also those that are only handed out");
+  app.add_flag("--json", given.json, "the same as --format json");
+}
+
+void add_call(CLI::App& program, Given& given) {
+  CLI::App& app =
+      add_command(program, "call", "Call a member by name and print what it gives as JSON",
+                  "vestara call Vestara.cLotto LoadLottoEstr 5,12,33 2 bSortASC=true --read Ambi --limit 3\n\n"
+                  "Arguments: 12, 1.5, true, null, empty, missing, nothing, 2005-02-09, 'text', NAME=VALUE;\n"
+                  "anything else is a text, also in quotes, which a text that begins with - or [ needs.");
+  app.add_option("CLASS", given.class_name, "as in Vestara.cLotto or cLotto")->type_name("")->required();
+  app.add_option("MEMBER", given.member, "a method or property")->type_name("")->required();
+  app.add_option("ARGUMENTS", given.arguments, "values, named ones last")->type_name("");
+  app.add_flag("--get", given.get, "read a property; calling does the same");
+  app.add_flag("--put", given.put, "assign the last argument");
+  app.add_flag("--putref", given.putref, "assign an object");
+  value_option(app, "--on", given.on, "PATH", "call the member of what this gives, as in \"Fields.Item(0)\"");
+  const auto repeatable = [&](const char* name, std::vector<std::string>& place, const char* shape, const char* help) {
+    app.add_option(name, place, help)->type_name(shape)->allow_extra_args(false);
+  };
+  repeatable("--set", given.settings, "NAME=VALUE", "assign a property before the call; may be repeated");
+  repeatable("--read", given.reads, "NAME", "read a property after the call; may be repeated");
+  value_option(app, "--limit", given.limit, "N", "N rows of a record set at most");
+}
+
+void add_registration(CLI::App& program, Given& given) {
+  CLI::App& write = add_command(program, "register", "Make the classes known to programs that create them by name",
+                                "vestara register");
+  CLI::App& remove = add_command(program, "unregister", "Take the registration back", "vestara unregister");
+  for (CLI::App* app : {&write, &remove}) app->add_flag("--system", given.system, "for all users rather than this one");
+  add_command(program, "classes", "List the classes that can be created by name, and where they are found",
+              "vestara classes --format json");
 }
 
 void describe_program(CLI::App& program, Given& given) {
@@ -105,9 +144,14 @@ void describe_program(CLI::App& program, Given& given) {
   add_archive(program);
   add_search(program, given);
   add_export(program, given);
+  add_draw(program, given.draw);
+  add_saved(program, given.saved);
+  add_describe(program, given);
+  add_call(program, given);
+  add_registration(program, given);
   program.footer(
       "Example:\n  vestara import storico.zip && vestara search 53 --wheels VE\n\n"
-      "Exit codes: 0 ok, 1 nothing found, 2 usage, 3 database, 4 file");
+      "Exit codes: 0 ok, 1 nothing found or an error raised, 2 usage, 3 database, 4 file");
 }
 
 /// "--hits, --wheels, …, --db, --format, --color"
@@ -122,9 +166,9 @@ std::string names_of_options(const CLI::App& program, const CLI::App* command) {
   return names;
 }
 
-std::string names_of_commands(const CLI::App& program) {
+std::string names_of_commands(const CLI::App& group) {
   std::string names;
-  for (const CLI::App* command : program.get_subcommands([](const CLI::App*) { return true; }))
+  for (const CLI::App* command : group.get_subcommands([](const CLI::App*) { return true; }))
     names.append(names.empty() ? "" : ", ").append(command->get_name());
   return names;
 }
@@ -134,34 +178,26 @@ Failure unexpected(const CLI::App& program, const CLI::App* command, const std::
   if (is_option)
     return {ExitCode::usage,
             "option " + shown(argument) + " is unknown here; known are " + names_of_options(program, command)};
-  if (command)
+  if (command && !is_group(*command))
     return {ExitCode::usage,
-            "argument " + shown(argument) + " is one too many; see vestara " + command->get_name() + " --help"};
-  return {ExitCode::usage, "command " + shown(argument) + " is unknown; known are " + names_of_commands(program)};
+            "argument " + shown(argument) + " is one too many; see vestara " + name_of(*command) + " --help"};
+  const CLI::App& group = command ? *command : program;
+  return {ExitCode::usage, "command " + shown(argument) + " is unknown; known are " + names_of_commands(group)};
 }
 
 Failure usage_failure(const CLI::App& program, const CLI::ParseError& error) {
-  const auto commands = program.get_subcommands();
-  const CLI::App* command = commands.empty() ? nullptr : commands.front();
+  const CLI::App* command = given_command(program);
   const auto rest = program.remaining(true);
   if (!rest.empty()) return unexpected(program, command, rest.front());
-  if (!command) return {ExitCode::usage, "no command was given; commands are " + names_of_commands(program)};
-  return {ExitCode::usage, std::string(error.what()) + "; see vestara " + command->get_name() + " --help"};
+  if (!command || is_group(*command))
+    return {ExitCode::usage, "no command was given; commands are " + names_of_commands(command ? *command : program)};
+  return {ExitCode::usage, std::string(error.what()) + "; see vestara " + name_of(*command) + " --help"};
 }
 
 SearchOptions search_options(const Given& given) {
-  SearchOptions options;
-  options.numbers = numbers_value(given.numbers);
-  options.hits = hits_value(given.hits);
-  options.wheels = wheels_value(given.wheels);
-  options.from = day_bound("--from", given.from);
-  options.to = day_bound("--to", given.to);
+  SearchOptions options = search_question(given.search);
   options.oldest_first = given.ascending;
   if (!given.limit.empty()) options.table_rows = count_value("--limit", given.limit);
-  check_range(options.from, options.to);
-  if (options.numbers.count < static_cast<size_t>(options.hits))
-    throw Failure(ExitCode::usage, "--hits " + std::to_string(options.hits) + " cannot come of " +
-                                       counted(options.numbers.count, "number") + "; give as many numbers as hits");
   return options;
 }
 
@@ -181,12 +217,51 @@ ExportOptions export_options(const Given& given) {
   return options;
 }
 
+DescribeOptions describe_options(const Given& given) {
+  if (given.all && !given.class_name.empty())
+    throw Failure(ExitCode::usage, "--all does not go with CLASS; give one of them");
+  return {given.class_name, given.all, given.json};
+}
+
+automation::InvokeKind call_kind(const Given& given) {
+  if (given.get + given.put + given.putref > 1)
+    throw Failure(ExitCode::usage, "--get, --put and --putref exclude each other; give one of them");
+  if (given.put) return automation::InvokeKind::put;
+  if (given.putref) return automation::InvokeKind::putref;
+  return given.get ? automation::InvokeKind::get : automation::InvokeKind::method;
+}
+
+CallOptions call_options(const Given& given) {
+  CallOptions options{given.class_name, given.member, given.arguments, call_kind(given), given.on, {}, given.reads};
+  for (const std::string& setting : given.settings) {
+    const auto sign = setting.find('=');
+    if (sign == std::string::npos || sign == 0)
+      throw Failure(ExitCode::usage, "--set " + shown(setting) + " assigns nothing; write NAME=VALUE");
+    options.settings.emplace_back(setting.substr(0, sign), setting.substr(sign + 1));
+  }
+  if (!given.limit.empty()) options.most_rows = count_value("--limit", given.limit);
+  return options;
+}
+
+RegistrationOptions registration_options(const Given& given) {
+  return {given.system ? automation::Scope::system : automation::Scope::user};
+}
+
 Command command_of(const CLI::App& program, const Given& given) {
   const std::string name = program.get_subcommands().front()->get_name();
-  if (name == "import") return ImportOptions{given.file, given.dry_run};
+  const std::string inner = given_command(program)->get_name();
+  if (name == "import")
+    return ImportOptions{given.file, given.dry_run, given.keep_manual ? MissingManual::keep : MissingManual::lose};
   if (name == "generate") return generate_options(given);
   if (name == "search") return search_options(given);
   if (name == "export") return export_options(given);
+  if (name == "draw") return draw_options(inner, given.draw);
+  if (name == "saved") return saved_options(inner, given.saved);
+  if (name == "describe") return describe_options(given);
+  if (name == "call") return call_options(given);
+  if (name == "register") return RegisterOptions{registration_options(given)};
+  if (name == "unregister") return UnregisterOptions{registration_options(given)};
+  if (name == "classes") return ClassesOptions{};
   return ArchiveOptions{};
 }
 

@@ -23,5 +23,12 @@ ExitCode run_generate(const GenerateOptions& options, const Context& context);
 ExitCode run_archive(const ArchiveOptions& options, const Context& context);
 ExitCode run_search(const SearchOptions& options, const Context& context);
 ExitCode run_export(const ExportOptions& options, const Context& context);
+ExitCode run_draw(const DrawOptions& options, const Context& context);
+ExitCode run_saved(const SavedOptions& options, const Context& context);
+ExitCode run_describe(const DescribeOptions& options, const Context& context);
+ExitCode run_call(const CallOptions& options, const Context& context);
+ExitCode run_register(const RegistrationOptions& options, const Context& context);
+ExitCode run_unregister(const RegistrationOptions& options, const Context& context);
+ExitCode run_classes(const Context& context);
 
 }  // namespace vestara::host

@@ -9,6 +9,7 @@ namespace vestara::host {
 enum class ExitCode : int {
   ok = 0,
   nothing_found = 1,
+  raised = 1,  ///< the member that was called raised a run-time error
   usage = 2,
   database = 3,
   file = 4,  ///< one that cannot be read, written or understood

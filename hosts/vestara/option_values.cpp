@@ -126,6 +126,33 @@ NumberList numbers_value(const std::vector<std::string>& pieces) {
   return list;
 }
 
+void check_hits(const NumberList& numbers, int16_t hits) {
+  if (numbers.count >= static_cast<size_t>(hits)) return;
+  throw Failure(ExitCode::usage, "--hits " + std::to_string(hits) + " cannot come of " +
+                                     counted(numbers.count, "number") + "; give as many numbers as hits");
+}
+
+std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::string& text) {
+  const auto pieces = automation::split(text, ',');
+  std::array<std::string_view, 5> fields;
+  std::array<int8_t, 5> numbers{};
+  std::string reason = "these are " + counted(pieces.size(), "number");
+  if (pieces.size() == fields.size()) {
+    std::copy(pieces.begin(), pieces.end(), fields.begin());
+    reason = read_numbers(fields, numbers);
+  }
+  if (reason.empty()) return numbers;
+  throw Failure(ExitCode::usage,
+                option + " " + shown(text) + ": " + reason + "; a wheel has five different numbers of 1 to 90");
+}
+
+int32_t whole_value(const std::string& option, const std::string& text, int32_t least, int32_t most) {
+  const auto number = whole(text);
+  if (number && *number >= least && *number <= most) return static_cast<int32_t>(*number);
+  throw Failure(ExitCode::usage, option + " " + shown(text) + " cannot be; give a whole number from " +
+                                     std::to_string(least) + " to " + std::to_string(most));
+}
+
 uint64_t count_value(const std::string& option, const std::string& text) {
   uint64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,6 +44,14 @@ struct NumberList {
 };
 NumberList numbers_value(const std::vector<std::string>& pieces);
 
+/// Refuses more hits than numbers.
+void check_hits(const NumberList& numbers, int16_t hits);
+
+/// The five numbers of a wheel, as "1,2,3,4,5".
+std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::string& text);
+
+/// A whole number from `least` to `most`.
+int32_t whole_value(const std::string& option, const std::string& text, int32_t least, int32_t most);
 /// A whole number of 0 or more.
 uint64_t count_value(const std::string& option, const std::string& text);
 

@@ -101,6 +101,45 @@ TEST(OptionValues, Dates) {
   EXPECT_NO_THROW(check_range(2, std::nullopt));
 }
 
+TEST(OptionValues, NumbersOfAWheel) {
+  struct Row {
+    const char* text;
+    const char* outcome;
+  };
+  for (const Row& row : {Row{"53,31,88,28,77", "53 31 88 28 77 "},
+                         {"01, 2 ,3,4,90", "1 2 3 4 90 "},
+                         {"1,2,3,4", "usage: --VE \"1,2,3,4\": these are 4 numbers"},
+                         {"1,2,3,4,5,6", "usage: --VE \"1,2,3,4,5,6\": these are 6 numbers"},
+                         {"1 2 3 4 5", "usage: --VE \"1 2 3 4 5\": these are 1 number"},
+                         {"1,2,3,4,", "usage: --VE \"1,2,3,4,\": \"\" is no number"},
+                         {"1,2,3,4,x", "usage: --VE \"1,2,3,4,x\": \"x\" is no number"},
+                         {"0,2,3,4,5", "usage: --VE \"0,2,3,4,5\": number 0 is not one of 1 to 90"},
+                         {"1,2,3,4,91", "usage: --VE \"1,2,3,4,91\": number 91 is not one of 1 to 90"},
+                         {"1,2,3,4,1", "usage: --VE \"1,2,3,4,1\": number 1 comes twice"}})
+    EXPECT_EQ(outcome([&] {
+                std::string numbers;
+                for (const int8_t number : drawn_numbers_value("--VE", row.text))
+                  numbers += std::to_string(number) + " ";
+                return numbers;
+              }),
+              row.outcome);
+}
+
+TEST(OptionValues, WholeNumbers) {
+  struct Row {
+    const char* text;
+    const char* outcome;
+  };
+  for (const Row& row : {Row{"1", "1"},
+                         {"32767", "32767"},
+                         {"0", "usage: --contest \"0\" cannot be"},
+                         {"32768", "usage: --contest \"32768\" cannot be"},
+                         {"99999999999999999999", "usage: --contest \"99999999999999999999\" cannot be"},
+                         {"1.5", "usage: --contest \"1.5\" cannot be"},
+                         {"", "usage: --contest \"\" cannot be"}})
+    EXPECT_EQ(outcome([&] { return std::to_string(whole_value("--contest", row.text, 1, 32767)); }), row.outcome);
+}
+
 TEST(OptionValues, Choices) {
   EXPECT_EQ(output_format("JSONL"), OutputFormat::jsonl);
   EXPECT_EQ(colour_choice("never"), ColourChoice::never);

@@ -1,13 +1,20 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
+#include <vector>
 
+#include "automation/object.h"
+#include "automation/registration.h"
+#include "hosts/vestara/confirmation.h"
 #include "hosts/vestara/draw_file.h"
 #include "hosts/vestara/draw_file_writer.h"
+#include "hosts/vestara/manual_draws.h"
 #include "hosts/vestara/option_values.h"
 #include "hosts/vestara/output.h"
 #include "hosts/vestara/terminal.h"
@@ -19,6 +26,7 @@ namespace vestara::host {
 struct ImportOptions {
   std::string file;  ///< "-" is standard input
   bool dry_run = false;
+  MissingManual missing_manual = MissingManual::lose;
 };
 
 struct GenerateOptions {
@@ -46,12 +54,73 @@ struct ExportOptions {
   ContestColumn contest = ContestColumn::absent;
 };
 
+struct DrawShowOptions {
+  std::optional<int32_t> day;
+  int32_t back = 1;  ///< without a day: the draw so many draws back, 1 being the newest
+};
+struct DrawSaveOptions {
+  int32_t day = 0;
+  std::optional<int16_t> contest;                   ///< without it, the place of the day in its year
+  std::array<std::array<int8_t, 5>, 11> numbers{};  ///< by enumerator, from 0
+  Consent consent = Consent::ask;
+};
+struct DrawDeleteOptions {
+  int32_t day = 0;
+  Consent consent = Consent::ask;
+};
+using DrawOptions = std::variant<DrawShowOptions, DrawSaveOptions, DrawDeleteOptions>;
+
+struct SavedListOptions {};
+struct SavedShowOptions {
+  int32_t id = 0;
+};
+struct SavedSaveOptions {
+  int32_t id = 0;  ///< 0 for a new one
+  std::string name;
+  SearchOptions search;
+};
+struct SavedRunOptions {
+  int32_t id = 0;
+};
+struct SavedDeleteOptions {
+  int32_t id = 0;
+  Consent consent = Consent::ask;
+};
+using SavedOptions =
+    std::variant<SavedListOptions, SavedShowOptions, SavedSaveOptions, SavedRunOptions, SavedDeleteOptions>;
+
+struct DescribeOptions {
+  std::string class_name;  ///< empty for all
+  bool all = false;
+  bool json = false;
+};
+
+struct CallOptions {
+  std::string class_name;
+  std::string member;
+  std::vector<std::string> arguments;
+  automation::InvokeKind kind = automation::InvokeKind::method;
+  std::string on;  ///< path from the object to the one whose member is called; empty for the object itself
+  std::vector<std::pair<std::string, std::string>> settings;  ///< property and value, in order
+  std::vector<std::string> reads;                             ///< paths from the object
+  size_t most_rows = std::numeric_limits<size_t>::max();
+};
+
+struct RegistrationOptions {
+  automation::Scope scope = automation::Scope::user;
+};
+struct RegisterOptions : RegistrationOptions {};
+struct UnregisterOptions : RegistrationOptions {};
+struct ClassesOptions {};
+
 /// A text that was asked for: help or the version.
 struct TextWanted {
   std::string text;
 };
 
-using Command = std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, ExportOptions>;
+using Command =
+    std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, ExportOptions, DrawOptions,
+                 SavedOptions, DescribeOptions, CallOptions, RegisterOptions, UnregisterOptions, ClassesOptions>;
 
 struct Options {
   std::string database;  ///< URL; empty for the usual archive

@@ -18,6 +18,14 @@ size_t width_of(std::string_view text) {
       std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
+/// A line of its own, whatever a database holds: control characters would break it, or the terminal.
+std::string shown_cell(const Cell& cell) {
+  std::string text = cell_text(cell);
+  for (char& c : text)
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  return text;
+}
+
 void append_padded(std::string& out, std::string_view text, const ColumnShape& shape) {
   const std::string padding(shape.width - std::min(shape.width, width_of(text)), ' ');
   if (shape.right) out += padding;
@@ -42,7 +50,7 @@ std::vector<ColumnShape> shapes_of(const Report& report, size_t rows) {
     ColumnShape shape{width_of(report.columns[i]), true};
     for (size_t row = 0; row < rows; ++row) {
       const Cell& cell = report.rows[row][i];
-      shape.width = std::max(shape.width, width_of(cell_text(cell)));
+      shape.width = std::max(shape.width, width_of(shown_cell(cell)));
       shape.right = shape.right && !std::holds_alternative<std::string>(cell);
     }
     shapes.push_back(shape);
@@ -62,7 +70,7 @@ void append_facts(std::string& out, const Report& report, bool colour) {
     const bool is_number = std::holds_alternative<int64_t>(fact.value);
     append_heading(out, spaced(fact.name), names, colour);
     out += gap;
-    append_padded(out, cell_text(fact.value), is_number ? values : ColumnShape{});
+    append_padded(out, shown_cell(fact.value), is_number ? values : ColumnShape{});
     end_line(out);
   }
 }
@@ -78,7 +86,7 @@ void append_listing(std::string& out, const Report& report, const OutputStyle& s
   for (size_t row = 0; row < shown_rows; ++row) {
     for (size_t i = 0; i < shapes.size(); ++i) {
       if (i != 0) out += gap;
-      append_padded(out, cell_text(report.rows[row][i]), shapes[i]);
+      append_padded(out, shown_cell(report.rows[row][i]), shapes[i]);
     }
     end_line(out);
   }

@@ -68,6 +68,15 @@ TEST(Output, AnEmptyListing) {
   EXPECT_EQ(written(report, {OutputFormat::jsonl}), "{\"kind\":\"summary\",\"draws\":0}\n");
 }
 
+TEST(Output, TablesShowControlCharactersAsQuestionMarks) {
+  Report report;
+  report.facts = {{"name", "a\nb\033[2J\x7F è"}};
+  report.listing = "searches";
+  report.columns = {"id", "name"};
+  report.rows = {{int64_t{1}, "a\tb\r"}};
+  EXPECT_EQ(written(report, {OutputFormat::table}), "name  a?b?[2J? è\n\nid  name\n 1  a?b?\n");
+}
+
 TEST(Output, TheLimitIsForTables) {
   OutputStyle style;
   style.table_rows = 1;

@@ -21,7 +21,16 @@ std::optional<int32_t> whole_number(std::string_view text) {
   return number;
 }
 
-/// "" when all five are right.
+std::optional<int16_t> read_contest(std::string_view field) {
+  field = automation::trim(field);
+  if (field.empty()) return int16_t{0};
+  const auto number = whole_number(field);
+  if (!number || *number > std::numeric_limits<int16_t>::max()) return std::nullopt;
+  return static_cast<int16_t>(*number);
+}
+
+}  // namespace
+
 std::string read_numbers(const std::array<std::string_view, 5>& fields, std::array<int8_t, 5>& numbers) {
   for (size_t i = 0; i < fields.size(); ++i) {
     const std::string_view field = automation::trim(fields[i]);
@@ -34,16 +43,6 @@ std::string read_numbers(const std::array<std::string_view, 5>& fields, std::arr
   }
   return {};
 }
-
-std::optional<int16_t> read_contest(std::string_view field) {
-  field = automation::trim(field);
-  if (field.empty()) return int16_t{0};
-  const auto number = whole_number(field);
-  if (!number || *number > std::numeric_limits<int16_t>::max()) return std::nullopt;
-  return static_cast<int16_t>(*number);
-}
-
-}  // namespace
 
 std::optional<int32_t> parse_day(std::string_view text) {
   const auto date = automation::parse_date(text);

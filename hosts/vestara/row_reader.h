@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,9 @@ class RowReader {
   std::string last_date_;
   int32_t last_day_ = 0;
 };
+
+/// The five numbers of a wheel: different ones of 1 to 90. Returns why they are not, "" when all is right.
+std::string read_numbers(const std::array<std::string_view, 5>& fields, std::array<int8_t, 5>& numbers);
 
 /// The day of a date text without a time of day, counted from 1899-12-30.
 std::optional<int32_t> parse_day(std::string_view text);

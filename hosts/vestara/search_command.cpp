@@ -1,15 +1,11 @@
 #include "automation/coercion.h"
 #include "hosts/vestara/archive_session.h"
 #include "hosts/vestara/commands.h"
+#include "hosts/vestara/search_question.h"
 #include "vestara/archive/lotto.h"
 
 namespace vestara::host {
 namespace {
-
-automation::Variant bound(std::optional<int32_t> day) {
-  if (!day) return automation::Missing{};
-  return automation::Date::from_day(*day);
-}
 
 Cell contest_cell(RecordSet& dates, Column column) {
   if (dates.is_null(column)) return {};
@@ -43,8 +39,8 @@ ExitCode run_search(const SearchOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
-  auto dates = lotto.LoadLottoEstr(options.numbers.text, options.hits, options.wheels.codes, bound(options.from),
-                                   bound(options.to), false, options.wheels.all, options.oldest_first);
+  auto dates = lotto.LoadLottoEstr(options.numbers.text, options.hits, options.wheels.codes, date_bound(options.from),
+                                   date_bound(options.to), false, options.wheels.all, options.oldest_first);
   // The library answers with empty values what its connector refused.
   if (!dates || !session.connector()->LastError().empty()) session.fail("the archive cannot be read");
   const Report report = describe(lotto, *dates);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+namespace vestara::host {
+
+/// Whether a change that cannot be taken back was agreed to on the command line.
+enum class Consent : bool { ask, given };
+
+/// Returns when consent was given, or when the person at the terminal says yes. `change` reads as in "delete the 11
+/// rows of 2005-02-09". Failure (usage) when the answer is another one, or when nobody can be asked.
+void require_consent(Consent consent, const std::string& change, std::ostream& err);
+
+}  // namespace vestara::host
