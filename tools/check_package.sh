@@ -10,7 +10,7 @@ trap 'rm -rf "$folder"' EXIT
 cmake --install "$tree" --prefix "$folder/installed" >/dev/null
 library_folder=$(dirname "$(find "$folder/installed" -name 'libvestara.so.1')")
 
-cmake -S tests/package -B "$folder/host" -DCMAKE_PREFIX_PATH="$folder/installed" >/dev/null
+cmake -G Ninja -S tests/package -B "$folder/host" -DCMAKE_PREFIX_PATH="$folder/installed" >/dev/null
 cmake --build "$folder/host" >/dev/null
 export VESTARA_LOG_DIR="$folder"
 "$folder/host/host"
