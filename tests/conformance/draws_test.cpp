@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/conformance/back_end.h"
+#include "tests/support/connectors.h"
 #include "tests/support/log_capture.h"
 #include "tests/support/values.h"
 #include "vestara/archive/lotto.h"
@@ -89,6 +90,32 @@ TEST_P(DrawsTest, AWheelWithoutFiveNumbersLeavesTheArchiveAsItWas) {
   }
   EXPECT_TRUE(save(day(2005, 2, 9), 18, 20)) << "no transaction was left open";
   EXPECT_EQ(one("SELECT DISTINCT concorsoNumero FROM storico"), "18");
+}
+
+TEST_P(DrawsTest, AFailureOfAnyStatementOfASaveLeavesTheArchiveAsItWas) {
+  using testing_support::FailingConnector;
+  using testing_support::Failure;
+  ASSERT_TRUE(save(day(2005, 2, 9), 17, 30));
+  const Lines before = archive();
+  const auto reader = another();
+  // The assignment reads the wheels first: then come the begin, the delete, eleven inserts and the commit.
+  constexpr int32_t begin = 2;
+  constexpr int32_t commit = 15;
+  for (const Failure how : {Failure::refuses, Failure::raises_error}) {
+    for (int32_t statement = begin; statement <= commit; ++statement) {
+      SCOPED_TRACE("statement " + std::to_string(statement));
+      lotto_.ActiveConnection(make<FailingConnector>(connector_, testing_support::FailurePlan{statement, how}));
+      EXPECT_FALSE(save(day(2005, 2, 9), 18, 1));
+      EXPECT_EQ(reader->GetMaxId("storico", "concorsoNumero"), 17);
+      // What the failure left open is rolled back by the next transaction.
+      connector_->BeginTrans();
+      connector_->RollbackTrans();
+      EXPECT_EQ(archive(), before);
+    }
+  }
+  lotto_.ActiveConnection(make<FailingConnector>(connector_, testing_support::FailurePlan{commit + 1}));
+  EXPECT_TRUE(save(day(2005, 2, 9), 18, 1)) << "behind the commit there is nothing to fail";
+  EXPECT_EQ(reader->GetMaxId("storico", "concorsoNumero"), 18);
 }
 
 TEST_P(DrawsTest, DeletingADate) {
