@@ -43,7 +43,7 @@ class Frame {
   /// Replaces the host's values that the member changed; the others are not touched.
   void give_back() {
     for (size_t i = 0; i < count_; ++i)
-      if (!(arguments()[i] == from_value(values_[i]))) to_value(arguments()[i], values_[i]);
+      if (!holds(values_[i], arguments()[i])) to_value(arguments()[i], values_[i]);
   }
 
  private:

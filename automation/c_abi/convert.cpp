@@ -175,6 +175,14 @@ Variant from_value(const au_value& value) {
   }
 }
 
+bool holds(const au_value& value, const Variant& wanted) {
+  if (static_cast<au_kind>(wanted.kind()) != value.kind) return false;
+  if (const auto* text = wanted.get_if<std::string>())
+    return *text == std::string_view(value.as.text.bytes ? value.as.text.bytes : "", value.as.text.length);
+  if (const auto* array = wanted.get_if<Array>()) return *array == array_of(value);
+  return wanted == from_value(value);
+}
+
 void to_value(const Variant& source, au_value& target) {
   au_clear(&target);
   std::visit(Store{target}, source.storage());

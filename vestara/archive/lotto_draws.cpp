@@ -1,3 +1,4 @@
+#include <array>
 #include <string>
 
 #include "automation/coercion.h"
@@ -22,13 +23,24 @@ namespace {
 /// A draw record counts its positions from 2.
 constexpr int32_t first_position = 2;
 
-void add_row(RecordSet& row, cEstrazione& draw) {
-  const int32_t wheel = wheel_of(row.text(row.column("ruota")));
-  const int32_t key = automation::to_long(row.value(row.column("id")));
-  for (int32_t i = 0; i < drawn_count; ++i) {
-    const Column number = row.column("estr" + std::to_string(i + 1));
-    draw.AddNumero(wheel, first_position + i, automation::to_text(row.value(number)), key);
-  }
+/// The columns of a draw's rows, found once.
+struct DrawColumns {
+  explicit DrawColumns(RecordSet& rows)
+      : wheel(rows.column("ruota")),
+        key(rows.column("id")),
+        numbers{rows.column("estr1"), rows.column("estr2"), rows.column("estr3"), rows.column("estr4"),
+                rows.column("estr5")} {}
+  Column wheel;
+  Column key;
+  std::array<Column, drawn_count> numbers;
+};
+
+void add_row(RecordSet& row, const DrawColumns& columns, cEstrazione& draw) {
+  const int32_t wheel = wheel_of(row.text(columns.wheel));
+  const int32_t key = automation::to_long(row.value(columns.key));
+  int32_t position = first_position;
+  for (const Column number : columns.numbers)
+    draw.AddNumero(wheel, position++, automation::to_text(row.value(number)), key);
 }
 
 Ref<cEstrazione> read_draw(RecordSet& rows) {
@@ -36,7 +48,8 @@ Ref<cEstrazione> read_draw(RecordSet& rows) {
   if (rows.at_end()) throw automation::object_not_set();
   auto draw = automation::make<cEstrazione>();
   draw->NumeroConcorso(automation::to_integer(rows.value(rows.column("concorsoNumero"))));
-  for (; !rows.at_end(); rows.move_next()) add_row(rows, *draw);
+  const DrawColumns columns(rows);
+  for (; !rows.at_end(); rows.move_next()) add_row(rows, columns, *draw);
   return draw;
 }
 
