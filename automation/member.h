@@ -200,6 +200,7 @@ T convert(const Variant& value) {
     return to_text(value);
   else if constexpr (std::is_same_v<T, Array>) {
     if (const auto* array = value.get_if<Array>()) return *array;
+    if (value.is_empty()) return {};  // an array that was not dimensioned yet
     throw type_mismatch();
   } else {
     return T::from(value);

@@ -146,6 +146,7 @@ TEST_F(MemberTest, Calls) {
               {"Tomorrow", {"15/11/2026"}, {}, "Date 46342"},
               {"Third", {1.5}, {}, "Single 0.5"},
               {"Length", {Array(VariantKind::empty, 0, {1, 2, 3})}, {}, "Long 3"},
+              {"Length", {Empty{}}, {}, "Long 0"},
               {"Copy", {}, {}, "Empty"},
               {"Nothing", {}, {}, "error 438"},
               {"", {}, {}, "error 438"},
@@ -161,6 +162,8 @@ TEST_F(MemberTest, Calls) {
               {"Join", {"a", Null{}}, {}, "error 94"},
               {"Join", {Ref<Object>{}}, {}, "error 91"},
               {"Length", {1}, {}, "error 13"},
+              {"Length", {""}, {}, "error 13"},
+              {"Length", {Null{}}, {}, "error 13"},
               {"Tomorrow", {"x"}, {}, "error 13"},
               {"Add", {1, 99}, {}, "error 11"}};
   for (const auto& row : rows) {

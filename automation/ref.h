@@ -41,7 +41,8 @@ class Ref {
 
   T* get() const { return object_; }
   T* operator->() const { return object_; }
-  T& operator*() const { return *object_; }
+  // The analyzer does not follow the count.
+  T& operator*() const { return *object_; }  // NOLINT(clang-analyzer-cplusplus.NewDelete)
   explicit operator bool() const { return object_ != nullptr; }
   bool operator==(const Ref& other) const = default;
 

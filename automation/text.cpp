@@ -63,16 +63,28 @@ std::string_view trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-std::vector<std::string_view> split(std::string_view text, char separator) {
+std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> pieces;
   if (text.empty()) return pieces;
-  pieces.reserve(static_cast<size_t>(std::count(text.begin(), text.end(), separator)) + 1);
   for (;;) {
     const auto end = text.find(separator);
     pieces.push_back(text.substr(0, end));
     if (end == std::string_view::npos) return pieces;
-    text.remove_prefix(end + 1);
+    text.remove_prefix(end + separator.size());
   }
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+  return split(text, std::string_view(&separator, 1));
+}
+
+std::string concatenated(std::initializer_list<std::string_view> pieces) {
+  size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
+  std::string text;
+  text.reserve(size);
+  for (const std::string_view piece : pieces) text += piece;
+  return text;
 }
 
 bool equal_ignoring_case(std::string_view left, std::string_view right) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,10 @@ inline bool is_blank(std::string_view text) { return text.find_first_not_of(' ')
 
 /// The pieces between the separators; an empty text has none. The pieces point into `text`.
 AUTOMATION_API std::vector<std::string_view> split(std::string_view text, char separator);
+AUTOMATION_API std::vector<std::string_view> split(std::string_view text, std::string_view separator);
+
+/// The pieces one behind the other, nothing between.
+AUTOMATION_API std::string concatenated(std::initializer_list<std::string_view> pieces);
 
 /// Compares ASCII letters without regard to case, all other bytes as they are.
 AUTOMATION_API bool equal_ignoring_case(std::string_view left, std::string_view right);

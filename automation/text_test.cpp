@@ -37,6 +37,31 @@ TEST(Split, GivesThePiecesBetweenTheSeparators) {
   for (const auto& row : rows) EXPECT_EQ(split(row.text, ','), row.expected) << row.text;
 }
 
+TEST(Split, SeparatorMayBeAText) {
+  using Pieces = std::vector<std::string_view>;
+  const struct {
+    const char *text, *separator;
+    Pieces expected;
+  } rows[] = {{"", "\r\n", {}},
+              {"a", "\r\n", {"a"}},
+              {"a\r\nb", "\r\n", {"a", "b"}},
+              {"a\r\n", "\r\n", {"a", ""}},
+              {"\r\n", "\r\n", {"", ""}},
+              {"\r\n\r\na", "\r\n", {"", "", "a"}},
+              {"a\nb\rc\n\rd", "\r\n", {"a\nb\rc\n\rd"}},
+              {"a\r\r\nb", "\r\n", {"a\r", "b"}},
+              {"aaa", "aa", {"", "a"}},
+              {"a", "abc", {"a"}},
+              {"a,b", ",", {"a", "b"}}};
+  for (const auto& row : rows) EXPECT_EQ(split(row.text, row.separator), row.expected) << row.text;
+}
+
+TEST(Concatenated, NothingBetweenThePieces) {
+  EXPECT_EQ(concatenated({}), "");
+  EXPECT_EQ(concatenated({""}), "");
+  EXPECT_EQ(concatenated({"a", "", " ", std::string("b"), std::string_view("cd", 1)}), "a bc");
+}
+
 TEST(Case, IsIgnoredForAsciiLettersOnly) {
   const struct {
     const char *left, *right;

@@ -24,7 +24,7 @@ StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_
 
 StaticRecordSet::~StaticRecordSet() = default;
 
-bool StaticRecordSet::reach(int64_t row) {
+bool StaticRecordSet::fetch_to(int64_t row) {
   while (source_ && rows_ <= row) {
     try {
       if (source_->fetch(columns_)) {

@@ -73,7 +73,8 @@ class StaticRecordSet final : public vestara::RecordSet {
  private:
   void require_open() const;
   /// True when row `row` exists, after fetching up to it.
-  bool reach(int64_t row);
+  bool reach(int64_t row) { return row < rows_ || fetch_to(row); }
+  bool fetch_to(int64_t row);
   void fetch_all();
   const ColumnStore& cell(vestara::Column column);
 

@@ -23,9 +23,17 @@ struct RunCommand {
   ExitCode operator()(const GenerateOptions& options) const { return run_generate(options, context); }
   ExitCode operator()(const ArchiveOptions& options) const { return run_archive(options, context); }
   ExitCode operator()(const SearchOptions& options) const { return run_search(options, context); }
+  ExitCode operator()(const DistancesOptions& options) const { return run_distances(options, context); }
+  ExitCode operator()(const ProbabilityOptions& options) const { return run_probability(options, context); }
+  ExitCode operator()(const CombinationsOptions& options) const { return run_combinations(options, context); }
+  ExitCode operator()(const DelaysOptions& options) const { return run_delays(options, context); }
+  ExitCode operator()(const FrequenciesOptions& options) const { return run_frequencies(options, context); }
+  ExitCode operator()(const TableOptions& options) const { return run_table(options, context); }
+  ExitCode operator()(const GapsOptions& options) const { return run_gaps(options, context); }
   ExitCode operator()(const ExportOptions& options) const { return run_export(options, context); }
   ExitCode operator()(const DrawOptions& options) const { return run_draw(options, context); }
   ExitCode operator()(const SavedOptions& options) const { return run_saved(options, context); }
+  ExitCode operator()(const SystemOptions& options) const { return run_system(options, context); }
   ExitCode operator()(const DescribeOptions& options) const { return run_describe(options, context); }
   ExitCode operator()(const CallOptions& options) const { return run_call(options, context); }
   ExitCode operator()(const RegisterOptions& options) const { return run_register(options, context); }

@@ -1,42 +1,18 @@
-#include "hosts/vestara/cli.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
-#include <vector>
 
-#include "automation/text.h"
 #include "dorvane/connector.h"
+#include "hosts/vestara/in_process.h"
 #include "hosts/vestara/version.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vestara::host {
 namespace {
 
-struct Outcome {
-  int code;
-  std::string out;
-  std::string err;
-};
-
 class Cli : public testing::Test {
  protected:
-  /// Arguments between blanks; "@" stands for the test's folder.
-  Outcome run(std::string_view line) const {
-    std::vector<std::string> words{"vestara"};
-    for (const std::string_view word : automation::split(line, ' ')) {
-      words.emplace_back(word);
-      if (const auto place = words.back().find('@'); place != std::string::npos)
-        words.back().replace(place, 1, folder_.path().string());
-    }
-    std::vector<const char*> arguments;
-    for (const std::string& word : words) arguments.push_back(word.c_str());
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = host::run(static_cast<int>(arguments.size()), arguments.data(), out, err);
-    return {code, out.str(), err.str()};
-  }
+  Outcome run(std::string_view line) const { return run_in_process(line, folder_.path().string()); }
   std::string archive() const { return run("--db sqlite:@/a.sqlite export").out; }
 
   testing_support::TemporaryFolder folder_;
@@ -80,6 +56,43 @@ TEST_F(Cli, ImportsSearchesAndExports) {
     EXPECT_EQ(search.code, row.code) << row.arguments << search.err;
     EXPECT_EQ(search.out, "name,value|" + std::string(row.out)) << row.arguments;
     EXPECT_EQ(search.err, "");
+  }
+}
+
+TEST_F(Cli, StudiesWhatASearchFinds) {
+  folder_.file("a.csv", std::string(three_draws) + "2005-05-07,FI,71,2,3,4,5\n");
+  run("import @/a.csv --db sqlite:@/a.sqlite");
+  struct Row {
+    const char* arguments;
+    int code;
+    const char* out;
+  };
+  for (const Row& row :
+       {Row{"distances 71 --wheels FI --asc", 0,
+            "gaps,2|current_delay,0|mean_gap_draws,0.5|minimum_gap_draws,0|maximum_gap_draws,1|mean_gap_days,49063|"
+            "minimum_gap_days,49063|maximum_gap_days,49063||from,to,draws,days,wheel,hits,contest|"
+            ",1871-01-07,0,,FI,1,1|1871-01-07,2005-05-07,1,49063,FI,1,2|"},
+        {"distances 4 --wheels VE --wheel-draws", 0,
+         "gaps,2|current_delay,1|mean_gap_draws,1|minimum_gap_draws,1|maximum_gap_draws,1|mean_gap_days,|"
+         "minimum_gap_days,|maximum_gap_days,|current_wheel_delay,0|mean_gap_wheel_draws,0|minimum_gap_wheel_draws,0|"
+         "maximum_gap_wheel_draws,0||from,to,draws,days,wheel,hits,contest,wheel_draws|2005-05-04,,1,,VE,1,1,0|"
+         ",2005-05-04,1,,,,,0|"},
+        {"distances 90 --to 2000-01-01", 1,
+         "gaps,1|current_delay,1|mean_gap_draws,1|minimum_gap_draws,1|maximum_gap_draws,1|mean_gap_days,|"
+         "minimum_gap_days,|maximum_gap_days,||from,to,draws,days,wheel,hits,contest|,,1,,,,|"},
+        {"probability --numbers 1 --wheels 1", 0,
+         "numbers,1|hits,1|wheels,1|percent,5.555555555555555|draws_per_hit,18|odds,17 to 1 against|"},
+        {"probability --numbers 3 --hits 5", 0, "numbers,3|hits,5|wheels,1|percent,0|draws_per_hit,|odds,never|"},
+        {"probability --numbers 90 --hits 5", 0,
+         "numbers,90|hits,5|wheels,1|percent,100|draws_per_hit,1|odds,certain|"},
+        {"combinations 5 12 33 --size 2 --first 2", 0, "numbers,3|size,2|count,3||n1,n2|5,12|5,33|"},
+        {"combinations 33,5 --size 1", 0, "numbers,2|size,1|count,2||n1|33|5|"},
+        {"combinations 33,5 --size 2 --count-only", 0, "numbers,2|size,2|count,1|"}}) {
+    Outcome study = run("--db sqlite:@/a.sqlite --format csv " + std::string(row.arguments));
+    std::replace(study.out.begin(), study.out.end(), '\n', '|');
+    EXPECT_EQ(study.code, row.code) << row.arguments << study.err;
+    EXPECT_EQ(study.out, "name,value|" + std::string(row.out)) << row.arguments;
+    EXPECT_EQ(study.err, "");
   }
 }
 
@@ -184,13 +197,28 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
   };
   for (const Row& row : {
            Row{"", 2,
-               "vestara: no command was given; commands are import, generate, archive, search, export, draw, saved, "
-               "describe, call, register, unregister, classes\n"},
+               "vestara: no command was given; commands are import, generate, archive, search, distances, probability, "
+               "combinations, delays, frequencies, table, gaps, export, draw, saved, system, describe, call, register, "
+               "unregister, classes\n"},
            {"serch", 2, "vestara: command \"serch\" is unknown; known are import, "},
            {"search 5 --hit 1", 2, "vestara: option \"--hit\" is unknown here; known are --hits, --wheels, --from, "},
            {"search", 2, "vestara: NUMBERS is required; see vestara search --help\n"},
            {"search 5 --hits 2", 2, "vestara: --hits 2 cannot come of 1 number; "},
            {"search 5 --from 2000-01-01 --to 1999-01-01", 2, "vestara: --from 2000-01-01 is later than --to "},
+           {"distances", 2, "vestara: NUMBERS is required; see vestara distances --help\n"},
+           {"distances 5 --hits 2", 2, "vestara: --hits 2 cannot come of 1 number; "},
+           {"distances 5 --plot --format csv", 2, "vestara: --plot goes with --format table only; "},
+           {"probability", 2, "vestara: --numbers is required; see vestara probability --help\n"},
+           {"probability --numbers 91", 2, "vestara: --numbers \"91\" cannot be; give a whole number from 1 to 90\n"},
+           {"probability --numbers 1 --hits 6", 2, "vestara: --hits \"6\" is not known; 1 to 5, or ambata, "},
+           {"probability --numbers 1 --wheels 12", 2,
+            "vestara: --wheels \"12\" cannot be; give a whole number from 1 to 11\n"},
+           {"combinations 1,2", 2, "vestara: --size is required; see vestara combinations --help\n"},
+           {"combinations 1,2 --size 3", 2, "vestara: --size 3 cannot come of 2 numbers; "},
+           {"combinations 1,2 --size 0", 2, "vestara: --size \"0\" cannot be; give a whole number from 1 to 90\n"},
+           {"combinations 1,2,2 --size 1", 2, "vestara: NUMBERS: 2 comes twice; "},
+           {"combinations 1 --size 1 --first 1 --count-only", 2,
+            "vestara: --count-only and --first exclude each other; "},
            {"archive more", 2, "vestara: argument \"more\" is one too many; see vestara archive --help\n"},
            {"archive --format", 2, "vestara: --format: 1 required FORMAT missing; see vestara archive --help\n"},
            {"export --as tsv --contest", 2, "vestara: --contest does not go with --as tsv; "},
@@ -209,6 +237,11 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
            {"saved save 5", 2, "vestara: --name is required; see vestara saved save --help\n"},
            {"saved save 5 --name n --hits 2", 2, "vestara: --hits 2 cannot come of 1 number; "},
            {"saved save 5 --name n --id 0", 2, "vestara: --id \"0\" cannot be; give a whole number from 1 "},
+           {"system", 2, "vestara: no command was given; commands are generate, random, integral, save, list, show"},
+           {"system save f", 2, "vestara: --title is required; see vestara system save --help\n"},
+           {"system convert 1 --numbers 5,5", 2, "vestara: NUMBERS: 5 comes twice; "},
+           {"system list", 3, "vestara: the archive "},
+           {"system save @/missing --title t", 4, "vestara: "},
            {"saved run x", 2, "vestara: ID \"x\" cannot be; give a whole number from 0 "},
            {"import @/missing", 4, "vestara: "},
            {"archive --db sqlite:@/missing", 3, "vestara: the archive "},
@@ -226,9 +259,29 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
 
 TEST_F(Cli, HelpShowsAnExample) {
   EXPECT_EQ(run("--version").out, "vestara " + std::string(program_version) + "\n");
-  for (const char* command :
-       {"", "import ", "generate ", "archive ", "search ", "export ", "draw ", "draw show ", "draw save ",
-        "draw delete ", "saved ", "saved list ", "saved show ", "saved save ", "saved run ", "saved delete "}) {
+  for (const char* command : {"",
+                              "import ",
+                              "generate ",
+                              "archive ",
+                              "search ",
+                              "distances ",
+                              "probability ",
+                              "combinations ",
+                              "delays ",
+                              "frequencies ",
+                              "table ",
+                              "gaps ",
+                              "export ",
+                              "draw ",
+                              "draw show ",
+                              "draw save ",
+                              "draw delete ",
+                              "saved ",
+                              "saved list ",
+                              "saved show ",
+                              "saved save ",
+                              "saved run ",
+                              "saved delete "}) {
     const Outcome help = run(std::string(command) + "--help");
     EXPECT_EQ(help.code, 0);
     EXPECT_NE(help.out.find("Example:\n  vestara "), std::string::npos) << help.out;
@@ -244,7 +297,8 @@ TEST_F(Cli, AnEmptyArchiveIsNothingFound) {
   }
   EXPECT_EQ(run("--db sqlite:@/a.sqlite archive --format jsonl").out,
             "{\"kind\":\"summary\",\"draw_dates\":0,\"rows\":0,\"first_date\":null,\"last_date\":null}\n");
-  for (const char* command : {"archive", "export --output @/out", "search 5"})
+  for (const char* command : {"archive", "export --output @/out", "search 5", "delays", "frequencies",
+                              "frequencies --average", "table", "gaps 5", "gaps 5,6"})
     EXPECT_EQ(run("--db sqlite:@/a.sqlite " + std::string(command)).code, 1) << command;
   EXPECT_FALSE(std::filesystem::exists(folder_.path() / "out"));
 }

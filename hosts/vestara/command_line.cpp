@@ -9,9 +9,12 @@
 #include "hosts/vestara/command_parts.h"
 #include "hosts/vestara/draw_arguments.h"
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/number_arguments.h"
 #include "hosts/vestara/saved_arguments.h"
 #include "hosts/vestara/search_question.h"
 #include "hosts/vestara/shown_text.h"
+#include "hosts/vestara/study_arguments.h"
+#include "hosts/vestara/system_arguments.h"
 #include "hosts/vestara/version.h"
 
 namespace vestara::host {
@@ -33,14 +36,18 @@ struct Given {
   std::string member;
   std::string on;
   SearchWords search;
+  StudyArguments study;
+  NumberArguments numbers;
   DrawArguments draw;
   SavedArguments saved;
+  SystemArguments systems;
   std::vector<std::string> arguments;
   std::vector<std::string> settings;
   std::vector<std::string> reads;
   bool dry_run = false;
   bool keep_manual = false;
   bool ascending = false;
+  bool statistics = false;
   bool contest = false;
   bool all = false;
   bool json = false;
@@ -82,6 +89,8 @@ void add_search(CLI::App& program, Given& given) {
   add_range(app, words.from, words.to);
   app.add_flag("--asc", given.ascending, "oldest draw first");
   value_option(app, "--limit", given.limit, "N", "list N dates at most, in a table");
+  app.add_flag("--statistics", given.statistics,
+               "also say what the search amounts to: percentages, draws per hit, gaps");
 }
 
 void add_export(CLI::App& program, Given& given) {
@@ -143,15 +152,18 @@ void describe_program(CLI::App& program, Given& given) {
   add_generate(program, given);
   add_archive(program);
   add_search(program, given);
+  add_studies(program, given.study);
+  add_number_studies(program, given.numbers);
   add_export(program, given);
   add_draw(program, given.draw);
   add_saved(program, given.saved);
+  add_system(program, given.systems);
   add_describe(program, given);
   add_call(program, given);
   add_registration(program, given);
   program.footer(
       "Example:\n  vestara import storico.zip && vestara search 53 --wheels VE\n\n"
-      "Exit codes: 0 ok, 1 nothing found or an error raised, 2 usage, 3 database, 4 file");
+      "Exit codes: 0 ok, 1 nothing found or an error raised, 2 usage, 3 database, 4 file, 130 interrupted");
 }
 
 /// "--hits, --wheels, …, --db, --format, --color"
@@ -197,6 +209,7 @@ Failure usage_failure(const CLI::App& program, const CLI::ParseError& error) {
 SearchOptions search_options(const Given& given) {
   SearchOptions options = search_question(given.search);
   options.oldest_first = given.ascending;
+  options.statistics = given.statistics;
   if (!given.limit.empty()) options.table_rows = count_value("--limit", given.limit);
   return options;
 }
@@ -247,16 +260,24 @@ RegistrationOptions registration_options(const Given& given) {
   return {given.system ? automation::Scope::system : automation::Scope::user};
 }
 
-Command command_of(const CLI::App& program, const Given& given) {
+Command command_of(const CLI::App& program, const Given& given, OutputFormat format) {
   const std::string name = program.get_subcommands().front()->get_name();
   const std::string inner = given_command(program)->get_name();
   if (name == "import")
     return ImportOptions{given.file, given.dry_run, given.keep_manual ? MissingManual::keep : MissingManual::lose};
   if (name == "generate") return generate_options(given);
   if (name == "search") return search_options(given);
+  if (name == "distances") return distances_options(given.study, format);
+  if (name == "probability") return probability_options(given.study);
+  if (name == "combinations") return combinations_options(given.study);
+  if (name == "delays") return delays_options(given.numbers);
+  if (name == "frequencies") return frequencies_options(given.numbers);
+  if (name == "table") return table_options(given.numbers);
+  if (name == "gaps") return gaps_options(given.numbers, format);
   if (name == "export") return export_options(given);
   if (name == "draw") return draw_options(inner, given.draw);
   if (name == "saved") return saved_options(inner, given.saved);
+  if (name == "system") return system_options(inner, given.systems);
   if (name == "describe") return describe_options(given);
   if (name == "call") return call_options(given);
   if (name == "register") return RegisterOptions{registration_options(given)};
@@ -286,7 +307,7 @@ Options parse_command_line(int argc, const char* const* argv) {
   options.database = given.database;
   options.format = output_format(given.format);
   options.colour = colour_choice(given.colour);
-  options.command = command_of(program, given);
+  options.command = command_of(program, given, options.format);
   return options;
 }
 

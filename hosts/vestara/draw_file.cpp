@@ -8,11 +8,6 @@
 namespace vestara::host {
 namespace {
 
-std::string_view without_mark(std::string_view text) {
-  constexpr std::string_view mark = "\xEF\xBB\xBF";
-  return text.substr(0, mark.size()) == mark ? text.substr(mark.size()) : text;
-}
-
 std::string_view first_full_line(std::string_view text) {
   while (!text.empty()) {
     const std::string_view line = take_line(text);

@@ -115,6 +115,11 @@ void collect_record(std::string_view record, uint32_t line, DrawCollector& draws
 
 }  // namespace
 
+std::string_view without_mark(std::string_view text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return text.substr(0, mark.size()) == mark ? text.substr(mark.size()) : text;
+}
+
 std::string_view take_line(std::string_view& rest) {
   const size_t end = rest.find('\n');
   std::string_view line = rest.substr(0, end);

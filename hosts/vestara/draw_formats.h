@@ -8,6 +8,8 @@
 
 namespace vestara::host {
 
+/// The text behind a byte-order mark, when there is one.
+std::string_view without_mark(std::string_view text);
 /// Takes one line off the front, without its line break.
 std::string_view take_line(std::string_view& rest);
 /// True for lines without any content.

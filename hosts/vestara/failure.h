@@ -13,6 +13,7 @@ enum class ExitCode : int {
   usage = 2,
   database = 3,
   file = 4,  ///< one that cannot be read, written or understood
+  interrupted = 130,
 };
 
 /// Ends a command. The text reads "what was wrong, where; what would be right"; further lines may follow it.

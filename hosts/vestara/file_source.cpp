@@ -19,8 +19,8 @@ struct CloseFile {
 };
 
 Failure unreadable(const std::string& path) {
-  return {ExitCode::file, source_name(path) + " cannot be read: " + std::strerror(errno) +
-                              "; give a file of draws, or - for standard input"};
+  return {ExitCode::file,
+          source_name(path) + " cannot be read: " + std::strerror(errno) + "; give a file, or - for standard input"};
 }
 
 }  // namespace

@@ -3,11 +3,12 @@
 #include <cstdint>
 #include <ostream>
 
+#include "hosts/vestara/progress_bar.h"
 #include "vestara/archive/lotto.h"
 
 namespace vestara::host {
 
-/// A bar on a terminal while a cLotto imports; nothing elsewhere. Leaves an empty line behind.
+/// A bar on a terminal while a cLotto imports.
 class ImportProgress {
  public:
   ImportProgress(cLotto& lotto, std::ostream& err);
@@ -16,12 +17,9 @@ class ImportProgress {
   ~ImportProgress();
 
  private:
-  void show(int32_t position, int32_t count);
-
   cLotto& lotto_;
-  std::ostream& err_;
+  ProgressBar bar_;
   int32_t cookie_ = 0;
-  int32_t percent_ = -1;
 };
 
 }  // namespace vestara::host

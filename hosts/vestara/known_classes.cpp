@@ -10,6 +10,7 @@
 #include "hosts/vestara/member_path.h"
 #include "hosts/vestara/near_names.h"
 #include "hosts/vestara/shown_text.h"
+#include "vestara/statistics/statistics.h"
 
 namespace vestara::host {
 namespace {
@@ -22,16 +23,22 @@ KnownClass class_of(const Object& object, Origin origin) {
   return {std::string(description.library) + "." + std::string(description.name), &description, origin};
 }
 
-/// The record set with its parts, met by opening one. Descriptions outlive their objects.
+void add_handed_out(std::vector<KnownClass>& classes, const automation::Variant& value) {
+  if (const auto* object = value.get_if<Ref<Object>>(); object && *object)
+    classes.push_back(class_of(**object, Origin::handed_out));
+}
+
+/// The record set with its parts, met by opening one, and a collection. Descriptions outlive their objects.
 std::vector<KnownClass> handed_out_classes() {
   std::vector<KnownClass> classes;
   const Ref<Object> connector = automation::create_object("Dorvane.DbConnector");
   follow(*connector, "Open('sqlite::memory:')");
-  for (const char* path : {"", ".Fields", ".Fields.Item(0)"}) {
-    const automation::Variant value = follow(*connector, "GetRecordset('SELECT 1 AS n')" + std::string(path));
-    if (const auto* object = value.get_if<Ref<Object>>(); object && *object)
-      classes.push_back(class_of(**object, Origin::handed_out));
-  }
+  for (const char* path : {"", ".Fields", ".Fields.Item(0)"})
+    add_handed_out(classes, follow(*connector, "GetRecordset('SELECT 1 AS n')" + std::string(path)));
+  cStatistiche statistics;
+  statistics.EstrNumeriString("1");
+  statistics.EstrCombinazione(1);
+  add_handed_out(classes, statistics.CombinazioniSempliciString());
   return classes;
 }
 

@@ -132,6 +132,12 @@ void check_hits(const NumberList& numbers, int16_t hits) {
                                      counted(numbers.count, "number") + "; give as many numbers as hits");
 }
 
+void check_size(const NumberList& numbers, int32_t size) {
+  if (numbers.count >= static_cast<size_t>(size)) return;
+  throw Failure(ExitCode::usage, "--size " + std::to_string(size) + " cannot come of " +
+                                     counted(numbers.count, "number") + "; give as many numbers as that");
+}
+
 std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::string& text) {
   const auto pieces = automation::split(text, ',');
   std::array<std::string_view, 5> fields;

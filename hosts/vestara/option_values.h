@@ -46,6 +46,8 @@ NumberList numbers_value(const std::vector<std::string>& pieces);
 
 /// Refuses more hits than numbers.
 void check_hits(const NumberList& numbers, int16_t hits);
+/// Refuses combinations of more numbers than there are.
+void check_size(const NumberList& numbers, int32_t size);
 
 /// The five numbers of a wheel, as "1,2,3,4,5".
 std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::string& text);

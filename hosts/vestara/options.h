@@ -15,8 +15,10 @@
 #include "hosts/vestara/draw_file.h"
 #include "hosts/vestara/draw_file_writer.h"
 #include "hosts/vestara/manual_draws.h"
+#include "hosts/vestara/number_options.h"
 #include "hosts/vestara/option_values.h"
 #include "hosts/vestara/output.h"
+#include "hosts/vestara/system_options.h"
 #include "hosts/vestara/terminal.h"
 
 // What a command line asks for, checked. Days count from 1899-12-30.
@@ -46,6 +48,26 @@ struct SearchOptions {
   std::optional<int32_t> to;
   bool oldest_first = false;
   size_t table_rows = std::numeric_limits<size_t>::max();
+  bool statistics = false;
+};
+
+struct DistancesOptions {
+  SearchOptions search;
+  bool wheel_draws = false;
+  bool plot = false;
+};
+
+struct ProbabilityOptions {
+  int16_t numbers = 0;
+  int16_t hits = 1;
+  int16_t wheels = 1;
+};
+
+struct CombinationsOptions {
+  NumberList numbers;
+  int32_t size = 0;  ///< 1 to as many as there are numbers
+  bool count_only = false;
+  std::optional<uint64_t> first;
 };
 
 struct ExportOptions {
@@ -119,8 +141,10 @@ struct TextWanted {
 };
 
 using Command =
-    std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, ExportOptions, DrawOptions,
-                 SavedOptions, DescribeOptions, CallOptions, RegisterOptions, UnregisterOptions, ClassesOptions>;
+    std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, DistancesOptions,
+                 ProbabilityOptions, CombinationsOptions, DelaysOptions, FrequenciesOptions, TableOptions, GapsOptions,
+                 ExportOptions, DrawOptions, SavedOptions, SystemOptions, DescribeOptions, CallOptions, RegisterOptions,
+                 UnregisterOptions, ClassesOptions>;
 
 struct Options {
   std::string database;  ///< URL; empty for the usual archive

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <limits>
 #include <ostream>
@@ -10,21 +11,34 @@
 
 namespace vestara::host {
 
-/// A value of a result: absent, a whole number or a text.
-using Cell = std::variant<std::monostate, int64_t, std::string>;
+/// No value. Tables and Markdown may say why in a word ("open"); the other forms have it empty or null.
+struct Absent {
+  std::string_view word;
+  auto operator<=>(const Absent&) const = default;
+};
+
+/// A value of a result: absent, a number or a text.
+using Cell = std::variant<Absent, int64_t, double, std::string>;
 
 struct Fact {
   std::string name;  ///< words joined by "_"; tables show blanks instead
   Cell value;
 };
 
-/// What a command has to say: single facts, then perhaps a listing.
+/// Facts under a name of their own.
+struct FactBlock {
+  std::string name;  ///< "statistics"
+  std::vector<Fact> facts;
+};
+
+/// What a command has to say: single facts, then perhaps a listing, then perhaps further facts.
 struct Report {
   std::vector<Fact> facts;
   std::string listing;   ///< "draws": the listing's name; empty when there is none
   std::string row_kind;  ///< "draw": what one of its rows is
   std::vector<std::string> columns;
   std::vector<std::vector<Cell>> rows;
+  std::vector<FactBlock> blocks;
 };
 
 enum class OutputFormat { table, csv, json, jsonl, markdown };
@@ -35,12 +49,12 @@ struct OutputStyle {
   size_t table_rows = std::numeric_limits<size_t>::max();  ///< rows of the listing that a table shows
 };
 
-/// Writes a result:
-///   table     facts line by line, then the listing; numbers right-aligned
-///   csv       a block name,value of the facts, an empty line, the listing with a header
-///   json      one object: the facts, and the listing as an array of objects under its name
-///   jsonl     one object a line: first the facts with "kind": "summary", then each row with its kind
-///   markdown  two tables
+/// Writes a result; parts stand between empty lines where a form has lines:
+///   table     facts line by line, then the listing; numbers right-aligned, six digits of those with a fraction
+///   csv       a block name,value of the facts, the listing with a header, such a block for each block of facts
+///   json      one object: the facts, the listing as an array of objects and each block as an object under its name
+///   jsonl     one object a line: first the facts with "kind": "summary", then rows and blocks with their kind
+///   markdown  a table of the facts, one of the listing, one for each block
 void write_report(std::ostream& out, const Report& report, const OutputStyle& style);
 
 }  // namespace vestara::host

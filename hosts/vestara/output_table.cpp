@@ -20,7 +20,7 @@ size_t width_of(std::string_view text) {
 
 /// A line of its own, whatever a database holds: control characters would break it, or the terminal.
 std::string shown_cell(const Cell& cell) {
-  std::string text = cell_text(cell);
+  std::string text = readable_text(cell);
   for (char& c : text)
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
   return text;
@@ -58,19 +58,17 @@ std::vector<ColumnShape> shapes_of(const Report& report, size_t rows) {
   return shapes;
 }
 
-void append_facts(std::string& out, const Report& report, bool colour) {
+void append_facts(std::string& out, const std::vector<Fact>& facts, bool colour) {
   ColumnShape names;
   ColumnShape values{0, true};
-  for (const Fact& fact : report.facts) {
+  for (const Fact& fact : facts) {
     names.width = std::max(names.width, width_of(fact.name));
-    if (std::holds_alternative<int64_t>(fact.value))
-      values.width = std::max(values.width, cell_text(fact.value).size());
+    if (is_number(fact.value)) values.width = std::max(values.width, readable_text(fact.value).size());
   }
-  for (const Fact& fact : report.facts) {
-    const bool is_number = std::holds_alternative<int64_t>(fact.value);
+  for (const Fact& fact : facts) {
     append_heading(out, spaced(fact.name), names, colour);
     out += gap;
-    append_padded(out, shown_cell(fact.value), is_number ? values : ColumnShape{});
+    append_padded(out, shown_cell(fact.value), is_number(fact.value) ? values : ColumnShape{});
     end_line(out);
   }
 }
@@ -98,10 +96,15 @@ void append_listing(std::string& out, const Report& report, const OutputStyle& s
 
 std::string report_as_table(const Report& report, const OutputStyle& style) {
   std::string out;
-  append_facts(out, report, style.colour);
-  if (report.listing.empty() || report.rows.empty()) return out;
-  if (!report.facts.empty()) out += '\n';
-  append_listing(out, report, style);
+  append_facts(out, report.facts, style.colour);
+  if (!report.listing.empty() && !report.rows.empty()) {
+    if (!report.facts.empty()) out += '\n';
+    append_listing(out, report, style);
+  }
+  for (const FactBlock& block : report.blocks) {
+    if (!out.empty()) out += '\n';
+    append_facts(out, block.facts, style.colour);
+  }
   return out;
 }
 

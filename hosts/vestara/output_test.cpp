@@ -4,6 +4,8 @@
 
 #include <sstream>
 
+#include "hosts/vestara/output_forms.h"
+
 namespace vestara::host {
 namespace {
 
@@ -83,6 +85,55 @@ TEST(Output, TheLimitIsForTables) {
   EXPECT_TRUE(written(usual(), style).ends_with("wheel  draw dates  note\nBA          10740  a,\"b\"\nand 1 more\n"));
   style.format = OutputFormat::csv;
   EXPECT_TRUE(written(usual(), style).ends_with("RN,9,\n"));
+}
+
+TEST(Output, FurtherFactsStandBehindTheListing) {
+  Report report = usual();
+  report.facts.resize(1);
+  report.rows.resize(1);
+  report.blocks = {{"statistics", {{"mean_gap", 12.25}, {"draws_per_hit", Absent{"never"}}}}};
+  struct Row {
+    OutputFormat format;
+    const char* text;  ///< ends so
+  };
+  for (const Row& row :
+       {Row{OutputFormat::table, "\"\n\nmean gap       12.25\ndraws per hit  never\n"},
+        {OutputFormat::csv, "\"\n\nname,value\nmean_gap,12.25\ndraws_per_hit,\n"},
+        {OutputFormat::json,
+         "],"
+         "\n  \"statistics\": {\n    \"mean_gap\": 12.25,\n    \"draws_per_hit\": null\n  }\n}\n"},
+        {OutputFormat::jsonl, "}\n{\"kind\":\"statistics\",\"mean_gap\":12.25,\"draws_per_hit\":null}\n"},
+        {OutputFormat::markdown,
+         " |\n\n| name | value |\n| --- | ---: |\n| mean gap | 12.25 |\n| draws per hit | never |\n"}})
+    EXPECT_TRUE(written(report, {row.format}).ends_with(row.text)) << written(report, {row.format});
+}
+
+TEST(Output, NumbersWithAFraction) {
+  struct Row {
+    double number;
+    const char* for_people;
+    const char* for_programs;
+  };
+  for (const Row& row : {Row{0, "0", "0"},
+                         {18, "18", "18"},
+                         {100.0 / 18, "5.55556", "5.555555555555555"},
+                         {99.9999999, "100", "99.9999999"},
+                         {43949268, "43949268", "43949268"},
+                         {2.2753507e-06, "0.00000227535", "2.2753507e-06"},
+                         {-0.5, "-0.5", "-0.5"},
+                         {1234567.5, "1234568", "1234567.5"}}) {
+    EXPECT_EQ(readable_text(row.number), row.for_people);
+    EXPECT_EQ(cell_text(row.number), row.for_programs);
+  }
+}
+
+TEST(Output, AbsentValuesSayWhyToPeopleOnly) {
+  Report report;
+  report.listing = "gaps";
+  report.columns = {"from", "draws"};
+  report.rows = {{"2005-02-09", int64_t{1}}, {Absent{"open"}, Absent{}}};
+  EXPECT_EQ(written(report, {OutputFormat::table}), "from        draws\n2005-02-09      1\nopen\n");
+  EXPECT_EQ(written(report, {OutputFormat::csv}), "from,draws\n2005-02-09,1\n,\n");
 }
 
 TEST(Output, ColourIsForHeadingsOfTables) {

@@ -15,7 +15,7 @@ std::string csv_field(const Cell& cell) {
 
 std::string markdown_field(const Cell& cell) {
   std::string escaped;
-  for (const char c : cell_text(cell)) {
+  for (const char c : readable_text(cell)) {
     if (c == '|' || c == '\\') escaped += '\\';
     escaped += c == '\n' || c == '\r' ? ' ' : c;
   }
@@ -40,6 +40,22 @@ bool is_numeric_column(const Report& report, size_t column) {
                       [&](const auto& row) { return std::holds_alternative<std::string>(row[column]); });
 }
 
+void begin_part(std::string& out) {
+  if (!out.empty()) out += '\n';
+}
+
+void append_csv_facts(std::string& out, const std::vector<Fact>& facts) {
+  begin_part(out);
+  out += "name,value\n";
+  for (const Fact& fact : facts) append_csv_row(out, {Cell(fact.name), fact.value});
+}
+
+void append_markdown_facts(std::string& out, const std::vector<Fact>& facts) {
+  begin_part(out);
+  out += "| name | value |\n| --- | ---: |\n";
+  for (const Fact& fact : facts) append_markdown_row(out, {Cell(spaced(fact.name)), fact.value});
+}
+
 void append_markdown_listing(std::string& out, const Report& report) {
   append_markdown_row(out, names_as_cells(report.columns));
   out += '|';
@@ -50,12 +66,6 @@ void append_markdown_listing(std::string& out, const Report& report) {
 
 }  // namespace
 
-std::string cell_text(const Cell& cell) {
-  if (const auto* number = std::get_if<int64_t>(&cell)) return std::to_string(*number);
-  if (const auto* text = std::get_if<std::string>(&cell)) return *text;
-  return {};
-}
-
 std::string spaced(std::string name) {
   std::replace(name.begin(), name.end(), '_', ' ');
   return name;
@@ -63,22 +73,24 @@ std::string spaced(std::string name) {
 
 std::string report_as_csv(const Report& report) {
   std::string out;
-  if (!report.facts.empty()) out = "name,value\n";
-  for (const Fact& fact : report.facts) append_csv_row(out, {Cell(fact.name), fact.value});
-  if (report.listing.empty()) return out;
-  if (!out.empty()) out += '\n';
-  append_csv_row(out, names_as_cells(report.columns));
-  for (const auto& row : report.rows) append_csv_row(out, row);
+  if (!report.facts.empty()) append_csv_facts(out, report.facts);
+  if (!report.listing.empty()) {
+    begin_part(out);
+    append_csv_row(out, names_as_cells(report.columns));
+    for (const auto& row : report.rows) append_csv_row(out, row);
+  }
+  for (const FactBlock& block : report.blocks) append_csv_facts(out, block.facts);
   return out;
 }
 
 std::string report_as_markdown(const Report& report) {
   std::string out;
-  if (!report.facts.empty()) out = "| name | value |\n| --- | ---: |\n";
-  for (const Fact& fact : report.facts) append_markdown_row(out, {Cell(spaced(fact.name)), fact.value});
-  if (report.listing.empty()) return out;
-  if (!out.empty()) out += '\n';
-  append_markdown_listing(out, report);
+  if (!report.facts.empty()) append_markdown_facts(out, report.facts);
+  if (!report.listing.empty()) {
+    begin_part(out);
+    append_markdown_listing(out, report);
+  }
+  for (const FactBlock& block : report.blocks) append_markdown_facts(out, block.facts);
   return out;
 }
 

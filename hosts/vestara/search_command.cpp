@@ -2,6 +2,7 @@
 #include "hosts/vestara/archive_session.h"
 #include "hosts/vestara/commands.h"
 #include "hosts/vestara/search_question.h"
+#include "hosts/vestara/search_statistics.h"
 #include "vestara/archive/lotto.h"
 
 namespace vestara::host {
@@ -39,12 +40,14 @@ ExitCode run_search(const SearchOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
+  lotto.StatisticsIsActive(options.statistics);
   auto dates = lotto.LoadLottoEstr(options.numbers.text, options.hits, options.wheels.codes, date_bound(options.from),
                                    date_bound(options.to), false, options.wheels.all, options.oldest_first);
   // The library answers with empty values what its connector refused.
   if (!dates || !session.connector()->LastError().empty()) session.fail("the archive cannot be read");
-  const Report report = describe(lotto, *dates);
+  Report report = describe(lotto, *dates);
   session.connector()->CloseRecordset(dates);
+  if (options.statistics) report.blocks.push_back(statistics_block(session, options, *lotto.Statistiche()));
   OutputStyle style = context.style();
   style.table_rows = options.table_rows;
   write_report(context.out, report, style);

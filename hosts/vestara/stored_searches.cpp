@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/coercion.h"
+#include "hosts/vestara/stored_value.h"
 #include "vestara/archive/lotto.h"
 
 namespace vestara::host {
@@ -25,28 +26,10 @@ std::pair<double, double> age(const StoredSearch& search) {
   return {saved ? saved->serial() : std::numeric_limits<double>::lowest(), id};
 }
 
-bool is_absent(const Variant& value) { return value.is_null() || value.is_empty(); }
-
-/// "2005-02-09", with the time of day when there is one; any other value as text, "" for none.
-std::string text_of(const Variant& value) {
-  if (is_absent(value)) return {};
-  const auto* date = value.get_if<automation::Date>();
-  if (!date) return automation::to_text(value);
-  constexpr size_t day_length = 10;
-  return automation::iso_day(*date) + automation::date_to_text(*date).substr(day_length);
-}
-
 /// A date without its time of day, which bounds do not have.
 std::string bound_of(const Variant& value) {
   const auto date = automation::date_in(value);
-  return date ? automation::iso_day(*date) : text_of(value);
-}
-
-Cell cell_of(const Variant& value) {
-  if (is_absent(value)) return {};
-  if (const auto* number = value.get_if<int32_t>()) return int64_t{*number};
-  if (const auto* number = value.get_if<int16_t>()) return int64_t{*number};
-  return text_of(value);
+  return date ? automation::iso_day(*date) : stored_text(value);
 }
 
 }  // namespace
@@ -67,14 +50,14 @@ std::vector<StoredSearch> stored_searches(const ArchiveSession& session, int32_t
 std::vector<std::string> stored_names() { return {"id", "name", "numbers", "hits", "wheels", "from", "to", "saved"}; }
 
 std::vector<Cell> stored_values(const StoredSearch& search) {
-  return {cell_of(search.id),     cell_of(search.name), cell_of(search.numbers), cell_of(search.hits),
-          cell_of(search.wheels), cell_of(search.from), cell_of(search.to),      cell_of(search.saved)};
+  return {stored_cell(search.id),     stored_cell(search.name), stored_cell(search.numbers), stored_cell(search.hits),
+          stored_cell(search.wheels), stored_cell(search.from), stored_cell(search.to),      stored_cell(search.saved)};
 }
 
 SearchWords words_of(const StoredSearch& search) {
-  const std::string wheels = text_of(search.wheels);
-  return {{text_of(search.numbers)},
-          text_of(search.hits),
+  const std::string wheels = stored_text(search.wheels);
+  return {{stored_text(search.numbers)},
+          stored_text(search.hits),
           wheels.empty() ? "all" : wheels,
           bound_of(search.from),
           bound_of(search.to)};

@@ -1,10 +1,13 @@
 #include "hosts/vestara/terminal.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <iostream>
 #include <string_view>
+
+#include "automation/text.h"
 
 namespace vestara::host {
 namespace {
@@ -19,6 +22,23 @@ std::string_view environment(const char* name) {
 bool is_terminal(const std::ostream& stream) {
   if (&stream == &std::cout) return ::isatty(STDOUT_FILENO) == 1;
   if (&stream == &std::cerr) return ::isatty(STDERR_FILENO) == 1;
+  return false;
+}
+
+size_t terminal_columns(const std::ostream& stream) {
+  constexpr size_t usual = 80;
+  struct winsize size {};
+  const int descriptor = &stream == &std::cerr ? STDERR_FILENO : STDOUT_FILENO;
+  if (!is_terminal(stream) || ::ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return usual;
+  return size.ws_col;
+}
+
+bool shows_utf8(const std::ostream& stream) {
+  if (!is_terminal(stream) || environment("TERM") == "dumb") return false;
+  for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const std::string locale = automation::lower_case(environment(name));
+    if (!locale.empty()) return locale.find("utf-8") != std::string::npos || locale.find("utf8") != std::string::npos;
+  }
   return false;
 }
 

@@ -39,6 +39,12 @@ std::vector<std::string> BackEnd::rows(const std::string& statement) {
   return result;
 }
 
+void BackEnd::store(const testing_support::Archive& archive) {
+  ASSERT_TRUE(execute("DELETE FROM storico"));
+  const std::string statement = testing_support::insert_statement(archive);
+  ASSERT_TRUE(statement.empty() || execute(statement)) << connector_->LastError();
+}
+
 std::string BackEnd::one(const std::string& statement) {
   const auto lines = rows(statement);
   return lines.size() == 1 ? lines[0] : std::to_string(lines.size()) + " rows";

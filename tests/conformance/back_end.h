@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "dorvane/connector.h"
+#include "tests/support/random_archive.h"
 #include "tests/support/temporary_folder.h"
 
 namespace conformance {
@@ -27,6 +28,8 @@ class BackEnd : public testing::TestWithParam<Engine> {
   std::vector<std::string> rows(const std::string& statement);
   std::string one(const std::string& statement);
   bool execute(const std::string& statement) { return connector_->ExecuteSql(statement); }
+  /// The archive becomes these draws.
+  void store(const testing_support::Archive& archive);
 
   testing_support::TemporaryFolder folder_;
   automation::Ref<dorvane::DbConnector> connector_;

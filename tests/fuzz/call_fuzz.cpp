@@ -8,7 +8,8 @@
 #include "automation/c_abi/automation.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "tests/fuzz/random.h"
+#include "automation/yield.h"
+#include "tests/support/random.h"
 #include "tests/support/temporary_folder.h"
 #include "vestara/foundation/error_log.h"
 
@@ -18,7 +19,7 @@
 
 namespace {
 
-using fuzz::Random;
+using testing_support::Random;
 
 struct Target {
   au_object* object;
@@ -58,6 +59,23 @@ const std::vector<std::string> texts{
     "s2.numeriTrovati",
     "Index"};
 
+/// Ends what would go on for ever, or fill the memory: the host's own way out.
+class Patience {
+ public:
+  Patience() {
+    automation::set_yield_hook([this] {
+      if (--left_ < 0) throw automation::RunTimeError(automation::unspecified_failure, "the host lost its patience");
+    });
+  }
+  ~Patience() { automation::set_yield_hook({}); }
+  Patience(const Patience&) = delete;
+  Patience& operator=(const Patience&) = delete;
+  void renew() { left_ = 5000; }
+
+ private:
+  int32_t left_ = 0;
+};
+
 class Fuzzer {
  public:
   explicit Fuzzer(uint64_t seed) : random_(seed) { renew(); }
@@ -74,6 +92,7 @@ class Fuzzer {
     std::vector<const char*> names(random_.one_in(4) ? random_.below(arguments.size() + 2) : 0);
     for (const char*& name : names) name = random_.one_in(20) ? nullptr : random_.pick(names_).c_str();
     au_value result{};
+    patience_.renew();
     const au_status status = au_invoke(target.object, random_.pick(target.ids), random_kind(), arguments.data(),
                                        arguments.size(), names.data(), names.size(), &result);
     if (status == AU_OK) ++answered_;
@@ -175,6 +194,7 @@ class Fuzzer {
   }
 
   Random random_;
+  Patience patience_;
   long answered_ = 0;
   std::vector<Target> targets_;
   std::vector<std::string> names_;

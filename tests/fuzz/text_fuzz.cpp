@@ -9,7 +9,7 @@
 #include "dorvane/insert_values.h"
 #include "dorvane/statement.h"
 #include "dorvane/tie_order.h"
-#include "tests/fuzz/random.h"
+#include "tests/support/random.h"
 #include "vestara/archive/history_text.h"
 
 // Random texts through everything that reads text: dates, numbers, code page, update records, statements. Each must
@@ -75,7 +75,7 @@ void check_statement(const std::string& text) {
 
 int main(int argc, char** argv) {
   const long texts = argc > 1 ? std::atol(argv[1]) : 20000;
-  fuzz::Random random(argc > 2 ? static_cast<uint64_t>(std::atoll(argv[2])) : 1);
+  testing_support::Random random(argc > 2 ? static_cast<uint64_t>(std::atoll(argv[2])) : 1);
   for (long i = 0; i < texts; ++i) {
     check_date(random.text(20, "0123456789/-.: T"));
     check_numbers(random.text(12, "0123456789+-.eE x"));

@@ -70,6 +70,22 @@ class CommandLine(unittest.TestCase):
         self.expect(OK, "import", path)
         return path
 
+    def on_terminal(self, *arguments, stream, **variables):
+        """What one of the two streams shows when it is a terminal."""
+        ours, theirs = pty.openpty()
+        streams = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: theirs}
+        with subprocess.Popen([PROGRAM, *map(str, arguments)], env=self.environment | variables, **streams) as process:
+            os.close(theirs)
+            shown = b""
+            try:
+                while block := os.read(ours, 4096):
+                    shown += block
+            except OSError:  # the other side is closed
+                pass
+            self.assertEqual(process.wait(), OK)
+        os.close(ours)
+        return shown
+
 
 class RoundTrip(CommandLine):
     def test_every_form_leads_back_to_the_same_bytes(self):
@@ -336,22 +352,6 @@ class Options(CommandLine):
         self.assertTrue(shown.endswith(b"\r\033[K"), shown)
         self.expect(OK, "import", path)
         self.assertEqual(self.errors, "")
-
-    def on_terminal(self, *arguments, stream, **variables):
-        """What one of the two streams shows when it is a terminal."""
-        ours, theirs = pty.openpty()
-        streams = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: theirs}
-        with subprocess.Popen([PROGRAM, *map(str, arguments)], env=self.environment | variables, **streams) as process:
-            os.close(theirs)
-            shown = b""
-            try:
-                while block := os.read(ours, 4096):
-                    shown += block
-            except OSError:  # the other side is closed
-                pass
-            self.assertEqual(process.wait(), OK)
-        os.close(ours)
-        return shown
 
 
 class Interruption(CommandLine):

@@ -1,6 +1,7 @@
 #include "tests/support/events.h"
 
 #include "automation/coercion.h"
+#include "automation/error.h"
 #include "automation/member.h"
 #include "automation/yield.h"
 
@@ -18,5 +19,12 @@ YieldWriter::YieldWriter(std::vector<std::string>& calls) {
   automation::set_yield_hook([&calls] { calls.push_back("yield"); });
 }
 YieldWriter::~YieldWriter() { automation::set_yield_hook({}); }
+
+ImpatientHost::ImpatientHost(int32_t patience, int32_t error) {
+  automation::set_yield_hook([this, patience, error] {
+    if (++yields_ > patience) throw automation::RunTimeError(error, "interrupted");
+  });
+}
+ImpatientHost::~ImpatientHost() { automation::set_yield_hook({}); }
 
 }  // namespace testing_support

@@ -19,4 +19,17 @@ class YieldWriter {
   YieldWriter& operator=(const YieldWriter&) = delete;
 };
 
+/// Counts yields as long as it lives, and raises an error at each one behind `patience`.
+class ImpatientHost {
+ public:
+  ImpatientHost(int32_t patience, int32_t error);
+  ~ImpatientHost();
+  ImpatientHost(const ImpatientHost&) = delete;
+  ImpatientHost& operator=(const ImpatientHost&) = delete;
+  int32_t yields() const { return yields_; }
+
+ private:
+  int32_t yields_ = 0;
+};
+
 }  // namespace testing_support

@@ -22,7 +22,7 @@ CanonicalWheels::CanonicalWheels() {
   int32_t wheel = 0;
   for (const char* alias : aliases) {
     tables.RuoteAliasByEnum.at(static_cast<size_t>(++wheel)) = alias;
-    tables.RuoteEnumByAlias->add(alias, std::to_string(wheel));
+    tables.RuoteEnumByAlias->add(alias, static_cast<int16_t>(wheel));
   }
 }
 

@@ -65,32 +65,23 @@ cLotto::~cLotto() {
   connector_ = nullptr;
 }
 
-DbConnector& cLotto::connector() const {
-  if (!connector_) throw automation::object_not_set();
-  return *connector_;
-}
+DbConnector& cLotto::connector() const { return required(connector_); }
 
 Ref<DbConnector> cLotto::ActiveConnection() const { throw automation::object_not_set(); }
 
 void cLotto::ActiveConnection(Ref<DbConnector> connector) {
   connector_ = std::move(connector);
-  if (connector_ && connector_->ConnectionState() == connection_open) PreloadRuoteAlias(connector_);
+  preload_if_open(connector_);
 }
 
-void cLotto::Statistiche(const Variant& statistics) {
-  const auto* object = statistics.get_if<Ref<automation::Object>>();
-  const bool fits = object && (!*object || (*object)->description().name == "cStatistiche");
-  if (!fits) throw automation::type_mismatch();
-  statistics_ = *object;
-}
+void cLotto::Statistiche(Ref<cStatistiche> statistics) { statistics_ = std::move(statistics); }
 
 int32_t cLotto::ContaEstrazioniStorico(const Variant& dtDa, const Variant& dtA, int16_t Ruota) {
   return trapped("cLotto.ContaEstrazioniStorico()", -1, [&] {
-    const std::string statement = draw_count_statement({dtDa, dtA, Ruota});
-    Ref<RecordSet> rows = open_rows(connector(), statement);
-    if (!rows) return 0;
-    const int32_t draws = rows->at_end() ? 0 : rows->record_count();
-    connector().CloseRecordset(rows);
+    int32_t draws = 0;
+    walk_rows(connector_, draw_count_statement({dtDa, dtA, Ruota}), [&](RecordSet& rows) {
+      if (!rows.at_end()) draws = rows.record_count();
+    });
     return draws;
   });
 }
@@ -106,11 +97,10 @@ Variant cLotto::GetMinDateStorico() {
 }
 
 Variant cLotto::bound_of_archive(const std::string& statement, std::string_view field) {
-  Ref<RecordSet> rows = open_rows(connector(), statement);
-  if (!rows) return {};
   Variant bound;
-  if (!rows->at_end()) bound = DT_READ(rows->value(rows->column(field)), automation::Null{}, "", Seconds::hidden);
-  connector().CloseRecordset(rows);
+  walk_rows(connector_, statement, [&](RecordSet& rows) {
+    if (!rows.at_end()) bound = DT_READ(rows.value(rows.column(field)), automation::Null{}, "", Seconds::hidden);
+  });
   return bound;
 }
 
@@ -131,9 +121,11 @@ Ref<RecordSet> cLotto::LoadLottoEstr(const std::string& sNum, int16_t combinazio
                                 dtDa,
                                 dtA,
                                 *bTutteLeEstrazioni ? DrawChoice::all_draws : DrawChoice::hits,
-                                bSortASC ? DateOrder::oldest_first : DateOrder::newest_first};
+                                date_order(bSortASC)};
   count_hits(question, passed, sRuote);
-  return hit_dates(question);
+  Ref<RecordSet> dates = hit_dates(question);
+  if (statistics_active_) fill_statistics();
+  return dates;
 }
 
 void cLotto::count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels) {
@@ -150,13 +142,12 @@ void cLotto::count_hits(const SearchQuestion& question, PassedFlags passed, cons
       last_.numbers_played = numbers_in(question.numbers);
       last_.wheels = plain_aliases(question.wheel_items);
     }
-    Ref<RecordSet> rows = open_rows(connector(), counting_statement(question));
-    if (!rows) return;
-    const HitCountTable table = searches ? tally_hits(*rows) : HitCountTable{};
-    last_.hit_rows = rows->record_count();
-    last_.counters = hit_counters(table);
-    if (last_.all_wheels) last_.wheels = wheels;
-    connector().CloseRecordset(rows);
+    walk_rows(connector_, counting_statement(question), [&](RecordSet& rows) {
+      const HitCountTable table = searches ? tally_hits(rows) : HitCountTable{};
+      last_.hit_rows = rows.record_count();
+      last_.counters = hit_counters(table);
+      if (last_.all_wheels) last_.wheels = wheels;
+    });
   });
 }
 
@@ -167,6 +158,34 @@ Ref<RecordSet> cLotto::hit_dates(const SearchQuestion& question) {
     last_.hit_dates = rows ? rows->record_count() : 0;
     return rows;
   });
+}
+
+void cLotto::fill_statistics() {
+  statistics_ = nullptr;
+  if (last_.all_draws) return;
+  LastSearch search = last_;
+  const Ref<cStatistiche> statistics = statistics_ = automation::make<cStatistiche>();
+  const HitCounters& found = search.counters;
+  statistics->ActiveConnection(connector_);
+  statistics->EstrNumeriString(search.numbers);
+  statistics->EstrCombinazione(search.combination);
+  statistics->DataA(search.to);
+  statistics->DataDa(search.from);
+  statistics->EstrNumeriGiocatiQta(search.numbers_played);
+  statistics->EstrContaSortiteTrovate(search.hit_rows);
+  statistics->EstrContaTutteLeEstrazioniSortiteNelleDate(search.hit_dates);
+  statistics->EstrContaCombinazioniTrovate(
+      automation::checked_long(int64_t{found.ambate} + found.ambi + found.terni + found.quaterne + found.cinquine));
+  statistics->EstrContaTutteLeEstrazioniNelleDate(ContaEstrazioniStorico(search.from, search.to, all_wheels));
+  statistics->EstrAmbate(found.ambate);
+  statistics->EstrAmbi(found.ambi);
+  statistics->EstrTerni(found.terni);
+  statistics->EstrQuaterne(found.quaterne);
+  statistics->EstrCinquine(found.cinquine);
+  statistics->EstrRuoteString(search.wheels);
+  // Newest first whatever the order of the search, on purpose.
+  statistics->Distanze()->LoadDistanze(search.numbers, search.combination, search.wheels, search.from, search.to,
+                                       search.all_draws, search.all_wheels, false);
 }
 
 bool cLotto::UpdateTblStorico() {

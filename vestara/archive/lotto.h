@@ -15,6 +15,7 @@
 #include "vestara/archive/search_text.h"
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/wheel_grid.h"
+#include "vestara/statistics/statistics.h"
 
 namespace vestara {
 
@@ -47,9 +48,10 @@ class VESTARA_API cLotto final : public automation::Object {
 
   /// The statistics of the last search that had them switched on; nothing before. Error 13 for a value that is
   /// not a cStatistiche.
-  automation::Ref<automation::Object> Statistiche() const { return statistics_; }
-  void Statistiche(const automation::Variant& statistics);
+  automation::Ref<cStatistiche> Statistiche() const { return statistics_; }
+  void Statistiche(automation::Ref<cStatistiche> statistics);
 
+  /// Whether a search of hits fills Statistiche. That is not trapped: a failure of it ends the search.
   bool StatisticsIsActive() const { return statistics_active_; }
   void StatisticsIsActive(bool active) { statistics_active_ = active; }
 
@@ -145,11 +147,12 @@ class VESTARA_API cLotto final : public automation::Object {
   static std::string format_wheels(const std::string& wheels);
   void count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels);
   automation::Ref<RecordSet> hit_dates(const SearchQuestion& question);
+  void fill_statistics();
   automation::Variant bound_of_archive(const std::string& statement, std::string_view field);
 
   int16_t database_type_ = 2;
   automation::Ref<DbConnector> connector_;
-  automation::Ref<automation::Object> statistics_;
+  automation::Ref<cStatistiche> statistics_;
   std::string update_file_;
   bool statistics_active_ = false;
   LastSearch last_;

@@ -1,4 +1,3 @@
-#include <array>
 #include <string>
 
 #include "automation/coercion.h"
@@ -7,6 +6,7 @@
 #include "vestara/archive/draw_record.h"
 #include "vestara/archive/draw_text.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/foundation/draw_columns.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheels.h"
@@ -23,21 +23,9 @@ namespace {
 /// A draw record counts its positions from 2.
 constexpr int32_t first_position = 2;
 
-/// The columns of a draw's rows, found once.
-struct DrawColumns {
-  explicit DrawColumns(RecordSet& rows)
-      : wheel(rows.column("ruota")),
-        key(rows.column("id")),
-        numbers{rows.column("estr1"), rows.column("estr2"), rows.column("estr3"), rows.column("estr4"),
-                rows.column("estr5")} {}
-  Column wheel;
-  Column key;
-  std::array<Column, drawn_count> numbers;
-};
-
-void add_row(RecordSet& row, const DrawColumns& columns, cEstrazione& draw) {
+void add_row(RecordSet& row, const DrawColumns& columns, Column key_column, cEstrazione& draw) {
   const int32_t wheel = wheel_of(row.text(columns.wheel));
-  const int32_t key = automation::to_long(row.value(columns.key));
+  const int32_t key = automation::to_long(row.value(key_column));
   int32_t position = first_position;
   for (const Column number : columns.numbers)
     draw.AddNumero(wheel, position++, automation::to_text(row.value(number)), key);
@@ -49,7 +37,8 @@ Ref<cEstrazione> read_draw(RecordSet& rows) {
   auto draw = automation::make<cEstrazione>();
   draw->NumeroConcorso(automation::to_integer(rows.value(rows.column("concorsoNumero"))));
   const DrawColumns columns(rows);
-  for (; !rows.at_end(); rows.move_next()) add_row(rows, columns, *draw);
+  const Column key = rows.column("id");
+  for (; !rows.at_end(); rows.move_next()) add_row(rows, columns, key, *draw);
   return draw;
 }
 

@@ -152,7 +152,7 @@ TEST_F(LateBound, AnObjectThatIsNoConnectorRaisesWhenItIsAssigned) {
     static_cast<Object&>(lotto_).call("ActiveConnection", InvokeKind::putref, argument);
     FAIL();
   } catch (const automation::RunTimeError& error) {
-    EXPECT_EQ(error.number(), 438);
+    EXPECT_EQ(error.number(), 13);
   }
 }
 

@@ -77,12 +77,6 @@ TEST_F(LottoTest, PlainPropertiesKeepWhatTheyAreGiven) {
   EXPECT_FALSE(lotto_.Statistiche());
 }
 
-TEST_F(LottoTest, StatisticheOfAnotherClassIsATypeMismatch) {
-  for (const Variant& value : {Variant(5), Variant("x"), Variant(Null{}), Variant(scripted_)})
-    EXPECT_EQ(error_of([&] { lotto_.Statistiche(value); }), 13) << testing::PrintToString(value);
-  EXPECT_FALSE(lotto_.Statistiche());
-}
-
 TEST_F(LottoTest, ReadingTheConnectionFailsAlsoAfterItWasSet) {
   EXPECT_EQ(error_of([&] { lotto_.ActiveConnection(); }), 91);
   connect();

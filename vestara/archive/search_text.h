@@ -7,11 +7,11 @@
 
 #include "automation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/date_order.h"
 
 namespace vestara {
 
 enum class DrawChoice : bool { hits, all_draws };
-enum class DateOrder : bool { newest_first, oldest_first };
 
 /// What a hit search asks for.
 struct SearchQuestion {

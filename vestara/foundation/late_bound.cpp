@@ -128,7 +128,8 @@ class LateBoundConnector final : public DbConnector {
 }  // namespace
 
 Ref<DbConnector> late_bound_connector(const Ref<Object>& object) {
-  return object ? Ref<DbConnector>(automation::make<LateBoundConnector>(object)) : nullptr;
+  const bool is_connector = object && object->id_of("OpenRecordset");
+  return is_connector ? Ref<DbConnector>(automation::make<LateBoundConnector>(object)) : nullptr;
 }
 
 Ref<RecordSet> late_bound_recordset(const Ref<Object>& object) {

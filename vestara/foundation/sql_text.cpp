@@ -17,6 +17,8 @@ namespace {
 using automation::Date;
 using automation::Variant;
 
+constexpr std::string_view or_word = " OR ";
+
 std::string doubled(std::string_view text, char mark) {
   std::string result;
   result.reserve(text.size() + 8);
@@ -94,7 +96,7 @@ Variant SAPEX(Variant& value) {
 }
 
 std::string SqlAnd(std::string_view left, std::string_view right) { return joined(left, " AND ", right); }
-std::string SqlOr(std::string_view left, std::string_view right) { return joined(left, " OR ", right); }
+std::string SqlOr(std::string_view left, std::string_view right) { return joined(left, or_word, right); }
 
 std::string quoted_wheels(std::string_view wheels) {
   std::string list;
@@ -133,6 +135,26 @@ std::string where_clause(std::string_view condition) {
 std::string date_clause(std::string_view prefix, const Variant& bound) {
   if (bound.is_missing() || bound.is_null()) return {};
   return std::string(prefix) + sqlDateTime(bound) + ")";
+}
+
+std::string period_condition(std::string_view column, const Variant& from, const Variant& to) {
+  const std::string prefix = "(" + std::string(column);
+  return SqlAnd(date_clause(prefix + " >=", from), date_clause(prefix + " <=", to));
+}
+
+std::string wheel_terms(std::string_view prefix, std::span<const std::string_view> quoted, std::string_view suffix) {
+  // Appended in place: a list may be long.
+  std::string terms;
+  for (const std::string_view alias : quoted) {
+    if (automation::is_blank(alias)) continue;
+    if (!terms.empty()) terms += or_word;
+    terms.append(prefix).append(alias).append(suffix);
+  }
+  return terms;
+}
+
+std::string in_parentheses(std::string_view condition) {
+  return automation::is_blank(condition) ? std::string() : automation::concatenated({"(", condition, ")"});
 }
 
 }  // namespace vestara

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "automation/export.h"
 #include "automation/variant.h"
@@ -45,5 +45,13 @@ std::string where_clause(std::string_view condition);
 /// "(column>=literal)" written as `prefix` + literal + ")": empty when the bound is missing or Null. A bound that
 /// is no date gives the literal NULL, which no row satisfies.
 std::string date_clause(std::string_view prefix, const automation::Variant& bound);
+/// The clauses of both bounds, joined: "(column >='1945-01-04') AND (column <='1999-12-29')".
+std::string period_condition(std::string_view column, const automation::Variant& from, const automation::Variant& to);
+
+/// One term for every quoted alias that is not blank, joined by " OR ": `prefix` + alias + `suffix`. No parentheses.
+std::string wheel_terms(std::string_view prefix, std::span<const std::string_view> quoted,
+                        std::string_view suffix = {});
+/// "(" + condition + ")", or "" when the condition trims to nothing.
+std::string in_parentheses(std::string_view condition);
 
 }  // namespace vestara

@@ -5,6 +5,7 @@
 #include "tests/support/log_capture.h"
 #include "tests/support/values.h"
 #include "tests/support/wheels.h"
+#include "vestara/foundation/date_order.h"
 
 namespace vestara {
 namespace {
@@ -190,6 +191,47 @@ TEST(DateClause, BoundThatIsNoDateGivesNull) {
               {"Empty", Empty{}, "(dtEstr >=NULL)"},
               {"number", 46341, "(dtEstr >=NULL)"}};
   for (const auto& row : rows) EXPECT_EQ(date_clause("(dtEstr >=", row.bound), row.expected) << row.what;
+}
+
+TEST(PeriodCondition, JoinsTheClausesOfBothBounds) {
+  const struct {
+    const char* what;
+    Variant from, to;
+    const char* expected;
+  } rows[] = {{"none", Missing{}, Null{}, ""},
+              {"from", date, Missing{}, "(sto.dtEstr >='2026-11-15')"},
+              {"to", Null{}, date, "(sto.dtEstr <='2026-11-15')"},
+              {"both", "02/01/2026", date_and_time, "(sto.dtEstr >='2026-01-02') AND (sto.dtEstr <='2026-11-15')"},
+              {"no dates", "", 5, "(sto.dtEstr >=NULL) AND (sto.dtEstr <=NULL)"}};
+  for (const auto& row : rows) EXPECT_EQ(period_condition("sto.dtEstr", row.from, row.to), row.expected) << row.what;
+}
+
+TEST(WheelTerms, OneForEveryWheelThatIsNotBlank) {
+  const struct {
+    const char *what, *prefix;
+    std::vector<std::string_view> quoted;
+    const char *suffix, *expected;
+  } rows[] = {{"none", "ruota=", {}, "", ""},
+              {"one", "ruota=", {"'BA'"}, "", "ruota='BA'"},
+              {"two", "s.ruota=", {"'BA'", "' CA'"}, "", "s.ruota='BA' OR s.ruota=' CA'"},
+              {"an empty wheel is a wheel", "ruota=", {"'BA'", "''"}, "", "ruota='BA' OR ruota=''"},
+              {"blank items are none", "ruota=", {"", "  ", "'BA'", " "}, "", "ruota='BA'"},
+              {"a suffix", "(ruota=", {"'BA'", "'CA'"}, " AND x)", "(ruota='BA' AND x) OR (ruota='CA' AND x)"}};
+  for (const auto& row : rows) EXPECT_EQ(wheel_terms(row.prefix, row.quoted, row.suffix), row.expected) << row.what;
+}
+
+TEST(InParentheses, OnlyWhatIsNotBlank) {
+  EXPECT_EQ(in_parentheses("a=1 OR b=2"), "(a=1 OR b=2)");
+  EXPECT_EQ(in_parentheses(" a "), "( a )");
+  EXPECT_EQ(in_parentheses(""), "");
+  EXPECT_EQ(in_parentheses("   "), "");
+}
+
+TEST(DateOrder, HasItsWord) {
+  EXPECT_EQ(date_order(true), DateOrder::oldest_first);
+  EXPECT_EQ(date_order(false), DateOrder::newest_first);
+  EXPECT_EQ(order_word(DateOrder::oldest_first), "ASC");
+  EXPECT_EQ(order_word(DateOrder::newest_first), "DESC");
 }
 
 }  // namespace

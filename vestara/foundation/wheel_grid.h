@@ -35,6 +35,19 @@ class WheelGrid {
   std::vector<Cell> cells_;
 };
 
+/// One value per wheel 1..11. Error 9 outside.
+template <class Value>
+class PerWheel {
+ public:
+  Value& at(int32_t wheel) {
+    if (wheel < 1 || wheel > wheel_count) throw automation::subscript_out_of_range();
+    return values_[static_cast<size_t>(wheel - 1)];
+  }
+
+ private:
+  std::array<Value, wheel_count> values_{};
+};
+
 inline void FillWheelGridInt(WheelGrid<int16_t>& grid, int16_t value) { grid.fill(value); }
 inline void FillWheelGridSingle(WheelGrid<float>& grid, int16_t value) { grid.fill(static_cast<float>(value)); }
 

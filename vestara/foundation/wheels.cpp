@@ -21,20 +21,42 @@ void read_wheels(RecordSet& rows, WheelTables& tables) {
     const std::string name = automation::to_text(rows.value(alias));
     // The array takes the alias before the collection can refuse it.
     tables.RuoteAliasByEnum[static_cast<size_t>(wheel)] = name;
-    tables.RuoteEnumByAlias->add(name, std::to_string(wheel));
+    tables.RuoteEnumByAlias->add(name, static_cast<int16_t>(wheel));
   }
 }
 
 }  // namespace
 
-void KeyedTexts::add(std::string_view key, std::string item) {
-  if (!items_.emplace(automation::lower_case(key), std::move(item)).second) throw automation::duplicate_key();
+namespace {
+
+/// The bytes of a short alias as one number, so that it is found by comparing numbers.
+uint64_t code_of(std::string_view alias) {
+  uint64_t code = 0;
+  if (alias.size() > sizeof code) return code;
+  for (const char byte : alias) code = code << 8U | static_cast<unsigned char>(byte);
+  return code;
 }
 
-const std::string& KeyedTexts::item(std::string_view key) const {
-  const auto found = items_.find(automation::lower_case(key));
-  if (found == items_.end()) throw automation::invalid_call();
-  return found->second;
+}  // namespace
+
+const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) const {
+  if (const uint64_t code = code_of(alias); code != 0)
+    for (const Entry& entry : entries_)
+      if (entry.code == code && entry.alias.size() == alias.size()) return &entry;
+  for (const Entry& entry : entries_)
+    if (automation::equal_ignoring_case(entry.alias, alias)) return &entry;
+  return nullptr;
+}
+
+void WheelEnumerators::add(std::string_view alias, int16_t wheel) {
+  if (find(alias)) throw automation::duplicate_key();
+  entries_.push_back({code_of(alias), std::string(alias), wheel});
+}
+
+int16_t WheelEnumerators::at(std::string_view alias) const {
+  const Entry* entry = find(alias);
+  if (!entry) throw automation::invalid_call();
+  return entry->wheel;
 }
 
 WheelTables& wheel_tables() {
@@ -50,18 +72,23 @@ const std::string& alias_of(int32_t wheel) {
 int16_t wheel_of(std::string_view alias) {
   const auto& by_alias = wheel_tables().RuoteEnumByAlias;
   if (!by_alias) throw automation::object_not_set();
-  return automation::to_integer(by_alias->item(alias));
+  return by_alias->at(alias);
+}
+
+int32_t wheel_argument(const automation::Variant& wheel) {
+  return automation::is_numeric(wheel) ? automation::to_long(wheel) : wheel_of(automation::to_text(wheel));
 }
 
 bool PreloadRuoteAlias(const automation::Ref<DbConnector>& connector) {
   return trapped("mPrecarica.PreloadRuoteAlias()", false, [&] {
-    if (!connector) throw automation::object_not_set();
-    auto rows = open_rows(*connector, "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote");
-    if (!rows) return false;
-    if (!rows->at_end()) read_wheels(*rows, wheel_tables());
-    connector->CloseRecordset(rows);
-    return true;
+    return walk_rows(connector, "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote", [](RecordSet& rows) {
+      if (!rows.at_end()) read_wheels(rows, wheel_tables());
+    });
   });
+}
+
+void preload_if_open(const automation::Ref<DbConnector>& connector) {
+  if (connector && connector->ConnectionState() == connection_open) PreloadRuoteAlias(connector);
 }
 
 }  // namespace vestara

@@ -65,7 +65,7 @@ TEST_F(WheelsTest, LoadsBothLookUpsWithOneStatement) {
   }
   EXPECT_EQ(alias_of(12), "");
   EXPECT_EQ(wheel_of("ba"), 1);
-  EXPECT_EQ(wheel_tables().RuoteEnumByAlias->item("rN"), "11");
+  EXPECT_EQ(wheel_tables().RuoteEnumByAlias->at("rN"), 11);
   EXPECT_EQ(error_of([] { alias_of(0); }), 9);
   EXPECT_EQ(error_of([] { alias_of(13); }), 9);
   EXPECT_EQ(error_of([] { wheel_of("XX"); }), 5);
@@ -151,15 +151,71 @@ TEST_F(WheelsTest, FailuresOfTheConnector) {
   EXPECT_TRUE(preload_table(testing_support::canonical_wheels()));
 }
 
-TEST(KeyedTexts, KeysIgnoreCase) {
-  KeyedTexts texts;
-  texts.add("BA", "1");
-  EXPECT_EQ(texts.item("ba"), "1");
-  EXPECT_EQ(error_of([&] { texts.add("bA", "2"); }), 457);
-  EXPECT_EQ(texts.item("BA"), "1");
-  EXPECT_EQ(error_of([&] { texts.item("CA"); }), 5);
-  texts.add("", "0");
-  EXPECT_EQ(texts.item(""), "0");
+TEST_F(WheelsTest, WheelArgumentsAreEnumeratorsOrAliases) {
+  const struct {
+    Variant argument;
+    const char* wheel;
+  } rows[] = {{1, "Long 1"},       {static_cast<int16_t>(11), "Long 11"},
+              {3.0, "Long 3"},     {2.5, "Long 2"},
+              {3.5F, "Long 4"},    {"7", "Long 7"},
+              {12, "Long 12"},     {0, "Long 0"},
+              {-1, "Long -1"},     {91, "Long 91"},
+              {"BA", "Long 1"},    {"ba", "Long 1"},
+              {"rN", "Long 11"},   {"XX", "error 5"},
+              {" BA", "error 5"},  {"", "error 5"},
+              {Null{}, "error 94"}};
+  EXPECT_TRUE(preload_table(testing_support::canonical_wheels()));
+  for (const auto& row : rows)
+    EXPECT_EQ(testing_support::outcome([&] { return wheel_argument(row.argument); }), row.wheel)
+        << testing::PrintToString(row.argument);
+  UnloadedWheels::reset();
+  EXPECT_EQ(wheel_argument("7"), 7);
+  EXPECT_EQ(error_of([] { wheel_argument("BA"); }), 91);
+}
+
+TEST_F(WheelsTest, AnAssignedConnectorIsReadWhenItIsOpen) {
+  const struct {
+    const char* what;
+    int32_t state;
+    std::vector<std::string> calls;
+  } rows[] = {
+      {"open",
+       connection_open,
+       {"ConnectionState", "OpenRecordset " + std::string(testing_support::wheels_statement), "CloseRecordset"}},
+      {"closed", 0, {"ConnectionState"}},
+      {"some other state", 2, {"ConnectionState"}}};
+  for (const auto& row : rows) {
+    UnloadedWheels::reset();
+    const auto scripted = make<ScriptedConnector>();
+    scripted->default_answer = testing_support::canonical_wheels();
+    scripted->state = row.state;
+    const auto recorder = make<RecordingConnector>(scripted);
+    preload_if_open(recorder);
+    EXPECT_EQ(recorder->calls, row.calls) << row.what;
+    EXPECT_EQ(alias(1), row.state == connection_open ? "BA" : "") << row.what;
+  }
+  preload_if_open(ConnectorRef());
+  EXPECT_EQ(log_.bytes(), "") << "none is no failure";
+}
+
+TEST(Required, IsTheConnectorOrError91) {
+  const ConnectorRef connector = make<ScriptedConnector>();
+  EXPECT_EQ(&required(connector), connector.get());
+  EXPECT_EQ(error_of([] { required(ConnectorRef()); }), 91);
+}
+
+TEST(WheelEnumerators, AliasesIgnoreCase) {
+  WheelEnumerators wheels;
+  wheels.add("BA", 1);
+  EXPECT_EQ(wheels.at("ba"), 1);
+  EXPECT_EQ(error_of([&] { wheels.add("bA", 2); }), 457);
+  EXPECT_EQ(wheels.at("BA"), 1);
+  EXPECT_EQ(error_of([&] { wheels.at("CA"); }), 5);
+  wheels.add("", 12);
+  EXPECT_EQ(wheels.at(""), 12);
+  wheels.add("a long alias", 3);
+  EXPECT_EQ(wheels.at("A long Alias"), 3);
+  EXPECT_EQ(error_of([&] { wheels.at(std::string_view("\0BA", 3)); }), 5);
 }
 
 TEST(OpenRows, GivesTheRowsOrNothing) {
@@ -193,6 +249,17 @@ TEST(WheelGrid, FillsEveryCellAndReplacesWhatWasThere) {
   means.at(3, 45) = 1.5F;
   EXPECT_EQ(means.at(3, 45), 1.5F);
   EXPECT_EQ(means.at(3, 46), -1.0F);
+}
+
+TEST(PerWheel, HasOneValueForEachWheel) {
+  PerWheel<int32_t> values;
+  for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) {
+    EXPECT_EQ(values.at(wheel), 0);
+    values.at(wheel) = 100 + wheel;
+  }
+  EXPECT_EQ(values.at(1), 101);
+  EXPECT_EQ(values.at(11), 111);
+  for (const int32_t wheel : {0, 12, -1}) EXPECT_EQ(error_of([&] { values.at(wheel); }), 9) << wheel;
 }
 
 }  // namespace

@@ -89,6 +89,9 @@ class Connector(InFolder):
             def ConnectionState(self) -> int:
                 raise ValueError("shut")
 
+            def OpenRecordset(self, rs: Any, sql: str) -> bool:
+                return False
+
         error = self.raises(440, lambda: lotto_on(Shut()))
         self.assertEqual(error.description, "ValueError: shut")
 
@@ -245,7 +248,16 @@ class Members(InFolder):
         class Bytes:
             ConnectionState = b"1"
 
+            def OpenRecordset(self, rs: Any, sql: str) -> bool:
+                return False
+
         self.assertIn("TypeError", self.raises(440, lambda: lotto_on(Bytes())).description)
+
+    def test_what_opens_no_rows_is_no_connector(self) -> None:
+        class Stranger:
+            ConnectionState = 1
+
+        self.raises(13, lambda: lotto_on(Stranger()))
 
     def test_a_value_that_failed_leaves_nothing_behind(self) -> None:
         before = len(_host_objects._live)

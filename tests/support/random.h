@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace fuzz {
+namespace testing_support {
 
 /// The same choices for the same seed, on every platform.
 class Random {
@@ -30,4 +30,4 @@ class Random {
   std::mt19937_64 engine_;
 };
 
-}  // namespace fuzz
+}  // namespace testing_support

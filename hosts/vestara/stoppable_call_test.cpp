@@ -1,0 +1,27 @@
+#include "hosts/vestara/stoppable_call.h"
+
+#include <gtest/gtest.h>
+
+#include "automation/error.h"
+#include "automation/yield.h"
+
+namespace vestara::host {
+namespace {
+
+TEST(StoppableCall, AnInterruptEndsTheLoopThatYields) {
+  int32_t calls = 0;
+  const auto before = automation::set_yield_hook([&] { ++calls; });
+  {
+    const StoppableCall stoppable;
+    EXPECT_NO_THROW(automation::yield_to_host());
+    std::raise(SIGINT);
+    EXPECT_THROW(automation::yield_to_host(), automation::RunTimeError);
+    EXPECT_EQ(calls, 0);
+  }
+  automation::yield_to_host();
+  EXPECT_EQ(calls, 1);
+  automation::set_yield_hook(before);
+}
+
+}  // namespace
+}  // namespace vestara::host

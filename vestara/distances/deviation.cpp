@@ -1,0 +1,51 @@
+#include "vestara/distances/deviation.h"
+
+#include "automation/coercion.h"
+#include "automation/doubles.h"
+#include "automation/error.h"
+
+namespace vestara {
+namespace {
+
+constexpr double least_deviation = 0.1;
+
+struct Sums {
+  double count = 0;
+  double sum = 0;
+  double squares = 0;
+
+  void add(double value) {
+    ++count;
+    sum = automation::finite(sum + value);
+    squares = automation::finite(squares + automation::finite(value * value));
+  }
+  double root_over(double divisor) const {
+    const double residue = squares - automation::quotient(automation::finite(sum * sum), count);
+    return automation::square_root(automation::quotient(residue, divisor));
+  }
+};
+
+Sums sums_of(const automation::Array& array, EmptyElements empty) {
+  Sums sums;
+  for (int32_t i = array.lower(); i <= array.upper(); ++i) {
+    const automation::Variant& element = array.at(i);
+    // The conversion comes first: what does not convert fails the whole call.
+    const double value = automation::to_double(element);
+    const bool skipped = element.is_empty() && empty == EmptyElements::are_skipped;
+    if (automation::is_numeric(element) && !skipped) sums.add(value);
+  }
+  return sums;
+}
+
+}  // namespace
+
+double standard_deviation(const automation::Variant& numbers, Deviation deviation, EmptyElements empty) {
+  const auto* array = numbers.get_if<automation::Array>();
+  if (!array) throw automation::type_mismatch();
+  const Sums sums = sums_of(*array, empty);
+  if (deviation == Deviation::of_sample && sums.count == 1) return least_deviation;
+  const double result = sums.root_over(deviation == Deviation::of_sample ? sums.count - 1 : sums.count);
+  return result == 0 ? least_deviation : result;
+}
+
+}  // namespace vestara

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/wheel_grid.h"
+#include "vestara/frequency/ranking.h"
+
+namespace vestara {
+
+/// In a delay grid: the number did not come out.
+inline constexpr int16_t never_drawn = -1;
+
+/// Sets the delay of every number on every wheel in `delays`, which holds `never_drawn` everywhere: draws of the
+/// wheel, newest first, before the first one that holds it. Stops once every cell is set; yields to the host after
+/// each row. What was set before an error stays.
+///
+/// Returns the successive maxima that the scan met, the last and largest first: no sort of all delays. With fewer than
+/// ten of them the entries behind are (-1, -1, -1), with more zeros; both on purpose.
+Ranking<int16_t> scan_delays(RecordSet& rows, WheelGrid<int16_t>& delays);
+
+}  // namespace vestara

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "automation/export.h"
+
+namespace vestara {
+
+// The sets of numbers that players start a system from, as lists "1,11,21". Nothing is checked against the 90 numbers.
+// Error 6 where a step leaves its range.
+
+inline constexpr std::string_view twins = "11,22,33,44,55,66,77,88";
+inline constexpr std::string_view reversibles = "12,21,13,31,14,41,15,51,16,61,17,71,18,81";
+
+/// Numbers with the same last digit, ten apart, up to 90.
+VESTARA_API std::string same_ending(int16_t first);
+/// Ten numbers, each the sum of the two before; the one behind a term that equals `first` is twice `first`.
+VESTARA_API std::string fibonacci_run(int16_t first);
+/// The ten of 90 ("1,…,9,90"), or eleven numbers from `first` on: one more than ten, on purpose.
+VESTARA_API std::string ten_numbers(int16_t first);
+/// Numbers nine apart, up to 80: the last one of a figure is not always reached, on purpose.
+VESTARA_API std::string same_figure(int16_t first);
+
+}  // namespace vestara

@@ -1,0 +1,126 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "automation/coercion.h"
+#include "automation/int16.h"
+#include "automation/text.h"
+#include "vestara/foundation/query.h"
+#include "vestara/foundation/trap.h"
+#include "vestara/systems/catalogue_text.h"
+#include "vestara/systems/combination_text.h"
+#include "vestara/systems/integral.h"
+#include "vestara/systems/systems.h"
+
+// Saved systems.
+
+namespace vestara {
+
+using automation::Array;
+using automation::InOut;
+using automation::Ref;
+using automation::Variant;
+
+namespace {
+
+std::string joined_lines(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append(line_break);
+  if (!text.empty()) text.resize(text.size() - line_break.size());
+  return text;
+}
+
+/// The stored combinations, positions replaced by the numbers unless there are none or the system holds numbers.
+std::vector<std::string> stored_lines(RecordSet& rows, const std::vector<std::string_view>& numbers) {
+  std::vector<std::string> lines;
+  if (rows.at_end()) return lines;
+  const Column combination = rows.column("combinazione");
+  const Column kind = rows.column("sisTipo");
+  const bool as_stored = numbers.empty() || (!rows.is_null(kind) && rows.text(kind) == "S");
+  for (; !rows.at_end(); rows.move_next()) {
+    const std::string line(rows.text(combination));
+    lines.push_back(as_stored ? line : numbers_at(line, numbers));
+  }
+  rows.move_first();
+  return lines;
+}
+
+}  // namespace
+
+Ref<RecordSet> cSistemi::GetSistemiLista(int32_t idSis, const std::string& sisTipo, const std::string& titolo,
+                                         const std::string& descrizione, int16_t QtaNumeri, int16_t nGiocate,
+                                         int16_t kColonne, int16_t garanzia) const {
+  return trapped("cSistemi.GetSistemiLista()", Ref<RecordSet>(), [&] {
+    return required(connector_)
+        .GetRecordset(
+            system_list_statement({idSis, sisTipo, titolo, descrizione, QtaNumeri, nGiocate, kColonne, garanzia}));
+  });
+}
+
+std::string cSistemi::CombiTextFilter(const std::string& sCombi) const {
+  return std::string(trimmed_to_digits(sCombi));
+}
+
+std::string cSistemi::GetCombiNumbers(const std::string& sCombi) const {
+  return trapped("cSistemi.GetCombiNumbers()", std::string(),
+                 [&] { return distinct_elements(trimmed_to_digits(sCombi)); });
+}
+
+Array cSistemi::GetSisNumsConvert(const std::string& sCombi, const std::string& sNumsNew,
+                                  InOut<std::string> sCombiRes) const {
+  const Array nothing(automation::VariantKind::text, 0, std::vector<Variant>());
+  return trapped("cSistemi.GetSisNumsConvert()", nothing, [&] {
+    sCombiRes->clear();
+    const std::string combinations = CombiTextFilter(sCombi);
+    const std::string old_numbers = GetCombiNumbers(combinations);
+    const std::vector<std::string> lines =
+        converted_lines(combinations, automation::split(old_numbers, ','), automation::split(sNumsNew, ','));
+    *sCombiRes = joined_lines(lines);
+    return Array(automation::VariantKind::text, 0, std::vector<Variant>(lines.begin(), lines.end()));
+  });
+}
+
+Ref<RecordSet> cSistemi::GetSistemaCombi(int32_t lIdSis, const std::string& sNumeri,
+                                         InOut<std::string> sResCombi) const {
+  return trapped("cSistemi.GetSistemaCombi()", Ref<RecordSet>(), [&] {
+    const std::vector<std::string_view> numbers = automation::split(sNumeri, ',');
+    sResCombi->clear();
+    Ref<RecordSet> rows = required(connector_).GetRecordset(system_combinations_statement(lIdSis));
+    if (rows) *sResCombi = joined_lines(stored_lines(*rows, numbers));
+    return rows;
+  });
+}
+
+bool cSistemi::SalvaSistema(InOut<int32_t> idSis, InOut<std::string> sistemaCombi, const std::string& titolo,
+                            const std::string& descrizione, const std::string& numeri, int16_t QtaNumeri,
+                            int16_t kColonne, int16_t nGiocate, int16_t iGaranzia) const {
+  return trapped("cSistemi.SalvaSistema()", false, [&] {
+    *sistemaCombi = CombiTextFilter(*sistemaCombi);
+    const Ref<DbConnector> connector(&required(connector_));
+    const bool removed = *idSis == 0 || (connector->ExecuteSql(edited_system_delete_statement(*idSis)) &&
+                                         connector->ExecuteSql(edited_combinations_delete_statement(*idSis)));
+    if (!removed) return false;
+    *idSis = automation::checked_long(int64_t{connector->GetMaxId("tSistemi", "idSis")} + 1);
+    if (!connector->ExecuteSql(
+            system_insert_statement(*idSis, {titolo, descrizione, numeri, QtaNumeri, nGiocate, kColonne, iGaranzia})))
+      return false;
+    return std::ranges::all_of(automation::split(*sistemaCombi, line_break), [&](std::string_view line) {
+      return connector->ExecuteSql(combination_insert_statement(*idSis, line));
+    });
+  });
+}
+
+bool cSistemi::DelSistema(int32_t lIdSis) const {
+  return trapped("cSistemi.DelSistema()", false, [&] {
+    const Ref<DbConnector> connector(&required(connector_));
+    return connector->ExecuteSql(combinations_delete_statement(lIdSis)) &&
+           connector->ExecuteSql(system_delete_statement(lIdSis));
+  });
+}
+
+bool cSistemi::DelSistemaDetail(int32_t lID) const {
+  return trapped("cSistemi.DelSistemaDetail()", false,
+                 [&] { return required(connector_).ExecuteSql(combinations_delete_statement(lID)); });
+}
+
+}  // namespace vestara
