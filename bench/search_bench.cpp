@@ -11,15 +11,6 @@
 
 namespace {
 
-void step_all(sqlite3* database, const std::string& statement) {
-  sqlite3_stmt* prepared = nullptr;
-  if (sqlite3_prepare_v2(database, statement.c_str(), -1, &prepared, nullptr) != SQLITE_OK)
-    bench::stop(sqlite3_errmsg(database));
-  while (sqlite3_step(prepared) == SQLITE_ROW) {
-  }
-  sqlite3_finalize(prepared);
-}
-
 /// What a plain program does with every row: ask for each value by its type.
 size_t step_and_read(sqlite3* database, const std::string& statement) {
   sqlite3_stmt* prepared = nullptr;
@@ -55,15 +46,9 @@ constexpr std::array<int, 5> list_sizes{1, 2, 5, 10, 20};
 }  // namespace
 
 int main() {
-  const bench::ArchiveFile file("search");
-  const auto connector = bench::open_connector(file.path());
-  if (!connector->CreateSchema()) bench::stop(connector->LastError());
-  connector->BeginTrans();
-  if (!connector->ExecuteSql("DELETE FROM storico")) bench::stop(connector->LastError());
-  for (const std::string& text : bench::insert_texts(bench::archive_tuples()))
-    if (!connector->ExecuteSql(text)) bench::stop(connector->LastError());
-  connector->CommitTrans();
-  sqlite3* const bare = bench::open_bare(file.path());
+  const bench::LoadedArchive archive("search", bench::archive_tuples());
+  const auto& connector = archive.connector();
+  sqlite3* const bare = archive.bare();
 
   vestara::cLotto lotto;
   lotto.ActiveConnection(connector);
@@ -85,8 +70,8 @@ int main() {
       bench::compare(
           "hit search, " + std::to_string(list_sizes[i]) + (all ? " numbers, all wheels" : " numbers, one wheel"), 1.15,
           [&] {
-            step_all(bare, counting);
-            step_all(bare, dates);
+            bench::step_all(bare, counting);
+            bench::step_all(bare, dates);
           },
           [&] {
             if (!lotto.LoadLottoEstr(number_lists[i], hits, wheel)) bench::stop(connector->LastError());
@@ -104,6 +89,5 @@ int main() {
         if (!connector->OpenRecordset(rows, all_rows)) bench::stop(connector->LastError());
         sum += static_cast<size_t>(rows->record_count());
       });
-  sqlite3_close(bare);
   return sum == 0 ? 1 : 0;
 }
