@@ -15,13 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(_WIN32)
-constexpr std::string_view library_prefix;
-constexpr std::string_view library_suffix = ".dll";
-#else
 constexpr std::string_view library_prefix = "lib";
 constexpr std::string_view library_suffix = ".so.1";
-#endif
 constexpr std::string_view class_folder = "automation-classes";
 constexpr std::string_view library_key = "library=";
 

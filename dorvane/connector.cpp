@@ -1,10 +1,10 @@
 #include "dorvane/connector.h"
 
-#include <cstdlib>
 #include <exception>
 #include <utility>
 
 #include "automation/error.h"
+#include "automation/file.h"
 #include "dorvane/connection.h"
 #include "dorvane/sqlite/connection.h"
 
@@ -37,8 +37,7 @@ bool DbConnector::Open(const std::string& url) {
   Close();
   last_error_.clear();
   try {
-    const char* environment = std::getenv("VESTARA_DB");
-    connection_ = open_connection(parse_url(!url.empty() || !environment ? url : environment));
+    connection_ = open_connection(parse_url(url.empty() ? automation::environment_variable("VESTARA_DB") : url));
     return true;
   } catch (const std::exception& error) {
     last_error_ = error.what();

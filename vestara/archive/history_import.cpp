@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "automation/file.h"
 #include "automation/int16.h"
 #include "automation/text.h"
 #include "automation/yield.h"
@@ -67,8 +68,8 @@ using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 /// A missing file is created: hosts rely on finding it afterwards.
 File open_or_create(const std::string& path) {
-  File file(std::fopen(path.c_str(), "rb"), &std::fclose);
-  if (!file && errno == ENOENT) file.reset(std::fopen(path.c_str(), "a+b"));
+  File file(automation::open_file(path, "rb"), &std::fclose);
+  if (!file && errno == ENOENT) file.reset(automation::open_file(path, "a+b"));
   if (!file) throw open_error(errno);
   return file;
 }

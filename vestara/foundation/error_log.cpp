@@ -1,11 +1,11 @@
 #include "vestara/foundation/error_log.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <utility>
 
 #include "automation/date.h"
+#include "automation/file.h"
 #include "automation/shared_object.h"
 #include "automation/text.h"
 
@@ -38,7 +38,7 @@ std::string entry_text(const std::string& label, const automation::RunTimeError&
 }
 
 void append(const std::string& path, const std::string& bytes) {
-  std::FILE* file = std::fopen(path.c_str(), "ab");
+  std::FILE* file = automation::open_file(path, "ab");
   if (!file) return;
   // Without a buffer of its own the stream hands the whole entry over in one write.
   std::setvbuf(file, nullptr, _IONBF, 0);
@@ -52,8 +52,8 @@ void set_log_folder(std::string folder) { chosen_folder() = std::move(folder); }
 
 std::string log_path() {
   if (!chosen_folder().empty()) return chosen_folder() + log_name;
-  const char* environment = std::getenv("VESTARA_LOG_DIR");
-  if (environment && *environment) return std::string(environment) + log_name;
+  const std::string environment = automation::environment_variable("VESTARA_LOG_DIR");
+  if (!environment.empty()) return environment + log_name;
   return automation::shared_object_folder(reinterpret_cast<const void*>(&log_path)) + log_name;
 }
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "automation/member.h"
+
+namespace vestara::idl {
+
+/// How hosts come by an object of a class.
+enum class Origin { by_name, handed_out };
+
+struct SurfaceClass {
+  const automation::ClassDescription* description;
+  Origin origin;
+};
+
+/// The interface definition of a library: an interface for calls by name per class, one more for its events, and the
+/// classes themselves, with the ids of the member rows. Parameters that a member writes back are VARIANTs, the only
+/// type that script hosts can pass by reference.
+std::string idl_text(std::string_view library, std::string_view help, std::span<const SurfaceClass> classes);
+
+}  // namespace vestara::idl
