@@ -14,7 +14,6 @@ using automation::missable;
 using automation::optional;
 using automation::parameter;
 using automation::Ref;
-using automation::Variant;
 using row = automation::Rows<cLotto>;
 
 constexpr std::array members{
