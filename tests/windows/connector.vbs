@@ -145,7 +145,7 @@ Sub T_Raises()
   Set lotto.ActiveConnection = New Broken
   Fails "its own number", 1000
   Set lotto.ActiveConnection = CreateObject("Vestara.cEstrazione")
-  Fails "not a connector", 438
+  Fails "not a connector", 13
 End Sub
 
 On Error Resume Next

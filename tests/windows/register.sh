@@ -15,6 +15,9 @@ keys() {
 if [ "$what" = clean ]; then
   # What an interrupted run left.
   for library in "$@"; do "$wine" regsvr32 /s /u "$library"; done
+  # Wine's script host writes keys of its own when it first runs in a prefix.
+  echo "WScript.Echo 1" >first.vbs
+  "$wine" 'C:\windows\system32\cscript.exe' /nologo "Z:$PWD/first.vbs" >/dev/null 2>&1
 elif [ "$what" = install ]; then
   keys before
   for library in "$@"; do "$wine" regsvr32 /s "$library"; done

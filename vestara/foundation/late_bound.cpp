@@ -128,7 +128,7 @@ class LateBoundConnector final : public DbConnector {
 }  // namespace
 
 Ref<DbConnector> late_bound_connector(const Ref<Object>& object) {
-  const bool is_connector = object && object->id_of("OpenRecordset");
+  const bool is_connector = object && object->id_of("ConnectionState");
   return is_connector ? Ref<DbConnector>(automation::make<LateBoundConnector>(object)) : nullptr;
 }
 

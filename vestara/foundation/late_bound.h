@@ -9,7 +9,7 @@ namespace vestara {
 
 /// Any object with a connector's members (a script's class, another vendor's connector), seen as a connector. What the
 /// object raises, the calls raise. Record sets that it hands out are seen as record sets in the same way, and go back
-/// to the host as the very objects it gave. Nothing for an object that knows no OpenRecordset: it is of another type.
+/// to the host as the very objects it gave. Nothing for an object that knows no ConnectionState: it is of another type.
 automation::Ref<DbConnector> late_bound_connector(const automation::Ref<automation::Object>& object);
 
 /// A host's record set with the classic members: EOF, BOF, Fields(name).Value, MoveFirst, MoveNext, Move, RecordCount.

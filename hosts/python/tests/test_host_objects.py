@@ -89,9 +89,6 @@ class Connector(InFolder):
             def ConnectionState(self) -> int:
                 raise ValueError("shut")
 
-            def OpenRecordset(self, rs: Any, sql: str) -> bool:
-                return False
-
         error = self.raises(440, lambda: lotto_on(Shut()))
         self.assertEqual(error.description, "ValueError: shut")
 
@@ -248,14 +245,12 @@ class Members(InFolder):
         class Bytes:
             ConnectionState = b"1"
 
-            def OpenRecordset(self, rs: Any, sql: str) -> bool:
-                return False
-
         self.assertIn("TypeError", self.raises(440, lambda: lotto_on(Bytes())).description)
 
-    def test_what_opens_no_rows_is_no_connector(self) -> None:
+    def test_what_has_no_state_is_no_connector(self) -> None:
         class Stranger:
-            ConnectionState = 1
+            def OpenRecordset(self, rs: Any, sql: str) -> bool:
+                return False
 
         self.raises(13, lambda: lotto_on(Stranger()))
 
