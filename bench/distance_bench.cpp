@@ -47,6 +47,8 @@ long memory(const char* field) {
 }  // namespace
 
 int main() {
+  // 15 ns a pair, where the bare engine takes 16.5 ms for the archive.
+  constexpr double goal = 1.95;
   const bench::LoadedArchive archive("distance", bench::archive_tuples());
   const automation::Variant none = automation::Missing{};
   const std::string statement = vestara::wheel_draws_statement({none, none, vestara::DateOrder::newest_first}, {});
@@ -65,10 +67,10 @@ int main() {
   const auto load_pairs = [&] {
     if (!distances.LoadDistanze2Ambi("")) bench::stop("refused");
   };
-  bench::compare("number distances, all wheels", 1.25, bare, [&] {
+  bench::compare("number distances, all wheels", goal, bare, [&] {
     if (!distances.LoadDistanze1("")) bench::stop("refused");
   });
-  bench::compare("pair distances, all wheels", 1.40, bare, load_pairs);
+  bench::compare("pair distances, all wheels", goal, bare, load_pairs);
   std::vector<double> above;
   for (int i = 0; i < 15; ++i)
     above.push_back((bench::milliseconds(load_pairs) - bench::milliseconds(bare)) * 1e6 / pairs);
