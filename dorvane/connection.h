@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "automation/ref.h"
 #include "dorvane/url.h"
@@ -35,9 +36,22 @@ class Connection {
 
   /// Creates tables, indexes and wheels that are missing.
   virtual void create_schema() = 0;
+  /// One line for every table, column, index and wheel that is missing.
+  virtual std::vector<std::string> check_schema() = 0;
+
+  /// False once the engine is out of reach: nothing runs any more.
+  virtual bool is_alive() const = 0;
 };
 
-/// Opens the engine that the URL names; the archive itself is not changed.
+/// Opens the engine that the URL names; the archive itself is not changed. Raises RunTimeError when it cannot.
 std::unique_ptr<Connection> open_connection(const Url& url);
+
+/// An engine of this library: it joins by an object of this type in its own folder.
+class Engine {
+ public:
+  using Open = std::unique_ptr<Connection> (*)(const Url& url);
+  /// `example` is a URL that shows the form. All three live as long as the program.
+  Engine(std::string_view scheme, std::string_view example, Open open);
+};
 
 }  // namespace dorvane

@@ -1,22 +1,15 @@
 #include "dorvane/connector.h"
 
 #include <exception>
-#include <utility>
 
 #include "automation/error.h"
 #include "automation/file.h"
 #include "dorvane/connection.h"
-#include "dorvane/sqlite/connection.h"
 
 namespace dorvane {
 
 using automation::Ref;
 using automation::RunTimeError;
-
-std::unique_ptr<Connection> open_connection(const Url& url) {
-  if (url.scheme == "sqlite") return std::make_unique<sqlite::SqliteConnection>(url);
-  throw RunTimeError(5, "unknown database '" + url.scheme + "': it is sqlite, as in 'sqlite:archive.sqlite'");
-}
 
 DbConnector::DbConnector() = default;
 DbConnector::~DbConnector() = default;
@@ -55,7 +48,15 @@ bool DbConnector::CreateSchema() {
   });
 }
 
-int32_t DbConnector::ConnectionState() { return connection_ ? vestara::connection_open : 0; }
+std::string DbConnector::CheckSchema() {
+  return guarded(std::string("the archive cannot be checked"), [&] {
+    std::string lines;
+    for (const std::string& line : connection_->check_schema()) lines.append(lines.empty() ? "" : "\n").append(line);
+    return lines;
+  });
+}
+
+int32_t DbConnector::ConnectionState() { return connection_ && connection_->is_alive() ? vestara::connection_open : 0; }
 
 bool DbConnector::OpenRecordset(Ref<vestara::RecordSet>& rows, std::string_view statement) {
   rows = GetRecordset(statement);

@@ -29,6 +29,7 @@ constexpr std::array members{
     row::read_only<&DbConnector::LastError>(12, "LastError", "Why the last failing call failed."),
     row::method<&DbConnector::CreateSchema>(13, "CreateSchema",
                                             "Creates the tables, indexes and wheels that are missing."),
+    row::method<&DbConnector::CheckSchema>(14, "CheckSchema", "A line for everything that the archive lacks."),
 };
 
 const automation::ClassRegistrar<DbConnector> registrar{"Dorvane.DbConnector"};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "automation/error.h"
 #include "automation/text.h"
 
 namespace dorvane {
@@ -40,6 +41,35 @@ size_t length_to(std::string_view text, std::string_view end, size_t from) {
 
 Token token(TokenKind kind, std::string_view text, size_t length) { return {kind, text.substr(0, length)}; }
 
+bool is_silent(const Token& token) { return token.kind == TokenKind::blank || token.kind == TokenKind::comment; }
+
+bool is_one_of(const Token& token, std::initializer_list<std::string_view> words) {
+  return token.kind == TokenKind::word && std::any_of(words.begin(), words.end(), [&](std::string_view word) {
+           return automation::equal_ignoring_case(token.text, word);
+         });
+}
+
+/// The first token that means something, parentheses left out.
+Token first_word(std::string_view statement) {
+  while (!statement.empty()) {
+    const Token next = next_token(statement);
+    if (!is_silent(next) && next.text != "(") return next;
+    statement.remove_prefix(next.text.size());
+  }
+  return {TokenKind::blank, statement};
+}
+
+bool is_identifier(std::string_view name) {
+  return !name.empty() && next_token(name).kind == TokenKind::word && next_token(name).text.size() == name.size();
+}
+
+automation::RunTimeError not_allowed(std::string_view statement) {
+  constexpr size_t shown = 160;
+  return {5, automation::concatenated({"not authorized; readers run one SELECT, changes one INSERT, UPDATE or DELETE, "
+                                       "transactions have calls of their own; in: ",
+                                       statement.substr(0, shown)})};
+}
+
 }  // namespace
 
 Token next_token(std::string_view text) {
@@ -59,7 +89,7 @@ std::vector<Token> tokens_of(std::string_view statement) {
   std::vector<Token> tokens;
   while (!statement.empty()) {
     const Token next = next_token(statement);
-    if (next.kind != TokenKind::blank && next.kind != TokenKind::comment) tokens.push_back(next);
+    if (!is_silent(next)) tokens.push_back(next);
     statement.remove_prefix(next.text.size());
   }
   return tokens;
@@ -92,6 +122,55 @@ std::string undouble_backslashes(std::string_view statement) {
     }
   }
   return result;
+}
+
+void require_reading(std::string_view statement) {
+  if (!is_one_of(first_word(statement), {"select", "with", "values"})) throw not_allowed(statement);
+  for (const Token& token : tokens_of(statement))
+    if (is_one_of(token, {"insert", "update", "delete", "merge", "into", "create", "alter", "drop", "truncate", "call",
+                          "grant", "revoke", "copy", "load", "lock", "set_config", "setval", "nextval"}))
+      throw not_allowed(statement);
+}
+
+void require_change(std::string_view statement) {
+  if (!is_one_of(first_word(statement), {"insert", "update", "delete", "replace", "with", "select"}) &&
+      !changes_tables(statement))
+    throw not_allowed(statement);
+}
+
+bool changes_tables(std::string_view statement) {
+  return is_one_of(first_word(statement), {"create", "alter", "drop"});
+}
+
+std::string rewrite_like(std::string_view statement, std::string_view like, std::string_view behind) {
+  // Most statements have none, and those of an import are long.
+  constexpr std::string_view word = "like";
+  if (std::search(statement.begin(), statement.end(), word.begin(), word.end(),
+                  [](char c, char w) { return (c | 0x20) == w; }) == statement.end())
+    return std::string(statement);
+  std::string result;
+  result.reserve(statement.size() + like.size() + behind.size());
+  Token before{TokenKind::blank, {}};
+  bool after_like = false;
+  while (!statement.empty()) {
+    const Token next = next_token(statement);
+    statement.remove_prefix(next.text.size());
+    const bool is_like = before.text != "." && is_one_of(next, {"like"});
+    result += is_like ? like : next.text;
+    if (after_like && next.kind == TokenKind::literal && !is_one_of(first_word(statement), {"escape"}))
+      result += behind;
+    if (is_silent(next)) continue;
+    after_like = is_like;
+    before = next;
+  }
+  return result;
+}
+
+std::string largest_value(std::string_view table, std::string_view column) {
+  if (!is_identifier(table) || !is_identifier(column))
+    throw automation::RunTimeError(
+        5, automation::concatenated({"not a table and a column: '", table, "', '", column, "'"}));
+  return automation::concatenated({"SELECT max(", column, ") FROM ", table});
 }
 
 bool empties_the_archive(std::string_view statement) {

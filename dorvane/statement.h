@@ -28,6 +28,20 @@ bool is_trivia(std::string_view text);
 /// The statement with every pair of backslashes inside a literal made one; byte for byte itself when there is none.
 std::string undouble_backslashes(std::string_view statement);
 
+/// Raises RunTimeError 5 unless the statement begins as one that reads and holds no word that could write.
+void require_reading(std::string_view statement);
+/// Raises RunTimeError 5 unless the statement begins as one that changes rows or tables, or reads.
+void require_change(std::string_view statement);
+/// True for CREATE, ALTER and DROP, which some engines keep at once whatever the transaction.
+bool changes_tables(std::string_view statement);
+
+/// The statement with every LIKE, where it is no name, as `like` (which may be a word of the engine's own), and
+/// `behind` put after a pattern that is one literal without an ESCAPE of its own.
+std::string rewrite_like(std::string_view statement, std::string_view like, std::string_view behind);
+
+/// The statement that asks for the largest value of a column. Raises RunTimeError 5 when the two are not plain names.
+std::string largest_value(std::string_view table, std::string_view column);
+
 /// True for "DELETE FROM storico" without a condition, in any case and spacing.
 bool empties_the_archive(std::string_view statement);
 

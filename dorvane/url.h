@@ -10,6 +10,7 @@ namespace dorvane {
 struct Url {
   std::string scheme;
   std::string location;
+  std::string written;  ///< the location before decoding, for those who take it apart first
   std::map<std::string, std::string, std::less<>> options;
 
   /// The value of an option, or `otherwise`.
@@ -18,6 +19,15 @@ struct Url {
 
 /// Raises RunTimeError 5 with the reason when the text is no such URL.
 Url parse_url(std::string_view text);
+
+/// The text with every %XX made a byte. Raises RunTimeError 5 when one is incomplete.
+std::string percent_decoded(std::string_view text);
+
+/// A URL as it may be shown: "user:…@host" without the password.
+std::string without_password(std::string_view url);
+
+/// An option that is a number of milliseconds. Raises RunTimeError 5 when it is none.
+int milliseconds(const Url& url, std::string_view option, std::string_view otherwise);
 
 /// Raises RunTimeError 5 naming every known option when the URL has another one.
 void require_known_options(const Url& url, std::initializer_list<std::string_view> known);

@@ -1,7 +1,6 @@
 #include "dorvane/sqlite/connection.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <utility>
 
@@ -10,6 +9,7 @@
 #include "dorvane/recordset.h"
 #include "dorvane/sqlite/dialect.h"
 #include "dorvane/sqlite/errors.h"
+#include "dorvane/sqlite/like.h"
 #include "dorvane/sqlite/result.h"
 #include "dorvane/statement.h"
 
@@ -30,14 +30,6 @@ int open_flags(std::string_view mode) {
   throw RunTimeError(5, "sqlite: mode is create, rw or ro, not '" + std::string(mode) + "'");
 }
 
-int milliseconds(std::string_view text) {
-  int value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc{} || end != text.data() + text.size() || value < 0)
-    throw RunTimeError(5, "sqlite: timeout is a number of milliseconds, not '" + std::string(text) + "'");
-  return value;
-}
-
 struct Settings {
   int open_flags;
   int timeout;
@@ -50,14 +42,13 @@ Settings settings_of(const Url& url) {
   const std::string durability(url.option("durability", "full"));
   if (durability != "full" && durability != "normal")
     throw RunTimeError(5, "sqlite: durability is full or normal, not '" + durability + "'");
-  return {open_flags(url.option("mode", "create")) | SQLITE_OPEN_NOMUTEX, milliseconds(url.option("timeout", "5000")),
+  return {open_flags(url.option("mode", "create")) | SQLITE_OPEN_NOMUTEX, milliseconds(url, "timeout", "5000"),
           durability};
 }
 
-bool is_identifier(std::string_view name) {
-  const auto tokens = tokens_of(name);
-  return tokens.size() == 1 && tokens[0].kind == TokenKind::word && tokens[0].text.size() == name.size();
-}
+const Engine engine("sqlite", "sqlite:archive.sqlite", [](const Url& url) -> std::unique_ptr<Connection> {
+  return std::make_unique<SqliteConnection>(url);
+});
 
 }  // namespace
 
@@ -65,6 +56,7 @@ SqliteConnection::SqliteConnection(const Url& url) {
   // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
   const Settings settings = settings_of(url);
   open_file(url.location, settings.open_flags);
+  install_like(database_.get());
   sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
   sqlite3_busy_timeout(database_.get(), settings.timeout);
   run("PRAGMA synchronous=" + settings.durability, Permission::anything);
@@ -262,7 +254,7 @@ bool SqliteConnection::owns_indexes() {
 void SqliteConnection::empty_archive(std::string_view statement) {
   if (!owns_indexes()) return run(statement, Permission::change);
   atomically([&] {
-    for (const Index& index : draw_indexes())
+    for (const Creation& index : draw_indexes())
       run("DROP INDEX IF EXISTS " + std::string(index.name), Permission::anything);
     run(statement, Permission::change);
   });
@@ -270,7 +262,7 @@ void SqliteConnection::empty_archive(std::string_view statement) {
 }
 
 void SqliteConnection::create_indexes() {
-  for (const Index& index : draw_indexes()) run(index.create, Permission::anything);
+  for (const Creation& index : draw_indexes()) run(index.statement, Permission::anything);
   run("ANALYZE", Permission::anything);
 }
 
@@ -292,11 +284,9 @@ void SqliteConnection::repair_before_read() {
 
 int32_t SqliteConnection::max_id(std::string_view table, std::string_view column) {
   require_usable();
-  if (!is_identifier(table) || !is_identifier(column))
-    throw RunTimeError(5,
-                       "sqlite: not a table and a column: '" + std::string(table) + "', '" + std::string(column) + "'");
+  const std::string statement = largest_value(table, column);
   repair_before_read();
-  const int64_t largest = single_number("SELECT max(" + std::string(column) + ") FROM " + std::string(table));
+  const int64_t largest = single_number(statement);
   return automation::round_to_long(static_cast<double>(largest));
 }
 
@@ -348,11 +338,37 @@ void SqliteConnection::create_schema() {
   noticing_loss([&] {
     atomically([&] {
       for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
-      run(lasting_index().create, Permission::anything);
+      run(wheels_statement(), Permission::anything);
+      run(lasting_index().statement, Permission::anything);
       create_indexes();
     });
   });
   indexes_owed_ = false;
+}
+
+SchemaFacts SqliteConnection::schema_facts() {
+  SchemaFacts facts;
+  const auto read = [&](std::string_view statement, auto& names) {
+    const Statement prepared = prepare(statement, Permission::anything);
+    while (sqlite3_step(prepared.get()) == SQLITE_ROW)
+      names.insert(reinterpret_cast<const char*>(sqlite3_column_text(prepared.get(), 0)));
+  };
+  read(
+      "SELECT lower(t.name)||'.'||lower(c.name) FROM sqlite_master t, pragma_table_info(t.name) c WHERE t.type IN "
+      "('table','view')",
+      facts.columns);
+  read("SELECT lower(name) FROM sqlite_master WHERE type='index'", facts.indexes);
+  if (facts.columns.contains("ruote.ruotaalias"))
+    read("SELECT ruotaAlias FROM ruote WHERE ruotaAlias IS NOT NULL", facts.wheels);
+  return facts;
+}
+
+std::vector<std::string> SqliteConnection::check_schema() {
+  require_usable();
+  repair_before_read();
+  std::vector<Creation> indexes(draw_indexes().begin(), draw_indexes().end());
+  indexes.push_back(lasting_index());
+  return missing_from(schema_facts(), indexes);
 }
 
 void SqliteConnection::complete_record_sets() noexcept {

@@ -7,6 +7,7 @@
 
 #include "dorvane/connection.h"
 #include "dorvane/insert_values.h"
+#include "dorvane/schema.h"
 #include "dorvane/sqlite/handles.h"
 
 namespace dorvane {
@@ -28,6 +29,8 @@ class SqliteConnection final : public Connection {
   void commit() override;
   void rollback() override;
   void create_schema() override;
+  std::vector<std::string> check_schema() override;
+  bool is_alive() const override { return true; }
 
  private:
   /// What the statement being prepared may do.
@@ -56,6 +59,7 @@ class SqliteConnection final : public Connection {
   void empty_archive(std::string_view statement);
   void rebuild_indexes();
   void create_indexes();
+  SchemaFacts schema_facts();
   void repair_before_read();
 
   void complete_record_sets() noexcept;

@@ -150,7 +150,7 @@ TEST_F(SqliteTest, ClosingPaysForTheIndexesToo) {
 
 TEST_F(SqliteTest, AnArchiveThatLostItsIndexesGetsThemBackWithTheNextImport) {
   const auto connector = created();
-  for (const sqlite::Index& index : sqlite::draw_indexes())
+  for (const Creation& index : sqlite::draw_indexes())
     ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(index.name)));
   EXPECT_EQ(index_count(*connector), "1");
   ASSERT_TRUE(connector->ExecuteSql("DELETE FROM storico"));

@@ -12,7 +12,7 @@ namespace {
 
 // DATE_TEXT has text affinity, which makes date ranges a fifth faster than DATE. The checks are the ranges that
 // the servers' column types have.
-constexpr std::array<std::string_view, 6> tables{
+constexpr std::array<std::string_view, 5> create_tables{
     "CREATE TABLE IF NOT EXISTS storico(id INTEGER PRIMARY KEY, dtEstr DATE_TEXT, ruota TEXT,"
     " estr1 SMALLINT CHECK(estr1 BETWEEN -32768 AND 32767), estr2 SMALLINT CHECK(estr2 BETWEEN -32768 AND 32767),"
     " estr3 SMALLINT CHECK(estr3 BETWEEN -32768 AND 32767), estr4 SMALLINT CHECK(estr4 BETWEEN -32768 AND 32767),"
@@ -24,12 +24,9 @@ constexpr std::array<std::string_view, 6> tables{
     " qtaNumeri SMALLINT, nGiocate SMALLINT, kColonne SMALLINT, garanzia SMALLINT, sisTipo TEXT)",
     "CREATE TABLE IF NOT EXISTS tSistemaDetail(id INTEGER PRIMARY KEY, idSis INTEGER, combinazione TEXT)",
     "CREATE TABLE IF NOT EXISTS ruote(enumeratore INTEGER PRIMARY KEY, enumeratoreBit INTEGER, ruotaAlias TEXT)",
-    "WITH wheel(i,alias) AS (VALUES(1,'BA'),(2,'CA'),(3,'FI'),(4,'GE'),(5,'MI'),(6,'NA'),(7,'PA'),(8,'RM'),(9,'TO'),"
-    "(10,'VE'),(11,'RN')) INSERT INTO ruote(enumeratore,enumeratoreBit,ruotaAlias) SELECT i,1<<(i-1),alias FROM wheel"
-    " WHERE i NOT IN (SELECT enumeratore FROM ruote) AND alias NOT IN (SELECT ruotaAlias FROM ruote) ORDER BY i",
 };
 
-constexpr std::array<Index, 8> indexes{{
+constexpr std::array<Creation, 8> indexes{{
     {"vestara_storico_estr1",
      "CREATE INDEX IF NOT EXISTS vestara_storico_estr1 ON storico(estr1,dtEstr,concorsoNumero,ruota)"},
     {"vestara_storico_estr2",
@@ -66,10 +63,10 @@ TextReading reading_of(std::string_view column_name, const char* declared_type) 
   return says_date || named_date ? TextReading::iso_dates : TextReading::plain;
 }
 
-std::span<const std::string_view> table_statements() { return tables; }
-std::span<const Index> draw_indexes() { return indexes; }
+std::span<const std::string_view> table_statements() { return create_tables; }
+std::span<const Creation> draw_indexes() { return indexes; }
 
-Index lasting_index() {
+Creation lasting_index() {
   return {"vestara_sistema_detail", "CREATE INDEX IF NOT EXISTS vestara_sistema_detail ON tSistemaDetail(idSis)"};
 }
 

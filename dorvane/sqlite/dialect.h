@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "dorvane/column_store.h"
+#include "dorvane/schema.h"
 
 // What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
 
@@ -19,17 +20,13 @@ std::string translate_reading(std::string_view statement);
 /// bears the name of one of the archive's date columns.
 TextReading reading_of(std::string_view column_name, const char* declared_type);
 
-/// Creates the five tables and the eleven wheels where they are missing.
+/// Creates the five tables where they are missing.
 std::span<const std::string_view> table_statements();
 
 /// The indexes of the draw table: the whole set pays, a part of it does not. They are derived data.
-struct Index {
-  std::string_view name;
-  std::string_view create;  ///< IF NOT EXISTS
-};
-std::span<const Index> draw_indexes();
+std::span<const Creation> draw_indexes();
 
 /// An index that the wholesale emptying never touches: its presence says that the set above belongs to the file.
-Index lasting_index();
+Creation lasting_index();
 
 }  // namespace dorvane::sqlite

@@ -1,6 +1,6 @@
 #include "hosts/vestara/archive_session.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
 
 #include "automation/error.h"
@@ -9,14 +9,6 @@
 
 namespace vestara::host {
 namespace {
-
-// Read rather than looked up: an archive that another program made may know its tables in its own way.
-constexpr std::array<std::string_view, 5> probes{
-    "SELECT id,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero FROM storico WHERE id<0",
-    "SELECT idRicerca,descRicerca,numeri,combinazione,ruote,dtSave,dtDa,dtA FROM tRicerche WHERE idRicerca<0",
-    "SELECT idSis,titolo,descrizione,numeri,qtaNumeri,nGiocate,kColonne,garanzia,sisTipo FROM tSistemi WHERE idSis<0",
-    "SELECT id,idSis,combinazione FROM tSistemaDetail WHERE id<0",
-    "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote WHERE enumeratore<0"};
 
 void make_folder(const std::filesystem::path& file) {
   std::error_code error;
@@ -59,11 +51,17 @@ automation::Ref<RecordSet> ArchiveSession::rows(std::string_view statement) cons
 }
 
 bool ArchiveSession::has_tables() const {
-  for (const std::string_view probe : probes) {
-    automation::Ref<RecordSet> rows;
-    if (!connector_->OpenRecordset(rows, probe)) return false;
-    connector_->CloseRecordset(rows);
-  }
+  const auto tables = archive_tables();
+  return std::all_of(tables.begin(), tables.end(), [&](const ArchiveTable& table) { return can_read(table); });
+}
+
+// Read rather than looked up: an archive that another program made may know its tables in its own way.
+bool ArchiveSession::can_read(const ArchiveTable& table) const {
+  automation::Ref<RecordSet> rows;
+  if (!connector_->OpenRecordset(rows,
+                                 "SELECT " + column_list(table) + " FROM " + std::string(table.name) + " WHERE 1=0"))
+    return false;
+  connector_->CloseRecordset(rows);
   return true;
 }
 

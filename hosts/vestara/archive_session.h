@@ -5,6 +5,7 @@
 
 #include "automation/ref.h"
 #include "dorvane/connector.h"
+#include "hosts/vestara/archive_tables.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara::host {
@@ -27,6 +28,8 @@ class ArchiveSession {
   automation::Ref<RecordSet> rows(std::string_view statement) const;
   /// True when all five tables can be read, whoever made them.
   bool has_tables() const;
+  /// True when the table has every column that it should; whoever made it.
+  bool can_read(const ArchiveTable& table) const;
   [[noreturn]] void fail(const std::string& what) const;
 
  private:

@@ -30,11 +30,48 @@ std::string decoded(std::string_view text) {
   return result;
 }
 
-bool names_mode(std::string_view url) {
-  const auto options = automation::split(url.substr(url.find('?') + 1), '&');
-  return std::any_of(options.begin(), options.end(), [](std::string_view option) {
-    return automation::equal_ignoring_case(option.substr(0, option.find('=')), "mode");
-  });
+/// The value of an option as it is written.
+std::optional<std::string_view> option_of(std::string_view url, std::string_view name) {
+  const auto question = url.find('?');
+  if (question == std::string_view::npos) return std::nullopt;
+  for (const std::string_view option : automation::split(url.substr(question + 1), '&')) {
+    const auto equals = option.find('=');
+    if (!automation::equal_ignoring_case(option.substr(0, equals), name)) continue;
+    return equals == std::string_view::npos ? "" : option.substr(equals + 1);
+  }
+  return std::nullopt;
+}
+
+constexpr std::string_view hidden = "…";
+
+/// The options of a URL, "?" included; the values of those that sound like a password hidden.
+std::string shown_options(std::string_view options) {
+  if (options.empty()) return {};
+  std::string shown;
+  for (const std::string_view option : automation::split(options.substr(1), '&')) {
+    const auto equals = std::min(option.find('='), option.size());
+    const std::string name = automation::lower_case(option.substr(0, equals));
+    const bool is_secret = name.find("pass") != std::string::npos || name.find("pwd") != std::string::npos;
+    shown.append(shown.empty() ? "?" : "&").append(option.substr(0, equals));
+    if (equals != option.size()) shown.append("=").append(is_secret ? hidden : option.substr(equals + 1));
+  }
+  return shown;
+}
+
+/// Where a server's archive is, in one spelling; the user does not count.
+std::string place_of(std::string_view url) {
+  const std::string scheme = automation::lower_case(url.substr(0, url.find(':')));
+  std::string_view rest = url.substr(0, url.find('?'));
+  rest.remove_prefix(std::min(rest.find("://") + 3, rest.size()));
+  if (const auto at = rest.rfind('@'); at != std::string_view::npos) rest.remove_prefix(at + 1);
+  const auto slash = std::min(rest.find('/'), rest.size());
+  const std::string database = decoded(rest.substr(slash));
+  if (const auto socket = option_of(url, "socket")) return scheme + " " + decoded(*socket) + " " + database;
+  std::string host = automation::lower_case(rest.substr(0, slash));
+  const std::string usual_port = scheme == "postgresql" ? ":5432" : ":3306";
+  if (host.ends_with(usual_port)) host.resize(host.size() - usual_port.size());
+  if (host.empty() || host == "127.0.0.1" || host == "[::1]") host = "localhost";
+  return scheme + " " + host + " " + database;
 }
 
 }  // namespace
@@ -76,9 +113,36 @@ std::string existing_only(const std::string& url) {
   const bool is_url = url.find(':') != std::string::npos;
   if (!is_url) return url;  // the connector says what is wrong with it
   if (url.find('?') == std::string::npos) return url + "?mode=rw";
-  if (names_mode(url)) return url;
+  if (option_of(url, "mode")) return url;
   return url + (url.back() == '?' || url.back() == '&' ? "mode=rw" : "&mode=rw");
 }
+
+std::string shown_url(std::string_view url) {
+  if (automation::equal_ignoring_case(url.substr(0, 7), "sqlite:")) return std::string(url);
+  const auto scheme = url.find(':');
+  const bool has_slashes = scheme != std::string_view::npos && url.substr(scheme, 3) == "://";
+  const auto colon = has_slashes ? url.find(':', scheme + 3) : scheme;
+  // The last one, wherever it stands: a password may hold any character, also "@" and "?" that should be %XX.
+  const auto at = url.rfind('@');
+  if (at == std::string_view::npos || colon == std::string_view::npos || colon > at) {
+    const auto question = std::min(url.find('?'), url.size());
+    return std::string(url.substr(0, question)) + shown_options(url.substr(question));
+  }
+  const auto question = std::min(url.find('?', at), url.size());
+  return automation::concatenated({url.substr(0, colon + 1), hidden, url.substr(at, question - at)}) +
+         shown_options(url.substr(question));
+}
+
+bool same_archive(const std::string& left, const std::string& right) {
+  const auto left_file = file_of(left);
+  const auto right_file = file_of(right);
+  std::error_code missing;
+  if (left_file && right_file) return std::filesystem::equivalent(*left_file, *right_file, missing);
+  const bool are_servers = left.find("://") != std::string::npos && right.find("://") != std::string::npos;
+  return are_servers && place_of(left) == place_of(right);
+}
+
+bool asks_read_only(std::string_view url) { return option_of(url, "mode").value_or("") == "ro"; }
 
 bool is_usual_archive(const std::string& given) { return given.empty() && environment("VESTARA_DB").empty(); }
 

@@ -20,6 +20,15 @@ std::optional<std::string> file_of(std::string_view url);
 /// The same URL for an archive that must exist already; a mode that it names itself stays.
 std::string existing_only(const std::string& url);
 
+/// The URL as it may be shown: "…" in place of what could be a password.
+std::string shown_url(std::string_view url);
+
+/// True when both name one archive: one file, or one database of one server as far as the URLs tell.
+bool same_archive(const std::string& left, const std::string& right);
+
+/// True when the URL itself rules out changes.
+bool asks_read_only(std::string_view url);
+
 /// The URL that was given, else VESTARA_DB, else the user's own archive.
 std::string archive_url(const std::string& given);
 /// True when `archive_url` comes down to the user's own archive.

@@ -31,6 +31,8 @@ struct RunCommand {
   ExitCode operator()(const TableOptions& options) const { return run_table(options, context); }
   ExitCode operator()(const GapsOptions& options) const { return run_gaps(options, context); }
   ExitCode operator()(const ExportOptions& options) const { return run_export(options, context); }
+  ExitCode operator()(const CopyOptions& options) const { return run_copy(options, context); }
+  ExitCode operator()(const DoctorOptions& options) const { return run_doctor(options, context); }
   ExitCode operator()(const DrawOptions& options) const { return run_draw(options, context); }
   ExitCode operator()(const SavedOptions& options) const { return run_saved(options, context); }
   ExitCode operator()(const SystemOptions& options) const { return run_system(options, context); }

@@ -198,7 +198,8 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
   for (const Row& row : {
            Row{"", 2,
                "vestara: no command was given; commands are import, generate, archive, search, distances, probability, "
-               "combinations, delays, frequencies, table, gaps, export, draw, saved, system, describe, call, register, "
+               "combinations, delays, frequencies, table, gaps, export, copy, doctor, draw, saved, system, describe, "
+               "call, register, "
                "unregister, classes\n"},
            {"serch", 2, "vestara: command \"serch\" is unknown; known are import, "},
            {"search 5 --hit 1", 2, "vestara: option \"--hit\" is unknown here; known are --hits, --wheels, --from, "},
@@ -272,6 +273,8 @@ TEST_F(Cli, HelpShowsAnExample) {
                               "table ",
                               "gaps ",
                               "export ",
+                              "copy ",
+                              "doctor ",
                               "draw ",
                               "draw show ",
                               "draw save ",

@@ -46,6 +46,7 @@ struct Given {
   std::vector<std::string> reads;
   bool dry_run = false;
   bool keep_manual = false;
+  bool replace = false;
   bool ascending = false;
   bool statistics = false;
   bool contest = false;
@@ -102,6 +103,20 @@ void add_export(CLI::App& program, Given& given) {
   app.add_flag("--contest", given.contest, "with the contest number, in CSV");
 }
 
+void add_copy(CLI::App& program, Given& given) {
+  CLI::App& app = add_command(program, "copy", "Make one archive hold what another holds, whatever the engines",
+                              "vestara copy --from sqlite:archive.sqlite --to postgresql://user@host/vestara");
+  value_option(app, "--from", given.from, "URL", "the archive that is read")->required();
+  value_option(app, "--to", given.to, "URL", "the archive that is written; its tables are made where they are missing")
+      ->required();
+  app.add_flag("--replace", given.replace, "put the copy in the place of what the other archive holds");
+}
+
+void add_doctor(CLI::App& program) {
+  add_command(program, "doctor", "Look for what is wrong with the archive; changes nothing",
+              "vestara doctor --db sqlite:archive.sqlite");
+}
+
 void add_describe(CLI::App& program, Given& given) {
   CLI::App& app = add_command(program, "describe", "Show the classes and members that programs call by name",
                               "vestara describe cLotto");
@@ -155,6 +170,8 @@ void describe_program(CLI::App& program, Given& given) {
   add_studies(program, given.study);
   add_number_studies(program, given.numbers);
   add_export(program, given);
+  add_copy(program, given);
+  add_doctor(program);
   add_draw(program, given.draw);
   add_saved(program, given.saved);
   add_system(program, given.systems);
@@ -230,6 +247,10 @@ ExportOptions export_options(const Given& given) {
   return options;
 }
 
+CopyOptions copy_options(const Given& given) {
+  return {given.from, given.to, given.replace ? HeldRows::replace : HeldRows::refuse};
+}
+
 DescribeOptions describe_options(const Given& given) {
   if (given.all && !given.class_name.empty())
     throw Failure(ExitCode::usage, "--all does not go with CLASS; give one of them");
@@ -275,6 +296,8 @@ Command command_of(const CLI::App& program, const Given& given, OutputFormat for
   if (name == "table") return table_options(given.numbers);
   if (name == "gaps") return gaps_options(given.numbers, format);
   if (name == "export") return export_options(given);
+  if (name == "copy") return copy_options(given);
+  if (name == "doctor") return DoctorOptions{};
   if (name == "draw") return draw_options(inner, given.draw);
   if (name == "saved") return saved_options(inner, given.saved);
   if (name == "system") return system_options(inner, given.systems);

@@ -18,12 +18,12 @@ struct Outcome {
   std::string err;
 };
 
-/// Arguments between blanks; "@" stands for the folder.
+/// Arguments between blanks; "@/" stands for the folder.
 inline Outcome run_in_process(std::string_view line, const std::string& folder) {
   std::vector<std::string> words{"vestara"};
   for (const std::string_view word : automation::split(line, ' ')) {
     words.emplace_back(word);
-    if (const auto place = words.back().find('@'); place != std::string::npos) words.back().replace(place, 1, folder);
+    if (const auto place = words.back().find("@/"); place != std::string::npos) words.back().replace(place, 1, folder);
   }
   std::vector<const char*> arguments;
   arguments.reserve(words.size());

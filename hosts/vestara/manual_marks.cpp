@@ -48,13 +48,18 @@ bool ManualMarks::holds(int32_t day) const {
   return std::binary_search(marked.begin(), marked.end(), day);
 }
 
-void ManualMarks::add(int32_t day) {
-  const auto execute = [&](const std::string& statement) {
-    if (!session_.connector()->ExecuteSql(statement)) session_.fail("the draw cannot be marked as entered by hand");
-  };
+void ManualMarks::make_table() {
   if (!has_table_) execute("CREATE TABLE IF NOT EXISTS vestara_manual_draws(dtEstr DATE NOT NULL PRIMARY KEY)");
   has_table_ = true;
+}
+
+void ManualMarks::add(int32_t day) {
+  make_table();
   execute("INSERT INTO vestara_manual_draws(dtEstr)VALUES(" + day_literal(day) + ")");
+}
+
+void ManualMarks::execute(const std::string& statement) const {
+  if (!session_.connector()->ExecuteSql(statement)) session_.fail("the draw cannot be marked as entered by hand");
 }
 
 bool ManualMarks::remove(int32_t day) const {

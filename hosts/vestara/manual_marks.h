@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "hosts/vestara/archive_session.h"
@@ -14,6 +15,9 @@ class ManualMarks {
   /// Failure (database) when the archive cannot be read.
   explicit ManualMarks(const ArchiveSession& session);
 
+  bool has_table() const { return has_table_; }
+  /// Makes the table where it is missing. Outside a transaction. Failure (database).
+  void make_table();
   /// Sorted; none without the table.
   std::vector<int32_t> days() const;
   bool holds(int32_t day) const;
@@ -23,6 +27,8 @@ class ManualMarks {
   bool remove(int32_t day) const;
 
  private:
+  void execute(const std::string& statement) const;
+
   const ArchiveSession& session_;
   bool has_table_;
 };

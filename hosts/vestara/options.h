@@ -11,6 +11,7 @@
 
 #include "automation/object.h"
 #include "automation/registration.h"
+#include "hosts/vestara/archive_copy.h"
 #include "hosts/vestara/confirmation.h"
 #include "hosts/vestara/draw_file.h"
 #include "hosts/vestara/draw_file_writer.h"
@@ -75,6 +76,14 @@ struct ExportOptions {
   DrawFormat format = DrawFormat::csv;
   ContestColumn contest = ContestColumn::absent;
 };
+
+struct CopyOptions {
+  std::string from;  ///< URLs
+  std::string to;
+  HeldRows held = HeldRows::refuse;
+};
+
+struct DoctorOptions {};
 
 struct DrawShowOptions {
   std::optional<int32_t> day;
@@ -143,8 +152,8 @@ struct TextWanted {
 using Command =
     std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, DistancesOptions,
                  ProbabilityOptions, CombinationsOptions, DelaysOptions, FrequenciesOptions, TableOptions, GapsOptions,
-                 ExportOptions, DrawOptions, SavedOptions, SystemOptions, DescribeOptions, CallOptions, RegisterOptions,
-                 UnregisterOptions, ClassesOptions>;
+                 ExportOptions, CopyOptions, DoctorOptions, DrawOptions, SavedOptions, SystemOptions, DescribeOptions,
+                 CallOptions, RegisterOptions, UnregisterOptions, ClassesOptions>;
 
 struct Options {
   std::string database;  ///< URL; empty for the usual archive

@@ -1,6 +1,7 @@
 #include "tests/conformance/back_end.h"
 
 #include "automation/coercion.h"
+#include "automation/file.h"
 
 namespace conformance {
 
@@ -11,15 +12,47 @@ std::string engine_name(const testing::TestParamInfo<Engine>& info) {
   switch (info.param) {
     case Engine::sqlite:
       return "Sqlite";
+    case Engine::postgresql:
+      return "Postgresql";
+    case Engine::mariadb:
+      return "Mariadb";
   }
   return "Unknown";
 }
 
-BackEnd::BackEnd() : connector_(another()) { EXPECT_TRUE(connector_->CreateSchema()) << connector_->LastError(); }
+namespace {
+
+const char* variable_of(Engine engine) {
+  return engine == Engine::postgresql ? "VESTARA_TEST_POSTGRESQL" : "VESTARA_TEST_MARIADB";
+}
+
+void drop_tables(dorvane::DbConnector& connector) {
+  for (const char* table : {"storico", "tRicerche", "tSistemi", "tSistemaDetail", "ruote"})
+    EXPECT_TRUE(connector.ExecuteSql(std::string("DROP TABLE IF EXISTS ") + table)) << connector.LastError();
+}
+
+}  // namespace
+
+BackEnd::BackEnd()
+    : url_(GetParam() == Engine::sqlite ? "sqlite:" + folder_.path_to("archive.sqlite")
+                                        : automation::environment_variable(variable_of(GetParam()))),
+      connector_(automation::make<dorvane::DbConnector>()) {
+  if (url_.empty()) return;
+  connector_ = another();
+  if (GetParam() != Engine::sqlite) drop_tables(*connector_);
+  EXPECT_TRUE(connector_->CreateSchema()) << connector_->LastError();
+}
+
+void BackEnd::SetUp() {
+  if (!url_.empty()) return;
+  const std::string missing = std::string("no server: ") + variable_of(GetParam()) + " is not set";
+  if (automation::environment_variable("VESTARA_TEST_SERVERS") == "required") FAIL() << missing;
+  GTEST_SKIP() << missing;
+}
 
 Ref<dorvane::DbConnector> BackEnd::another() const {
   auto connector = automation::make<dorvane::DbConnector>();
-  EXPECT_TRUE(connector->Open("sqlite:" + folder_.path_to("archive.sqlite"))) << connector->LastError();
+  EXPECT_TRUE(connector->Open(url_)) << connector->LastError();
   return connector;
 }
 

@@ -45,7 +45,7 @@ class DrawsTest : public BackEnd {
   vestara::cLotto lotto_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, DrawsTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, DrawsTest, engines(), engine_name);
 
 TEST_P(DrawsTest, ASavedDrawComesBackWhole) {
   ASSERT_TRUE(save(day(2005, 2, 9), 17, 30));

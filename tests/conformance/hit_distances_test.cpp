@@ -33,7 +33,7 @@ class GapsTest : public BackEnd {
   vestara::cDistanze gaps_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, GapsTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, GapsTest, engines(), engine_name);
 
 template <class Piece>
 std::string joined(const std::vector<Piece>& pieces) {
@@ -97,7 +97,7 @@ GapQuery random_query(testing_support::Random& random, const Archive& archive, i
 TEST_P(GapsTest, AThousandArchivesAgreeWithTheOracle) {
   GapFigures figures;
   size_t items_seen = 0;
-  for (uint64_t seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
+  for (uint64_t seed = 1; seed <= seeds() && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     testing_support::Random random(seed);
     const auto shape = testing_support::random_shape(random);
@@ -107,6 +107,7 @@ TEST_P(GapsTest, AThousandArchivesAgreeWithTheOracle) {
     for (const bool ascending : {false, true}) {
       query.ascending = ascending;
       load(gaps_, query);
+      if (query.numbers.empty() && !takes_empty_lists()) continue;
       const Items expected = testing_support::gaps_of(archive, query);
       ASSERT_EQ(without_ties(items_of(gaps_)), without_ties(expected));
       if (!expected.empty()) figures = testing_support::figures_of(expected);
@@ -115,7 +116,7 @@ TEST_P(GapsTest, AThousandArchivesAgreeWithTheOracle) {
       items_seen += expected.size();
     }
   }
-  EXPECT_GT(items_seen, 15000U) << "the archives hold something to compare";
+  EXPECT_GT(items_seen, 15000 * seeds() / 1000) << "the archives hold something to compare";
   EXPECT_EQ(log_.bytes(), "");
 }
 
@@ -133,7 +134,7 @@ class GapCasesTest : public GapsTest {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, GapCasesTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, GapCasesTest, engines(), engine_name);
 
 TEST_P(GapCasesTest, Cases) {
   const auto trailing = [](int32_t draws, const Variant& earlier, const Variant& later) {
@@ -195,6 +196,10 @@ TEST_P(GapCasesTest, Cases) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
     gaps_.LoadDistanze(row.numbers, row.least_hits, row.wheels, row.from, row.to, false, false, row.ascending);
+    if (*row.numbers == '\0' && !takes_empty_lists()) {
+      EXPECT_EQ(gaps_.ItemCount(), 0);
+      continue;
+    }
     EXPECT_EQ(items_of(gaps_), row.items);
     if (!row.items.empty()) figures = testing_support::figures_of(row.items);
     EXPECT_EQ(figures_of(gaps_), figures);

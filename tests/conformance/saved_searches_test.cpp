@@ -35,7 +35,7 @@ class SavedSearchesTest : public BackEnd {
   vestara::cLotto lotto_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, SavedSearchesTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, SavedSearchesTest, engines(), engine_name);
 
 TEST_P(SavedSearchesTest, SaveListUpdateDelete) {
   EXPECT_EQ(listed(-1, "idRicerca"), std::vector<Variant>{});

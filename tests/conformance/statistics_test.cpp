@@ -25,7 +25,7 @@ class SearchStatisticsTest : public BackEnd {
   vestara::cLotto lotto_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, SearchStatisticsTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, SearchStatisticsTest, engines(), engine_name);
 
 TEST_P(SearchStatisticsTest, OfASearchInARandomArchive) {
   testing_support::Random random(7);

@@ -41,7 +41,7 @@ class SystemsTest : public BackEnd {
   vestara::cSistemi systems_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, SystemsTest, testing::Values(Engine::sqlite), engine_name);
+INSTANTIATE_TEST_SUITE_P(Engines, SystemsTest, engines(), engine_name);
 
 TEST_P(SystemsTest, SaveListReadConvertRemove) {
   EXPECT_EQ(titles(systems_.GetSistemiLista()), Lines{});

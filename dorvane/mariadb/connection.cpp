@@ -1,0 +1,158 @@
+#include "dorvane/mariadb/connection.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "automation/text.h"
+#include "dorvane/mariadb/dialect.h"
+#include "dorvane/mariadb/errors.h"
+#include "dorvane/mariadb/result.h"
+#include "dorvane/result_names.h"
+
+namespace dorvane::mariadb {
+
+using automation::concatenated;
+using automation::RunTimeError;
+
+namespace {
+
+const Engine engine("mariadb", "mariadb://user@host/database", [](const Url& url) -> std::unique_ptr<Connection> {
+  return std::make_unique<MariadbConnection>(server_settings(url));
+});
+
+/// From here on a table that is filled anew inside a transaction gets low keys again: 32 bits are many imports, not
+/// endlessly many.
+constexpr int32_t high_key = 1 << 30;
+
+const char* or_null(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
+
+unsigned seconds(int milliseconds) { return static_cast<unsigned>(std::max(1, (milliseconds + 999) / 1000)); }
+
+unsigned port_of(const std::string& text) {
+  unsigned port = 0;
+  std::from_chars(text.data(), text.data() + text.size(), port);
+  return port;
+}
+
+void set_tls(MYSQL* session, const ServerSettings& settings) {
+  my_bool on = 1, off = 0;
+  mysql_optionsv(session, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, settings.tls == "verify" ? &on : &off);
+  if (settings.tls == "disable") return;
+  if (!settings.tls_ca.empty()) mysql_optionsv(session, MYSQL_OPT_SSL_CA, settings.tls_ca.c_str());
+  if (settings.tls != "prefer") mysql_optionsv(session, MYSQL_OPT_SSL_ENFORCE, &on);
+}
+
+/// What the URL leaves out comes from the client's option files and variables.
+Session opened(const ServerSettings& settings) {
+  Session session(mysql_init(nullptr));
+  if (!session) throw automation::out_of_memory();
+  MYSQL* const client = session.get();
+  mysql_optionsv(client, MYSQL_READ_DEFAULT_GROUP, "client");
+  const unsigned wait = seconds(settings.timeout);
+  mysql_optionsv(client, MYSQL_OPT_CONNECT_TIMEOUT, &wait);
+  // A server that vanished without a word is noticed a while after its own limit ran out.
+  const unsigned silence = settings.statement_timeout == 0 ? 0 : seconds(settings.statement_timeout) + 30;
+  mysql_optionsv(client, MYSQL_OPT_READ_TIMEOUT, &silence);
+  mysql_optionsv(client, MYSQL_OPT_WRITE_TIMEOUT, &silence);
+  mysql_optionsv(client, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  const my_bool off = 0;
+  mysql_optionsv(client, MYSQL_OPT_RECONNECT, &off);
+  const unsigned no_files = 0;
+  mysql_optionsv(client, MYSQL_OPT_LOCAL_INFILE, &no_files);
+  set_tls(client, settings);
+  const ServerAddress& address = settings.address;
+  if (!mysql_real_connect(client, or_null(address.host), or_null(address.user), or_null(address.password),
+                          address.database.c_str(), port_of(address.port), or_null(settings.socket), 0))
+    throw last_failure(client);
+  return session;
+}
+
+}  // namespace
+
+MariadbConnection::MariadbConnection(const ServerSettings& settings)
+    : ServerConnection(settings.read_only ? Access::read_only : Access::read_write), session_(opened(settings)) {
+  run("SET NAMES utf8mb4 COLLATE utf8mb4_nopad_bin");
+  run("SET SESSION sql_mode='NO_BACKSLASH_ESCAPES,ANSI_QUOTES,PIPES_AS_CONCAT,STRICT_ALL_TABLES,NO_ZERO_DATE,"
+      "NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION'");
+  run("SET SESSION autocommit=1");
+  run("SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED");
+  run("SET SESSION TRANSACTION READ ONLY");
+  run(concatenated({"SET SESSION innodb_lock_wait_timeout=", std::to_string(seconds(settings.timeout))}));
+  run(concatenated({"SET SESSION lock_wait_timeout=", std::to_string(seconds(settings.timeout))}));
+  // Faster for statements like ours, or not every server's; without the first, large joins sort their rows in pieces.
+  prefer("SET SESSION sort_buffer_size=268435456");
+  prefer(concatenated({"SET SESSION max_statement_time=", std::to_string(settings.statement_timeout / 1000), ".",
+                       std::to_string(1000 + settings.statement_timeout % 1000).substr(1)}));
+}
+
+void MariadbConnection::prefer(std::string_view setting) {
+  try {
+    run(setting);
+  } catch (const ServerError&) {
+    if (!is_alive()) throw;
+  }
+}
+
+Result MariadbConnection::answer(std::string_view statement) {
+  if (statement.find_first_not_of(" \t\r\n") == std::string_view::npos)
+    throw RunTimeError(5, "mariadb: the statement is empty");
+  MYSQL* const client = session_.get();
+  Result result;
+  if (mysql_real_query(client, statement.data(), static_cast<unsigned long>(statement.size())) == 0)
+    result.reset(mysql_store_result(client));
+  if (mysql_errno(client) == 0) return result;
+  const ServerError failure = last_failure(client, statement);
+  transaction_taken_ = transaction_taken_ || took_the_transaction(mysql_errno(client));
+  alive_ = alive_ && failure.refusal() != Refusal::connection;
+  throw failure;
+}
+
+void MariadbConnection::run(std::string_view statement) {
+  if (statement == "START TRANSACTION READ WRITE") transaction_taken_ = false;
+  answer(statement);
+}
+
+ServerRows MariadbConnection::rows(std::string_view statement) {
+  Result result = answer(statement);
+  if (!result) throw RunTimeError(5, concatenated({"mariadb: the statement returns no rows: ", statement}));
+  ServerRows answer;
+  for (std::string& name : result_names(statement, names_of(result.get())))
+    answer.headers.push_back({std::move(name), reading_of(result.get(), answer.headers.size())});
+  answer.source = std::make_unique<Rows>(std::move(result));
+  return answer;
+}
+
+std::string MariadbConnection::translate(std::string_view statement) const { return mariadb::translate(statement); }
+std::string MariadbConnection::translate_reading(std::string_view statement) const {
+  return mariadb::translate_reading(statement);
+}
+void MariadbConnection::require_plain(std::string_view statement) const { mariadb::require_plain(statement); }
+std::span<const Creation> MariadbConnection::table_creations() const { return mariadb::table_creations(); }
+std::span<const Creation> MariadbConnection::index_creations() const { return mariadb::index_creations(); }
+std::string_view MariadbConnection::column_facts() const { return mariadb::column_facts(); }
+std::string_view MariadbConnection::index_facts() const { return mariadb::index_facts(); }
+
+/// Such a statement ends a transaction before it begins, so the session itself must let it through.
+void MariadbConnection::define(std::string_view statement) {
+  run("SET SESSION TRANSACTION READ WRITE");
+  try {
+    run(statement);
+  } catch (...) {
+    if (is_alive()) run("SET SESSION TRANSACTION READ ONLY");
+    throw;
+  }
+  run("SET SESSION TRANSACTION READ ONLY");
+}
+
+/// The counter of keys cannot be set back while the old rows may return; the new rows' keys can.
+void MariadbConnection::before_keeping_refilled() {
+  const int32_t lowest = single_number("SELECT min(id) FROM storico");
+  if (lowest < high_key) return;
+  run(concatenated({"UPDATE storico SET id=id-", std::to_string(lowest - 1), " ORDER BY id"}));
+}
+
+/// Sets the next key behind the largest there is, whatever number is given.
+void MariadbConnection::after_refilling() { define("ALTER TABLE storico AUTO_INCREMENT=1"); }
+
+}  // namespace dorvane::mariadb

@@ -1,0 +1,109 @@
+#include "dorvane/mariadb/dialect.h"
+
+#include <array>
+
+#include "automation/error.h"
+#include "dorvane/statement.h"
+#include "dorvane/tie_order.h"
+
+namespace dorvane::mariadb {
+namespace {
+
+using Creations = std::span<const Creation>;
+
+// Texts compare byte by byte and blank for blank, as they do elsewhere. Only transactional storage will do.
+constexpr std::array<Creation, 5> create_tables{{
+    {"storico",
+     "CREATE TABLE IF NOT EXISTS storico(id INT NOT NULL AUTO_INCREMENT PRIMARY KEY, dtEstr DATE,"
+     " ruota VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin, estr1 SMALLINT, estr2 SMALLINT, estr3 SMALLINT,"
+     " estr4 SMALLINT, estr5 SMALLINT, concorsoNumero INT) ENGINE=InnoDB"},
+    {"tRicerche",
+     "CREATE TABLE IF NOT EXISTS tricerche(idRicerca INT NOT NULL AUTO_INCREMENT PRIMARY KEY, descRicerca MEDIUMTEXT,"
+     " numeri MEDIUMTEXT, combinazione SMALLINT, ruote MEDIUMTEXT, dtSave DATETIME, dtDa DATETIME, dtA DATETIME)"
+     " ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
+    {"tSistemi",
+     "CREATE TABLE IF NOT EXISTS tsistemi(idSis INT NOT NULL AUTO_INCREMENT PRIMARY KEY, titolo MEDIUMTEXT,"
+     " descrizione MEDIUMTEXT, numeri MEDIUMTEXT, qtaNumeri SMALLINT, nGiocate SMALLINT, kColonne SMALLINT,"
+     " garanzia SMALLINT, sisTipo MEDIUMTEXT) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
+    {"tSistemaDetail",
+     "CREATE TABLE IF NOT EXISTS tsistemadetail(id INT NOT NULL AUTO_INCREMENT PRIMARY KEY, idSis INT,"
+     " combinazione MEDIUMTEXT) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
+    {"ruote",
+     "CREATE TABLE IF NOT EXISTS ruote(enumeratore INT NOT NULL PRIMARY KEY, enumeratoreBit INT,"
+     " ruotaAlias VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin) ENGINE=InnoDB"},
+}};
+
+constexpr std::array<Creation, 9> create_indexes{{
+    {"vestara_storico_estr1",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_estr1 ON storico(estr1,dtEstr,concorsoNumero,ruota)"},
+    {"vestara_storico_estr2",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_estr2 ON storico(estr2,dtEstr,concorsoNumero,ruota)"},
+    {"vestara_storico_estr3",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_estr3 ON storico(estr3,dtEstr,concorsoNumero,ruota)"},
+    {"vestara_storico_estr4",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_estr4 ON storico(estr4,dtEstr,concorsoNumero,ruota)"},
+    {"vestara_storico_estr5",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_estr5 ON storico(estr5,dtEstr,concorsoNumero,ruota)"},
+    {"vestara_storico_rows",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_rows ON"
+     " storico(dtEstr DESC,id,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero)"},
+    {"vestara_storico_wheel",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_wheel ON storico(ruota,dtEstr,estr1,estr2,estr3,estr4,estr5)"},
+    {"vestara_storico_draws",
+     "CREATE INDEX IF NOT EXISTS vestara_storico_draws ON storico(dtEstr DESC,concorsoNumero)"},
+    {"vestara_sistema_detail", "CREATE INDEX IF NOT EXISTS vestara_sistema_detail ON tsistemadetail(idSis)"},
+}};
+
+/// Lower case outside literals, quoted names and comments.
+std::string fold_names(std::string_view statement) {
+  std::string result;
+  result.reserve(statement.size());
+  while (!statement.empty()) {
+    const char c = statement.front();
+    const bool opens = c == '\'' || c == '"' || c == '`' || c == '-' || c == '/';
+    if (!opens) {
+      result += c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+      statement.remove_prefix(1);
+      continue;
+    }
+    const Token whole = next_token(statement);
+    result += whole.text;
+    statement.remove_prefix(whole.text.size());
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string translate(std::string_view statement) {
+  // The backslash escapes in patterns whatever the session's mode, and "no character" is not taken: one that nobody
+  // writes takes its place.
+  constexpr std::string_view no_escape = " collate utf8mb4_uca1400_as_ci escape '\x01'";
+  return rewrite_like(undouble_backslashes(fold_names(statement)), "like", no_escape);
+}
+
+std::string translate_reading(std::string_view statement) { return with_tie_order(translate(statement)); }
+
+void require_plain(std::string_view statement) {
+  if (statement.find("/*") == std::string_view::npos) return;
+  for (std::string_view rest = statement; !rest.empty();) {
+    const Token next = next_token(rest);
+    rest.remove_prefix(next.text.size());
+    if (next.text.starts_with("/*!") || next.text.starts_with("/*M!"))
+      throw automation::RunTimeError(5, "mariadb: a comment that would be executed (/*!…*/) is not taken");
+  }
+}
+
+Creations table_creations() { return create_tables; }
+Creations index_creations() { return create_indexes; }
+
+std::string_view column_facts() {
+  return "SELECT lower(concat(table_name,'.',column_name)) FROM information_schema.columns WHERE"
+         " table_schema=database()";
+}
+
+std::string_view index_facts() {
+  return "SELECT DISTINCT lower(index_name) FROM information_schema.statistics WHERE table_schema=database()";
+}
+
+}  // namespace dorvane::mariadb

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "dorvane/mariadb/handles.h"
+#include "dorvane/server_error.h"
+
+namespace dorvane::mariadb {
+
+/// The error that the session reported last.
+ServerError last_failure(MYSQL* session, std::string_view statement = {});
+
+/// True when the server rolled the whole transaction back, not the statement alone.
+bool took_the_transaction(unsigned code);
+
+}  // namespace dorvane::mariadb

@@ -1,0 +1,70 @@
+#include "dorvane/mariadb/result.h"
+
+#include <utility>
+
+#include "dorvane/result_text.h"
+
+namespace dorvane::mariadb {
+namespace {
+
+void append(ColumnStore& column, enum_field_types type, std::string_view value) {
+  switch (type) {
+    case MYSQL_TYPE_TINY:
+    case MYSQL_TYPE_SHORT:
+    case MYSQL_TYPE_INT24:
+    case MYSQL_TYPE_LONG:
+    case MYSQL_TYPE_LONGLONG:
+    case MYSQL_TYPE_YEAR:
+      return append_whole(column, value);
+    case MYSQL_TYPE_FLOAT:
+    case MYSQL_TYPE_DOUBLE:
+      return append_real(column, value);
+    case MYSQL_TYPE_DECIMAL:
+    case MYSQL_TYPE_NEWDECIMAL:
+      return append_decimal(column, value);
+    case MYSQL_TYPE_DATETIME:
+    case MYSQL_TYPE_TIMESTAMP:
+      return append_timestamp(column, value);
+    default:
+      return column.append_text(value);
+  }
+}
+
+}  // namespace
+
+Rows::Rows(Result result) : result_(std::move(result)) {
+  const MYSQL_FIELD* const fields = mysql_fetch_fields(result_.get());
+  for (unsigned i = 0; i < mysql_num_fields(result_.get()); ++i) types_.push_back(fields[i].type);
+}
+
+bool Rows::fetch(std::vector<ColumnStore>& columns) {
+  MYSQL_ROW const row = mysql_fetch_row(result_.get());
+  if (!row) return false;
+  const unsigned long* const lengths = mysql_fetch_lengths(result_.get());
+  for (size_t i = 0; i < columns.size(); ++i) {
+    if (row[i])
+      append(columns[i], types_[i], {row[i], lengths[i]});
+    else
+      columns[i].append_null();
+  }
+  return true;
+}
+
+std::vector<std::string> names_of(MYSQL_RES* result) {
+  std::vector<std::string> names;
+  for (unsigned i = 0; i < mysql_num_fields(result); ++i) names.emplace_back(mysql_fetch_field_direct(result, i)->name);
+  return names;
+}
+
+TextReading reading_of(MYSQL_RES* result, size_t column) {
+  switch (mysql_fetch_field_direct(result, static_cast<unsigned>(column))->type) {
+    case MYSQL_TYPE_DATE:
+    case MYSQL_TYPE_DATETIME:
+    case MYSQL_TYPE_TIMESTAMP:
+      return TextReading::iso_dates;
+    default:
+      return TextReading::plain;
+  }
+}
+
+}  // namespace dorvane::mariadb

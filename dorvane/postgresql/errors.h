@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "dorvane/postgresql/handles.h"
+#include "dorvane/server_error.h"
+
+namespace dorvane::postgresql {
+
+/// The error that a refused statement came back with.
+ServerError failure(PGconn* session, const PGresult* result, std::string_view statement);
+
+/// The error of a session that did not come about.
+ServerError connection_failure(PGconn* session);
+
+}  // namespace dorvane::postgresql

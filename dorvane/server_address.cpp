@@ -1,0 +1,86 @@
+#include "dorvane/server_address.h"
+
+#include <algorithm>
+
+#include "automation/error.h"
+#include "automation/text.h"
+
+namespace dorvane {
+namespace {
+
+constexpr std::string_view form = "//user:password@host:port/database";
+
+automation::RunTimeError not_an_address(const Url& url, std::string_view reason) {
+  return {5, automation::concatenated({"bad database URL: ", reason, "; it reads ", url.scheme, ":", form})};
+}
+
+/// The piece before `mark`, which goes too; "" when there is none.
+std::string_view cut_before(std::string_view& text, size_t mark) {
+  if (mark == std::string_view::npos) return {};
+  const std::string_view piece = text.substr(0, mark);
+  text.remove_prefix(mark + 1);
+  return piece;
+}
+
+/// The ':' in front of the port; one inside the brackets of a numeric address is none.
+size_t port_mark(std::string_view host) {
+  const auto bracket = host.rfind(']');
+  return host.find(':', bracket == std::string_view::npos ? 0 : bracket);
+}
+
+std::string one_of(const Url& url, std::string_view option, std::string_view otherwise,
+                   std::initializer_list<std::string_view> known) {
+  const std::string_view value = url.option(option, otherwise);
+  if (std::find(known.begin(), known.end(), value) != known.end()) return std::string(value);
+  std::string names;
+  for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
+  throw automation::RunTimeError(
+      5, automation::concatenated({url.scheme, ": ", option, " is one of ", names, ", not '", value, "'"}));
+}
+
+}  // namespace
+
+ServerAddress server_address(const Url& url) {
+  std::string_view text = url.written;
+  if (!text.starts_with("//")) throw not_an_address(url, "no '//' behind the engine");
+  text.remove_prefix(2);
+  // The last '@' is the one: passwords may hold others, hosts none.
+  std::string_view user = cut_before(text, text.rfind('@'));
+  const auto slash = text.find('/');
+  if (slash == std::string_view::npos || slash + 1 == text.size()) throw not_an_address(url, "it names no database");
+  const std::string_view database = text.substr(slash + 1);
+  std::string_view host = text.substr(0, slash);
+
+  ServerAddress address;
+  address.database = percent_decoded(database);
+  const auto colon = user.find(':');
+  address.user = percent_decoded(user.substr(0, colon));
+  if (colon != std::string_view::npos) address.password = percent_decoded(user.substr(colon + 1));
+  if (const auto mark = port_mark(host); mark != std::string_view::npos) {
+    address.port = host.substr(mark + 1);
+    host = host.substr(0, mark);
+  }
+  const bool number =
+      std::all_of(address.port.begin(), address.port.end(), [](char c) { return c >= '0' && c <= '9'; });
+  if (!number || address.port.size() > 5) throw not_an_address(url, "the port is no number");
+  if (host.starts_with('[') && host.ends_with(']')) host = host.substr(1, host.size() - 2);
+  address.host = percent_decoded(host);
+  return address;
+}
+
+ServerSettings server_settings(const Url& url) {
+  require_known_options(url, {"mode", "socket", "timeout", "statement_timeout", "tls", "tls_ca"});
+  ServerSettings settings;
+  settings.address = server_address(url);
+  settings.socket = url.option("socket", "");
+  settings.read_only = one_of(url, "mode", "rw", {"create", "rw", "ro"}) == "ro";
+  settings.timeout = milliseconds(url, "timeout", "5000");
+  settings.statement_timeout = milliseconds(url, "statement_timeout", "600000");
+  settings.tls = one_of(url, "tls", "prefer", {"disable", "prefer", "require", "verify"});
+  settings.tls_ca = url.option("tls_ca", "");
+  if (!settings.socket.empty() && !settings.address.host.empty())
+    throw automation::RunTimeError(5, url.scheme + ": a host or a socket, not both");
+  return settings;
+}
+
+}  // namespace dorvane

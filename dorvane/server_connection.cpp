@@ -1,0 +1,231 @@
+#include "dorvane/server_connection.h"
+
+#include <utility>
+
+#include "automation/error.h"
+#include "dorvane/server_error.h"
+#include "dorvane/statement.h"
+
+namespace dorvane {
+
+using automation::Ref;
+using automation::RunTimeError;
+
+namespace {
+
+/// Whoever changes draws holds this row first: savers come one after the other on every engine, readers never wait.
+constexpr std::string_view turn = "SELECT enumeratore FROM ruote WHERE enumeratore=1 FOR UPDATE";
+
+}  // namespace
+
+void ServerConnection::require_usable() const {
+  if (transaction_ == Transaction::lost)
+    throw RunTimeError(automation::unspecified_failure,
+                       "the transaction is lost (" + loss_reason_ + "); roll back or begin again");
+  if (!is_alive())
+    throw RunTimeError(automation::unspecified_failure, "the connection to the server is lost; open the archive again");
+}
+
+void ServerConnection::require_writable() const {
+  if (access_ == Access::read_only) throw RunTimeError(70, "the archive was opened to be read only (mode=ro)");
+}
+
+template <class Body>
+auto ServerConnection::noticing_loss(Body&& body) {
+  try {
+    return body();
+  } catch (const RunTimeError& error) {
+    if (transaction_ == Transaction::open && !transaction_is_whole()) {
+      transaction_ = Transaction::lost;
+      loss_reason_ = error.description();
+    }
+    throw;
+  }
+}
+
+void ServerConnection::quietly_roll_back() noexcept {
+  try {
+    if (is_alive()) run("ROLLBACK");
+  } catch (const RunTimeError&) {
+    return;  // with the connection the server rolls back by itself
+  }
+}
+
+void ServerConnection::start() { run("START TRANSACTION READ WRITE"); }
+
+/// A change with a transaction of its own where none is open.
+template <class Body>
+void ServerConnection::atomically(Body&& body) {
+  if (transaction_ == Transaction::open) return noticing_loss(body);
+  start();
+  try {
+    body();
+    run("COMMIT");
+  } catch (...) {
+    quietly_roll_back();
+    throw;
+  }
+}
+
+Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
+  require_usable();
+  require_plain(statement);
+  require_reading(statement);
+  ServerRows answer = noticing_loss([&] { return rows(translate_reading(statement)); });
+  return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+}
+
+void ServerConnection::execute(std::string_view statement) {
+  require_usable();
+  require_writable();
+  require_plain(statement);
+  require_change(statement);
+  if (transaction_ == Transaction::open && changes_tables(statement) && !tables_are_transactional())
+    throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
+  if (changes_tables(statement) && transaction_ == Transaction::none) return define(translate(statement));
+  const bool empties = empties_the_archive(statement);
+  atomically([&] {
+    run(translate(statement));
+    if (empties) after_emptying();
+  });
+  refilled_ = refilled_ || empties;
+  if (transaction_ == Transaction::none) settle_refilled();
+}
+
+void ServerConnection::define(std::string_view statement) {
+  atomically([&] { run(statement); });
+}
+
+/// What comes after a change that is kept already: its failure is none of the change.
+void ServerConnection::settle_refilled() noexcept {
+  if (!std::exchange(refilled_, false)) return;
+  try {
+    after_refilling();
+  } catch (const RunTimeError&) {
+    return;  // keys go on where they were
+  }
+}
+
+int32_t ServerConnection::max_id(std::string_view table, std::string_view column) {
+  require_usable();
+  return noticing_loss([&] { return single_number(translate_reading(largest_value(table, column))); });
+}
+
+int32_t ServerConnection::single_number(std::string_view statement) {
+  ServerRows answer = rows(statement);
+  const auto set = automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+  return set->at_end() || set->is_null({0}) ? 0 : set->whole_number({0});
+}
+
+std::vector<std::string> ServerConnection::column_of(std::string_view statement) {
+  ServerRows answer = rows(statement);
+  const auto set = automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+  std::vector<std::string> texts;
+  for (; !set->at_end(); set->move_next())
+    if (!set->is_null({0})) texts.emplace_back(set->text({0}));
+  return texts;
+}
+
+void ServerConnection::begin() {
+  if (transaction_ != Transaction::none) rollback();
+  try {
+    require_usable();
+    require_writable();
+    start();
+    take_turn();
+    transaction_ = Transaction::open;
+  } catch (const RunTimeError& error) {
+    quietly_roll_back();
+    transaction_ = Transaction::lost;
+    loss_reason_ = error.description();
+    throw;
+  }
+}
+
+void ServerConnection::take_turn() {
+  try {
+    rows(turn);
+  } catch (const ServerError& error) {
+    // An archive without wheels, or a user who may change draws but not wheels: there is no turn to take.
+    if (error.refusal() != Refusal::missing && error.refusal() != Refusal::permission) throw;
+    quietly_roll_back();
+    start();
+  }
+}
+
+void ServerConnection::commit() {
+  if (transaction_ == Transaction::none)
+    throw RunTimeError(automation::unspecified_failure, "there is no transaction to commit");
+  try {
+    require_usable();
+    if (refilled_) before_keeping_refilled();
+    run("COMMIT");
+    transaction_ = Transaction::none;
+  } catch (...) {
+    rollback();
+    throw;
+  }
+  settle_refilled();
+}
+
+void ServerConnection::rollback() {
+  if (transaction_ == Transaction::none) return;
+  transaction_ = Transaction::none;
+  refilled_ = false;
+  quietly_roll_back();
+}
+
+SchemaFacts ServerConnection::schema_facts() {
+  SchemaFacts facts;
+  const auto add = [&](auto& names, std::string_view statement) {
+    for (std::string& name : column_of(statement)) names.insert(std::move(name));
+  };
+  add(facts.columns, column_facts());
+  add(facts.indexes, index_facts());
+  if (facts.columns.contains("ruote.ruotaalias")) add(facts.wheels, "SELECT ruotaAlias FROM ruote");
+  return facts;
+}
+
+std::vector<std::string> ServerConnection::check_schema() {
+  require_usable();
+  return noticing_loss([&] { return missing_from(schema_facts(), index_creations()); });
+}
+
+void ServerConnection::create_missing(std::span<const Creation> creations,
+                                      bool (SchemaFacts::*has)(std::string_view) const) {
+  const SchemaFacts facts = schema_facts();
+  for (const Creation& creation : creations)
+    if (!(facts.*has)(creation.name))
+      transaction_ == Transaction::open ? run(creation.statement) : define(creation.statement);
+}
+
+void ServerConnection::repair_keys() {
+  for (const std::string& repair : key_repairs()) atomically([&] { run(repair); });
+}
+
+void ServerConnection::create_schema() {
+  require_usable();
+  const bool outermost = transaction_ == Transaction::none;
+  if (!outermost && !tables_are_transactional())
+    throw RunTimeError(5, "tables cannot be made inside a transaction: this engine would keep what was done so far");
+  require_writable();
+  // A complete archive is looked at only: readers may call this as well.
+  if (check_schema().empty()) return repair_keys();
+  if (outermost && tables_are_transactional()) {
+    start();
+    transaction_ = Transaction::open;
+  }
+  try {
+    take_schema_turn();
+    create_missing(table_creations(), &SchemaFacts::has_table);
+    create_missing(index_creations(), &SchemaFacts::has_index);
+    atomically([&] { run(translate(wheels_statement())); });
+    repair_keys();
+    if (outermost && transaction_ == Transaction::open) commit();
+  } catch (...) {
+    if (outermost) rollback();
+    throw;
+  }
+}
+
+}  // namespace dorvane

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dorvane/connection.h"
+#include "dorvane/recordset.h"
+#include "dorvane/schema.h"
+
+namespace dorvane {
+
+/// The rows of a statement as a server's client hands them over, complete.
+struct ServerRows {
+  std::vector<ColumnHeader> headers;
+  std::unique_ptr<RowSource> source;
+};
+
+/// What is the same on every server: the wall, transactions and what loses them, one writer at a time, the schema.
+///
+/// Outside a transaction the session itself is read only, so that no reading statement can write whatever its text;
+/// a change gets a transaction of its own. A lost connection is never made anew.
+class ServerConnection : public Connection {
+ public:
+  automation::Ref<vestara::RecordSet> query(std::string_view statement) final;
+  void execute(std::string_view statement) final;
+  int32_t max_id(std::string_view table, std::string_view column) final;
+  void begin() final;
+  void commit() final;
+  void rollback() final;
+  void create_schema() final;
+  std::vector<std::string> check_schema() final;
+
+ protected:
+  enum class Access : uint8_t { read_write, read_only };
+  explicit ServerConnection(Access access) : access_(access) {}
+
+  /// Runs one statement that needs no answer. Raises ServerError.
+  virtual void run(std::string_view statement) = 0;
+  /// Runs one statement with an answer. Raises ServerError.
+  virtual ServerRows rows(std::string_view statement) = 0;
+  /// True while the server holds the transaction that was begun; false once an error took it.
+  virtual bool transaction_is_whole() const = 0;
+
+  // The dialect.
+  virtual std::string translate(std::string_view statement) const = 0;
+  virtual std::string translate_reading(std::string_view statement) const = 0;
+  /// Raises RunTimeError for what this engine's own syntax could smuggle past the wall.
+  virtual void require_plain(std::string_view statement) const = 0;
+  virtual std::span<const Creation> table_creations() const = 0;
+  virtual std::span<const Creation> index_creations() const = 0;
+  /// Two statements with one column each: "table.column" and the names of indexes, in lower case.
+  virtual std::string_view column_facts() const = 0;
+  virtual std::string_view index_facts() const = 0;
+  /// True when CREATE, ALTER and DROP can be taken back; otherwise they run by `define` alone.
+  virtual bool tables_are_transactional() const = 0;
+  /// Runs such a statement while no transaction is open.
+  virtual void define(std::string_view statement);
+
+  // What an engine does besides, all within the transaction unless said otherwise.
+  /// Before the schema is looked at and made, so that two programs do not make it at once.
+  virtual void take_schema_turn() {}
+  /// After the draws were all deleted: the next keys begin anew where that can be taken back.
+  virtual void after_emptying() {}
+  /// Before such a transaction is kept.
+  virtual void before_keeping_refilled() {}
+  /// After such a change was kept, outside every transaction.
+  virtual void after_refilling() {}
+  /// What puts the next keys behind rows whose keys another program chose.
+  virtual std::vector<std::string> key_repairs() { return {}; }
+
+  /// The first column of the first row, 0 when there is none.
+  int32_t single_number(std::string_view statement);
+  /// The first column of every row.
+  std::vector<std::string> column_of(std::string_view statement);
+
+ private:
+  /// `lost`: the server gave the transaction up, or never began it. Nothing runs until the next transaction call.
+  enum class Transaction : uint8_t { none, open, lost };
+
+  void require_usable() const;
+  void require_writable() const;
+  template <class Body>
+  auto noticing_loss(Body&& body);
+  template <class Body>
+  void atomically(Body&& body);
+  void start();
+  void take_turn();
+  void create_missing(std::span<const Creation> creations, bool (SchemaFacts::*has)(std::string_view) const);
+  SchemaFacts schema_facts();
+  void quietly_roll_back() noexcept;
+  void settle_refilled() noexcept;
+  void repair_keys();
+
+  Access access_;
+  Transaction transaction_ = Transaction::none;
+  std::string loss_reason_;
+  bool refilled_ = false;  ///< the draws were all deleted, in the open transaction or just now
+};
+
+}  // namespace dorvane

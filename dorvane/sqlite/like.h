@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+struct sqlite3;
+
+namespace dorvane::sqlite {
+
+/// LIKE without regard to case beyond ASCII: "%" stands for any text, "_" for any one character; nothing escapes.
+/// Both are UTF-8.
+bool is_like(std::string_view text, std::string_view pattern);
+
+/// Makes it the engine's LIKE, where no escape character is given.
+void install_like(sqlite3* database);
+
+}  // namespace dorvane::sqlite
