@@ -181,6 +181,9 @@ AU_API void au_raise(int32_t number, const char* description, const char* source
  * hook out. */
 typedef int (*au_yield_hook)(void* host);
 AU_API void au_set_yield_hook(au_yield_hook hook, void* host);
+/* For hooks that cost more than the rows they interrupt: on each thread the hook runs once in so many milliseconds,
+ * with 0, the default, at every yield. It runs at the next yield of the calling thread in any case. */
+AU_API void au_set_yield_interval(int32_t milliseconds);
 
 #ifdef __cplusplus
 }

@@ -10,7 +10,6 @@
 #include "automation/event_source.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/yield.h"
 
 namespace automation::c_abi {
 namespace {
@@ -154,17 +153,5 @@ au_status au_advise(au_object* object, au_event_sink sink, void* host, int32_t* 
 au_status au_unadvise(au_object* object, int32_t cookie) {
   return guarded([&] {
     if (!events_of(object).disconnect(cookie)) throw automation::invalid_call();
-  });
-}
-
-void au_set_yield_hook(au_yield_hook hook, void* host) {
-  guarded([&] {
-    if (!hook) {
-      automation::set_yield_hook(nullptr);
-      return;
-    }
-    automation::set_yield_hook([hook, host] {
-      if (hook(host) != 0) throw automation::RunTimeError(18, "User interrupt occurred");
-    });
   });
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/c_abi/automation.h"
+#include "automation/yield.h"
 
 // What the example in C does not reach: every kind there and back, arrays, handles after their end, callbacks that
 // misbehave.
@@ -203,6 +204,24 @@ TEST_F(CAbi, ArraysAreReadElementByElementAndInColumns) {
 
 TEST_F(CAbi, TheYieldHookCanBeTakenOut) {
   au_set_yield_hook([](void*) { return 1; }, nullptr);
+  au_set_yield_hook(nullptr, nullptr);
+}
+
+TEST_F(CAbi, TheYieldHookKeepsItsInterval) {
+  int calls = 0;
+  const auto calls_after = [&](int yields) {
+    for (int i = 0; i < yields; ++i) automation::yield_to_host();
+    return calls;
+  };
+  constexpr int32_t an_hour = 3600000;
+  au_set_yield_hook([](void* count) { return ++*static_cast<int*>(count), 0; }, &calls);
+  EXPECT_EQ(calls_after(3), 3);
+  au_set_yield_interval(an_hour);
+  EXPECT_EQ(calls_after(3), 4);
+  au_set_yield_interval(an_hour);
+  EXPECT_EQ(calls_after(3), 5);
+  au_set_yield_interval(0);
+  EXPECT_EQ(calls_after(3), 8);
   au_set_yield_hook(nullptr, nullptr);
 }
 

@@ -108,6 +108,8 @@ raise_error = _short.au_raise
 raise_error.restype = None
 set_yield_hook = _short.au_set_yield_hook
 set_yield_hook.restype = None
+set_yield_interval = _short.au_set_yield_interval
+set_yield_interval.restype = None
 
 _short.au_abi_version.restype = c_uint32
 if _short.au_abi_version() >> 16 != VERSION >> 16:

@@ -2,7 +2,7 @@
 
 Python raises KeyboardInterrupt only where Python code runs: inside one of the callbacks. No exception may leave a
 callback, so it is kept here, the running load is ended through the yield hook, and the call that came from Python
-raises it once it is back.
+raises it once it is back. The hook runs every few milliseconds, not at every row, and at once when something is kept.
 """
 
 from __future__ import annotations
@@ -13,6 +13,8 @@ import threading
 from typing import Any, Callable
 
 from . import _abi
+
+_MILLISECONDS_BETWEEN_HOOKS = 5  # what Python's own threads wait for each other
 
 pending: dict[int, BaseException] = {}  # by thread
 _callbacks: list[Any] = []
@@ -29,6 +31,7 @@ def take_pending() -> BaseException | None:
 def keep(error: BaseException) -> None:
     """Called for what is no Exception: KeyboardInterrupt, SystemExit."""
     pending.setdefault(_current_thread(), error)
+    _abi.set_yield_interval(_MILLISECONDS_BETWEEN_HOOKS)
 
 
 def callback(prototype: Any, function: Callable[..., Any]) -> Any:
@@ -73,4 +76,5 @@ def _ends_load(_host: int | None) -> int:
 
 
 _abi.set_yield_hook(callback(_abi.YieldHook, _ends_load), None)
+_abi.set_yield_interval(_MILLISECONDS_BETWEEN_HOOKS)
 atexit.register(_abi.set_yield_hook, None, None)

@@ -1,0 +1,54 @@
+#include "automation/yield.h"
+
+#include <time.h>
+
+#include <atomic>
+
+#include "automation/c_abi/automation.h"
+#include "automation/c_abi/failure.h"
+#include "automation/error.h"
+
+namespace automation::c_abi {
+namespace {
+
+std::atomic<int32_t> interval{0};
+/// When the hook runs next on this thread. Another thread's load must not use its turns up.
+thread_local int64_t due = 0;
+
+/// Milliseconds of a clock that moves by ticks of a few: loops read it at every row.
+int64_t now() {
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+  return int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+}
+
+bool is_due() {
+  const int32_t milliseconds = interval.load(std::memory_order_relaxed);
+  if (milliseconds == 0) return true;
+  const int64_t time = now();
+  if (time < due) return false;
+  due = time + milliseconds;
+  return true;
+}
+
+}  // namespace
+}  // namespace automation::c_abi
+
+using automation::c_abi::guarded;
+
+void au_set_yield_hook(au_yield_hook hook, void* host) {
+  guarded([&] {
+    if (!hook) {
+      automation::set_yield_hook(nullptr);
+      return;
+    }
+    automation::set_yield_hook([hook, host] {
+      if (automation::c_abi::is_due() && hook(host) != 0) throw automation::RunTimeError(18, "User interrupt occurred");
+    });
+  });
+}
+
+void au_set_yield_interval(int32_t milliseconds) {
+  automation::c_abi::interval.store(milliseconds > 0 ? milliseconds : 0, std::memory_order_relaxed);
+  automation::c_abi::due = 0;
+}
