@@ -15,11 +15,12 @@ namespace {
 
 constexpr size_t longest_short_text = 7;
 
-/// Bytes and length of a short text in one word; never 0.
+/// Bytes and length of a short text in one word; never 0. Byte by byte: a word that was written in parts is read
+/// back slowly.
 uint64_t short_key(std::string_view text) {
-  uint64_t key = 0;
-  if (!text.empty()) std::memcpy(&key, text.data(), text.size());
-  return key | (static_cast<uint64_t>(text.size() + 1) << 56);
+  uint64_t key = text.size() + 1;
+  for (const char byte : text) key = key << 8U | static_cast<unsigned char>(byte);
+  return key;
 }
 
 size_t slot_of(uint64_t key, size_t slots) { return static_cast<size_t>((key * 0x9E3779B97F4A7C15ULL) >> 32) % slots; }

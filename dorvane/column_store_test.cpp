@@ -91,6 +91,17 @@ TEST(ColumnStore, KeepsManyDifferentShortTexts) {
   for (int i = 0; i < 2000; ++i) EXPECT_EQ(column.text(static_cast<size_t>(i)), "t" + std::to_string(i % 700));
 }
 
+TEST(ColumnStore, KeepsShortTextsApart) {
+  const std::string nul(1, '\0');
+  const std::vector<std::string> texts{"",        nul,       nul + nul,  "a",       "a" + nul,  nul + "a",
+                                       "\1",      "\2",      "\xFF",     "\2\1",    "ab",       "ba",
+                                       "sevenby", "sevenbz", "eightbyt", "Sevenby", nul + "ab", "ab" + nul};
+  ColumnStore column(TextReading::plain);
+  for (int round = 0; round < 2; ++round)
+    for (const std::string& text : texts) column.append_text(text);
+  for (size_t i = 0; i < 2 * texts.size(); ++i) EXPECT_EQ(column.text(i), texts[i % texts.size()]) << i;
+}
+
 TEST(ColumnStore, TakesAnEmptyTextWithoutBytes) {
   // That is how the embedded engine hands an empty text over.
   ColumnStore column(TextReading::plain);

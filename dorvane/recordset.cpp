@@ -127,7 +127,7 @@ vestara::Column StaticRecordSet::column(std::string_view name) {
   throw automation::item_not_found();
 }
 
-const ColumnStore& StaticRecordSet::cell(vestara::Column column) {
+const ColumnStore& StaticRecordSet::reached_cell(vestara::Column column) {
   require_open();
   if (position_ < 0 || !reach(position_)) throw automation::no_current_record();
   if (column.index < 0 || static_cast<size_t>(column.index) >= columns_.size()) throw automation::item_not_found();

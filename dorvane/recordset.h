@@ -76,7 +76,14 @@ class StaticRecordSet final : public vestara::RecordSet {
   bool reach(int64_t row) { return row < rows_ || fetch_to(row); }
   bool fetch_to(int64_t row);
   void fetch_all();
-  const ColumnStore& cell(vestara::Column column);
+  /// The column, when the cursor stands on a row.
+  const ColumnStore& cell(vestara::Column column) {
+    const auto place = static_cast<size_t>(column.index);
+    // A closed set has no columns left.
+    const bool present = position_ >= 0 && position_ < rows_ && place < columns_.size();
+    return present ? columns_[place] : reached_cell(column);
+  }
+  const ColumnStore& reached_cell(vestara::Column column);
 
   std::vector<ColumnHeader> headers_;
   std::vector<ColumnStore> columns_;

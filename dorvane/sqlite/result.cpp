@@ -49,8 +49,8 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   const int code = sqlite3_step(statement_.get());
   if (code == SQLITE_DONE) return false;
   require_ok(code, database_);
-  for (size_t i = 0; i < columns.size(); ++i)
-    append(columns[i], sqlite3_column_value(statement_.get(), static_cast<int>(i)));
+  int place = 0;
+  for (ColumnStore& column : columns) append(column, sqlite3_column_value(statement_.get(), place++));
   return true;
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "automation/yield.h"
 #include "tests/support/events.h"
 #include "tests/support/values.h"
@@ -132,6 +135,20 @@ TEST_F(WalkTest, PairsOfEachWheel) {
     EXPECT_EQ(wheels(row.rows, Recorded::pairs), row.lines) << row.what;
     EXPECT_EQ(error_, 0) << row.what;
   }
+}
+
+TEST_F(WalkTest, PairsAreTheSameInEveryOrderOfTheNumbers) {
+  std::array<int32_t, 5> numbers{3, 17, 42, 60, 90};
+  Rows rows;
+  do rows.push_back({"BA", numbers[0], numbers[1], numbers[2], numbers[3], numbers[4]});
+  while (std::next_permutation(numbers.begin(), numbers.end()));
+  std::string distances = ": 0";
+  for (size_t draw = 1; draw < rows.size(); ++draw) distances += " 1";
+  Lines expected;
+  for (const char* pair : {"3-17", "3-42", "3-60", "3-90", "17-42", "17-60", "17-90", "42-60", "42-90", "60-90"})
+    expected.push_back("1 " + std::string(pair) + distances);
+  EXPECT_EQ(rows.size(), 120U);
+  EXPECT_EQ(wheels(rows, Recorded::pairs), expected);
 }
 
 TEST_F(WalkTest, DatesCountOnceForAllWheels) {
