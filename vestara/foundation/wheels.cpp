@@ -29,7 +29,7 @@ void read_wheels(RecordSet& rows, WheelTables& tables) {
 
 namespace {
 
-/// The bytes of a short alias as one number, so that it is found by comparing numbers.
+/// The bytes of a short alias as one number, so that it is compared at once.
 uint64_t code_of(std::string_view alias) {
   uint64_t code = 0;
   if (alias.size() > sizeof code) return code;
@@ -40,9 +40,11 @@ uint64_t code_of(std::string_view alias) {
 }  // namespace
 
 const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) const {
-  if (const uint64_t code = code_of(alias); code != 0)
-    for (const Entry& entry : entries_)
-      if (entry.code == code && entry.alias.size() == alias.size()) return &entry;
+  const uint64_t code = code_of(alias);
+  if (const size_t place = guesses_[code % guess_count]; code != 0 && place < entries_.size()) {
+    const Entry& guess = entries_[place];
+    if (guess.code == code && guess.alias.size() == alias.size()) return &guess;
+  }
   for (const Entry& entry : entries_)
     if (automation::equal_ignoring_case(entry.alias, alias)) return &entry;
   return nullptr;
@@ -50,7 +52,9 @@ const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) co
 
 void WheelEnumerators::add(std::string_view alias, int16_t wheel) {
   if (find(alias)) throw automation::duplicate_key();
-  entries_.push_back({code_of(alias), std::string(alias), wheel});
+  const uint64_t code = code_of(alias);
+  guesses_[code % guess_count] = static_cast<uint8_t>(entries_.size());
+  entries_.push_back({code, std::string(alias), wheel});
 }
 
 int16_t WheelEnumerators::at(std::string_view alias) const {

@@ -31,6 +31,9 @@ class VESTARA_API WheelEnumerators {
   const Entry* find(std::string_view alias) const;
 
   std::vector<Entry> entries_;
+  /// The place of the entry that an alias may be, by its code. So many keep the eleven wheels apart.
+  static constexpr size_t guess_count = 39;
+  std::array<uint8_t, guess_count> guesses_{};
 };
 
 /// The two look-ups between a wheel's alias ("BA") and its enumerator (1). One pair per process, shared by all

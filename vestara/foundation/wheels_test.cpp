@@ -218,6 +218,15 @@ TEST(WheelEnumerators, AliasesIgnoreCase) {
   EXPECT_EQ(error_of([&] { wheels.at(std::string_view("\0BA", 3)); }), 5);
 }
 
+TEST(WheelEnumerators, ManyAliasesAreFoundBesideEachOther) {
+  WheelEnumerators wheels;
+  for (int16_t i = 0; i < 300; ++i) wheels.add("w" + std::to_string(i), i);
+  for (int16_t i = 0; i < 300; ++i) {
+    EXPECT_EQ(wheels.at("w" + std::to_string(i)), i);
+    EXPECT_EQ(wheels.at("W" + std::to_string(i)), i);
+  }
+}
+
 TEST(OpenRows, GivesTheRowsOrNothing) {
   const auto scripted = make<ScriptedConnector>();
   scripted->refused = {"no"};
