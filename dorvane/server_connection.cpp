@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "automation/error.h"
+#include "dorvane/result_names.h"
 #include "dorvane/server_error.h"
 #include "dorvane/statement.h"
 
@@ -72,6 +73,10 @@ Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
   require_plain(statement);
   require_reading(statement);
   ServerRows answer = noticing_loss([&] { return rows(translate_reading(statement)); });
+  std::vector<std::string> names;
+  for (ColumnHeader& header : answer.headers) names.push_back(std::move(header.name));
+  names = result_names(statement, std::move(names));
+  for (size_t i = 0; i < names.size(); ++i) answer.headers[i].name = std::move(names[i]);
   return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
 }
 
@@ -199,6 +204,8 @@ void ServerConnection::create_missing(std::span<const Creation> creations,
       transaction_ == Transaction::open ? run(creation.statement) : define(creation.statement);
 }
 
+std::string ServerConnection::wheels_insertion() const { return translate(wheels_statement()); }
+
 void ServerConnection::repair_keys() {
   for (const std::string& repair : key_repairs()) atomically([&] { run(repair); });
 }
@@ -219,7 +226,7 @@ void ServerConnection::create_schema() {
     take_schema_turn();
     create_missing(table_creations(), &SchemaFacts::has_table);
     create_missing(index_creations(), &SchemaFacts::has_index);
-    atomically([&] { run(translate(wheels_statement())); });
+    atomically([&] { run(wheels_insertion()); });
     repair_keys();
     if (outermost && transaction_ == Transaction::open) commit();
   } catch (...) {

@@ -51,6 +51,8 @@ class ServerConnection : public Connection {
   virtual void require_plain(std::string_view statement) const = 0;
   virtual std::span<const Creation> table_creations() const = 0;
   virtual std::span<const Creation> index_creations() const = 0;
+  /// What adds the wheels that are missing.
+  virtual std::string wheels_insertion() const;
   /// Two statements with one column each: "table.column" and the names of indexes, in lower case.
   virtual std::string_view column_facts() const = 0;
   virtual std::string_view index_facts() const = 0;

@@ -29,6 +29,7 @@ class MariadbConnection final : public ServerConnection {
   std::span<const Creation> index_creations() const override;
   std::string_view column_facts() const override;
   std::string_view index_facts() const override;
+  std::string wheels_insertion() const override;
   bool tables_are_transactional() const override { return false; }
   void define(std::string_view statement) override;
 

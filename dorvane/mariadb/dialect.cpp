@@ -16,7 +16,8 @@ constexpr std::array<Creation, 5> create_tables{{
     {"storico",
      "CREATE TABLE IF NOT EXISTS storico(id INT NOT NULL AUTO_INCREMENT PRIMARY KEY, dtEstr DATE,"
      " ruota VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin, estr1 SMALLINT, estr2 SMALLINT, estr3 SMALLINT,"
-     " estr4 SMALLINT, estr5 SMALLINT, concorsoNumero INT) ENGINE=InnoDB"},
+     " estr4 SMALLINT, estr5 SMALLINT, concorsoNumero INT, CHECK(month(dtEstr)>0 AND dayofmonth(dtEstr)>0))"
+     " ENGINE=InnoDB"},
     {"tRicerche",
      "CREATE TABLE IF NOT EXISTS tricerche(idRicerca INT NOT NULL AUTO_INCREMENT PRIMARY KEY, descRicerca MEDIUMTEXT,"
      " numeri MEDIUMTEXT, combinazione SMALLINT, ruote MEDIUMTEXT, dtSave DATETIME, dtDa DATETIME, dtA DATETIME)"

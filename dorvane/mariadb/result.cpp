@@ -50,21 +50,15 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   return true;
 }
 
-std::vector<std::string> names_of(MYSQL_RES* result) {
-  std::vector<std::string> names;
-  for (unsigned i = 0; i < mysql_num_fields(result); ++i) names.emplace_back(mysql_fetch_field_direct(result, i)->name);
-  return names;
-}
-
-TextReading reading_of(MYSQL_RES* result, size_t column) {
-  switch (mysql_fetch_field_direct(result, static_cast<unsigned>(column))->type) {
-    case MYSQL_TYPE_DATE:
-    case MYSQL_TYPE_DATETIME:
-    case MYSQL_TYPE_TIMESTAMP:
-      return TextReading::iso_dates;
-    default:
-      return TextReading::plain;
+std::vector<ColumnHeader> headers_of(MYSQL_RES* result) {
+  std::vector<ColumnHeader> headers;
+  const MYSQL_FIELD* const fields = mysql_fetch_fields(result);
+  for (unsigned i = 0; i < mysql_num_fields(result); ++i) {
+    const auto type = fields[i].type;
+    const bool is_date = type == MYSQL_TYPE_DATE || type == MYSQL_TYPE_DATETIME || type == MYSQL_TYPE_TIMESTAMP;
+    headers.push_back({fields[i].name, is_date ? TextReading::iso_dates : TextReading::plain});
   }
+  return headers;
 }
 
 }  // namespace dorvane::mariadb

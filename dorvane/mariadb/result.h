@@ -19,9 +19,7 @@ class Rows final : public RowSource {
   std::vector<enum_field_types> types_;
 };
 
-/// The engine's own names of the columns.
-std::vector<std::string> names_of(MYSQL_RES* result);
-/// Dates by their type.
-TextReading reading_of(MYSQL_RES* result, size_t column);
+/// The columns by the engine's own names, dates by their type.
+std::vector<ColumnHeader> headers_of(MYSQL_RES* result);
 
 }  // namespace dorvane::mariadb

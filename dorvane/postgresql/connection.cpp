@@ -9,7 +9,6 @@
 #include "dorvane/postgresql/dialect.h"
 #include "dorvane/postgresql/errors.h"
 #include "dorvane/postgresql/result.h"
-#include "dorvane/result_names.h"
 
 namespace dorvane::postgresql {
 
@@ -123,9 +122,7 @@ ServerRows PostgresqlConnection::rows(std::string_view statement) {
   if (PQnfields(result.get()) == 0)
     throw RunTimeError(5, concatenated({"postgresql: the statement returns no rows: ", statement}));
   ServerRows answer;
-  int column = 0;
-  for (std::string& name : result_names(statement, names_of(result.get())))
-    answer.headers.push_back({std::move(name), reading_of(result.get(), column++)});
+  answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));
   return answer;
 }
@@ -155,8 +152,9 @@ void PostgresqlConnection::after_emptying() {
   if (!sequence.empty()) run(concatenated({"ALTER SEQUENCE ", sequence.front(), " RESTART"}));
 }
 
-/// Plans made for the empty table would be slow for the full one. Refused with a warning only.
-void PostgresqlConnection::before_keeping_refilled() { run("ANALYZE storico"); }
+/// The rows that went are still in the way of every search, and plans are those of the old table, until the server's
+/// own cleaning comes round. For the table's owner only: others get a warning, which is nothing.
+void PostgresqlConnection::after_refilling() { run("VACUUM ANALYZE storico"); }
 
 std::vector<std::string> PostgresqlConnection::key_repairs() {
   std::vector<std::string> repairs;

@@ -34,7 +34,7 @@ class PostgresqlConnection final : public ServerConnection {
 
   void take_schema_turn() override;
   void after_emptying() override;
-  void before_keeping_refilled() override;
+  void after_refilling() override;
   std::vector<std::string> key_repairs() override;
 
   Result answer(std::string_view statement);

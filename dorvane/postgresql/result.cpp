@@ -72,15 +72,14 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   return true;
 }
 
-std::vector<std::string> names_of(const PGresult* result) {
-  std::vector<std::string> names;
-  for (int i = 0; i < PQnfields(result); ++i) names.emplace_back(PQfname(result, i));
-  return names;
-}
-
-TextReading reading_of(const PGresult* result, int column) {
-  const Oid type = PQftype(result, column);
-  return type == date_type || type == timestamp_type ? TextReading::iso_dates : TextReading::plain;
+std::vector<ColumnHeader> headers_of(const PGresult* result) {
+  std::vector<ColumnHeader> headers;
+  for (int i = 0; i < PQnfields(result); ++i) {
+    const Oid type = PQftype(result, i);
+    const bool is_date = type == date_type || type == timestamp_type;
+    headers.push_back({PQfname(result, i), is_date ? TextReading::iso_dates : TextReading::plain});
+  }
+  return headers;
 }
 
 }  // namespace dorvane::postgresql

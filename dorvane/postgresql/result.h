@@ -25,9 +25,7 @@ class Rows final : public RowSource {
   int row_ = 0;
 };
 
-/// The engine's own names of the columns.
-std::vector<std::string> names_of(const PGresult* result);
-/// Dates by their type.
-TextReading reading_of(const PGresult* result, int column);
+/// The columns by the engine's own names, dates by their type.
+std::vector<ColumnHeader> headers_of(const PGresult* result);
 
 }  // namespace dorvane::postgresql

@@ -147,6 +147,84 @@ TEST_P(ConnectorTest, DoubledBackslashesArriveAsOne) {
   EXPECT_EQ(one(R"(SELECT idRicerca FROM tRicerche WHERE descRicerca='C:\\lotto\\it''s')"), "1");
 }
 
+TEST_P(ConnectorTest, WhatFitsNoColumnIsRefusedAndServersRefuseImpossibleDatesToo) {
+  const auto stored = [&](const std::string& date, const std::string& number) {
+    return execute("INSERT INTO storico(dtEstr,estr1)VALUES(" + date + "," + number + ")");
+  };
+  EXPECT_TRUE(stored("'2004-02-29'", "32767"));
+  EXPECT_TRUE(stored("NULL", "-32768"));
+  for (const char* number : {"32768", "-32769", "4294967296"}) EXPECT_FALSE(stored("NULL", number)) << number;
+  for (const char* date : {"'2005-02-29'", "'2005-00-10'", "'0000-00-00'", "'2005-02-00'"})
+    EXPECT_EQ(stored(date, "1"), GetParam() == Engine::sqlite) << date;
+}
+
+TEST_P(ConnectorTest, LikeMindsNeitherCaseNorBackslashesButAccents) {
+  ASSERT_TRUE(
+      execute("INSERT INTO tRicerche(idRicerca,descRicerca)VALUES(1,'Perché'),(2,'PERCHE'),(3,'C:\\a_b'),(4,'50%')"));
+  struct Row {
+    const char* pattern;
+    Lines keys;
+  };
+  for (const Row& row : {Row{"perch%", {"1", "2"}}, Row{"PERCHÉ", {"1"}}, Row{"%c:\\\\A_B%", {"3"}},
+                         Row{"%\\\\%", {"3"}}, Row{"%0%", {"4"}}, Row{"p_rch_", {"1", "2"}}, Row{"perché ", {}}})
+    EXPECT_EQ(rows(std::string("SELECT idRicerca FROM tRicerche WHERE descRicerca LIKE '") + row.pattern +
+                   "' ORDER BY idRicerca"),
+              row.keys)
+        << row.pattern;
+  EXPECT_EQ(one("SELECT count(*) FROM tRicerche WHERE descRicerca='perché'"), "0") << "equality minds the case";
+}
+
+TEST_P(ConnectorTest, NullIsTheSmallestOfEveryOrder) {
+  for (const char* date : {"'2005-02-09'", "NULL", "'2005-02-12'"})
+    ASSERT_TRUE(execute(std::string("INSERT INTO storico(dtEstr)VALUES(") + date + ")"));
+  EXPECT_EQ(rows("SELECT dtEstr FROM storico ORDER BY dtEstr DESC"), (Lines{"12/02/2005", "09/02/2005", "Null"}));
+  EXPECT_EQ(rows("SELECT dtEstr FROM storico ORDER BY dtEstr"), (Lines{"Null", "09/02/2005", "12/02/2005"}));
+}
+
+TEST_P(ConnectorTest, ColumnsHaveOneSpelling) {
+  add(1, "2005-02-09", "VE");
+  const auto names = [&](const char* statement) {
+    Ref<RecordSet> set;
+    EXPECT_TRUE(connector_->OpenRecordset(set, statement)) << connector_->LastError();
+    Lines result;
+    for (int32_t i = 0; i < set->column_count(); ++i) result.push_back(set->column_name({i}));
+    return result;
+  };
+  EXPECT_EQ(names("SELECT * FROM STORICO"),
+            (Lines{"id", "dtEstr", "ruota", "estr1", "estr2", "estr3", "estr4", "estr5", "concorsoNumero"}));
+  EXPECT_EQ(names("SELECT S.CONCORSONUMERO,count(*) AS Quanti,max(s.DTESTR)as dMax FROM storico as s GROUP BY "
+                  "S.concorsonumero"),
+            (Lines{"concorsoNumero", "Quanti", "dMax"}));
+  EXPECT_EQ(names("SELECT count(*) FROM storico"), Lines{"count(*)"});
+}
+
+TEST_P(ConnectorTest, KeysBeginAnewWhenTheDrawsWereAllDeleted) {
+  for (int round = 0; round < 3; ++round) {
+    ASSERT_TRUE(execute("DELETE FROM storico"));
+    add(1, "2005-02-09", "VE");
+    EXPECT_EQ(one("SELECT id FROM storico"), "1");
+  }
+}
+
+TEST_P(ConnectorTest, KeysOfOthersAreNotGivenOutAgain) {
+  ASSERT_TRUE(execute("INSERT INTO tSistemaDetail(id,idSis)VALUES(7,1)"));
+  ASSERT_TRUE(connector_->CreateSchema()) << connector_->LastError();
+  ASSERT_TRUE(execute("INSERT INTO tSistemaDetail(idSis)VALUES(1)")) << connector_->LastError();
+  EXPECT_EQ(rows("SELECT id FROM tSistemaDetail ORDER BY id"), (Lines{"7", "8"}));
+}
+
+TEST_P(ConnectorTest, ACompleteArchiveLacksNothingAndADamagedOneSaysWhat) {
+  EXPECT_EQ(connector_->CheckSchema(), "");
+  ASSERT_TRUE(execute("DELETE FROM ruote WHERE ruotaAlias='RN'"));
+  ASSERT_TRUE(execute("DROP TABLE tSistemaDetail"));
+  const std::string missing = connector_->CheckSchema();
+  for (const char* line :
+       {"table tSistemaDetail is missing", "wheel RN is missing", "vestara_sistema_detail is missing"})
+    EXPECT_NE(missing.find(line), std::string::npos) << missing;
+  EXPECT_TRUE(connector_->CreateSchema()) << connector_->LastError();
+  EXPECT_EQ(connector_->CheckSchema(), "");
+}
+
 TEST_P(ConnectorTest, AMultiRowInsertIsAllOrNothing) {
   const std::string insert = "INSERT INTO tRicerche(idRicerca,descRicerca)VALUES";
   EXPECT_TRUE(execute(insert + "(1,'a'),(2,'b')"));
