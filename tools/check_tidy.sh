@@ -5,4 +5,4 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 tree=$1
 git ls-files 'automation/*.cpp' 'vestara/*.cpp' 'dorvane/*.cpp' 'hosts/*.cpp' | grep -v '_test\.cpp$' | grep -v '^automation/com/' |
-  xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p "$tree" 2> >(grep -v 'warnings generated' >&2 || true)
+  xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p "$tree" 2> >(grep -v 'warnings generated' >&2 || true)
