@@ -23,8 +23,9 @@ class Ref {
   template <class U>
   requires std::is_convertible_v<U*, T*> Ref(Ref<U>&& other)
   noexcept : object_(other.detach()) {}
+  // The analyzer does not follow the count.
   ~Ref() {
-    if (object_) object_->release();
+    if (object_) object_->release();  // NOLINT(clang-analyzer-cplusplus.NewDelete)
   }
 
   Ref& operator=(Ref other) noexcept {
@@ -41,7 +42,6 @@ class Ref {
 
   T* get() const { return object_; }
   T* operator->() const { return object_; }
-  // The analyzer does not follow the count.
   T& operator*() const { return *object_; }  // NOLINT(clang-analyzer-cplusplus.NewDelete)
   explicit operator bool() const { return object_ != nullptr; }
   bool operator==(const Ref& other) const = default;
