@@ -111,8 +111,6 @@ Whole round_to(double value) {
   return static_cast<Whole>(nearest);
 }
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
 /// Length of the decimal number at the front: digits with at most one point and an exponent that has digits.
 size_t number_length(std::string_view text) {
   size_t end = 0;

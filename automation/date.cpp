@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include "automation/error.h"
+#include "automation/text.h"
 
 namespace automation {
 namespace {
@@ -22,8 +23,6 @@ int32_t days_in_month(int32_t year, int32_t month) {
   constexpr std::array<int32_t, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   return month == 2 && is_leap(year) ? 29 : days[static_cast<size_t>(month - 1)];
 }
-
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 /// Reads one group of digits after the other from a text.
 class Scanner {

@@ -12,6 +12,7 @@ namespace automation {
 /// Without the blanks at both ends. Tabs and line breaks stay.
 AUTOMATION_API std::string_view trim(std::string_view text);
 inline bool is_blank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
+inline bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 /// The pieces between the separators; an empty text has none. The pieces point into `text`.
 AUTOMATION_API std::vector<std::string_view> split(std::string_view text, char separator);

@@ -5,6 +5,7 @@
 function(vestara_library name)
   cmake_parse_arguments(ARG "WITH_CLASSES" "" "SOURCES;TESTS;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name}_objects OBJECT ${ARG_SOURCES})
+  compile_member_rows_alone(${ARG_SOURCES})
   target_include_directories(${name}_objects PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
   target_link_libraries(${name}_objects PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
 

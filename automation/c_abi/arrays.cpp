@@ -9,7 +9,7 @@
 namespace automation::c_abi {
 namespace {
 
-VariantKind kind_of(au_kind kind) {
+VariantKind element_kind(au_kind kind) {
   if (kind < AU_EMPTY || kind > AU_ARRAY) throw Misuse{AU_BAD_ARGUMENT, "an unknown kind of element"};
   return static_cast<VariantKind>(kind);
 }
@@ -56,7 +56,7 @@ au_status au_make_array(au_value* value, au_kind element, const au_bound* bounds
       if (total > INT32_MAX) throw automation::out_of_memory();
       sizes.push_back({bound.lower, bound.count});
     }
-    to_value(automation::Variant(automation::Array(kind_of(element), sizes)), required(value));
+    to_value(automation::Variant(automation::Array(element_kind(element), sizes)), required(value));
   });
 }
 

@@ -14,7 +14,7 @@
 namespace automation::c_abi {
 namespace {
 
-InvokeKind kind_of(au_invoke_kind kind) {
+InvokeKind invoke_kind(au_invoke_kind kind) {
   switch (kind) {
     case AU_METHOD:
       return InvokeKind::method;
@@ -65,7 +65,7 @@ void invoke(Object& object, int32_t id, au_invoke_kind kind, au_value* values, s
   Frame frame(values, count);
   // The member may let the last reference go that the host's other code holds.
   const Ref<Object> alive(&object);
-  const Variant answer = object.invoke(id, kind_of(kind), frame.arguments(), names);
+  const Variant answer = object.invoke(id, invoke_kind(kind), frame.arguments(), names);
   frame.give_back();
   if (result) to_value(answer, *result);
 }

@@ -8,7 +8,6 @@ namespace automation::com {
 namespace {
 
 bool assigns(MemberKind kind) { return kind == MemberKind::put || kind == MemberKind::putref; }
-bool assigns(InvokeKind kind) { return kind == InvokeKind::put || kind == InvokeKind::putref; }
 
 bool is_object(const VARIANT& given) {
   const VARTYPE type = borrowed(given).vt;

@@ -13,6 +13,8 @@ namespace automation::com {
 /// What the flags of a call ask for. Some hosts set both forms of assignment: then an object is assigned by reference.
 InvokeKind kind_of(WORD flags, const DISPPARAMS& given);
 
+inline bool assigns(InvokeKind kind) { return kind == InvokeKind::put || kind == InvokeKind::putref; }
+
 /// The row that serves a call of this kind; null when there is none.
 const Member* find_member(const ClassDescription& description, int32_t id, InvokeKind kind);
 

@@ -2,12 +2,11 @@
 
 #include <utility>
 
+#include "automation/com/frame.h"
 #include "automation/com/value.h"
 
 namespace automation::com {
 namespace {
-
-bool assigns(InvokeKind kind) { return kind == InvokeKind::put || kind == InvokeKind::putref; }
 
 VARIANT reference_to(VARIANT& value, Reference reference) {
   VARIANT result;

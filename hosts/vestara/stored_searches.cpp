@@ -13,7 +13,7 @@ namespace {
 
 using automation::Variant;
 
-StoredSearch read_row(RecordSet& rows) {
+StoredSearch search_in_row(RecordSet& rows) {
   const auto value = [&](std::string_view name) { return rows.value(rows.column(name)); };
   return {value("idRicerca"), value("descRicerca"), value("numeri"), value("combinazione"),
           value("ruote"),     value("dtDa"),        value("dtA"),    value("dtSave")};
@@ -40,7 +40,7 @@ std::vector<StoredSearch> stored_searches(const ArchiveSession& session, int32_t
   auto rows = lotto.GetRicerchePersonalizzate(id);
   if (!rows) session.fail("the saved searches cannot be read");
   std::vector<StoredSearch> searches;
-  for (; !rows->at_end(); rows->move_next()) searches.push_back(read_row(*rows));
+  for (; !rows->at_end(); rows->move_next()) searches.push_back(search_in_row(*rows));
   session.connector()->CloseRecordset(rows);
   std::stable_sort(searches.begin(), searches.end(),
                    [](const StoredSearch& left, const StoredSearch& right) { return age(left) > age(right); });

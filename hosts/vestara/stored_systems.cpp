@@ -12,7 +12,7 @@
 namespace vestara::host {
 namespace {
 
-StoredSystem read_row(RecordSet& rows) {
+StoredSystem system_in_row(RecordSet& rows) {
   const auto cell = [&](std::string_view name) { return stored_cell(rows.value(rows.column(name))); };
   return {cell("idSis"),     cell("titolo"),   cell("descrizione"), cell("sisTipo"), cell("numeri"),
           cell("qtaNumeri"), cell("kColonne"), cell("nGiocate"),    cell("garanzia")};
@@ -27,7 +27,7 @@ int64_t id_of(const StoredSystem& system) {
 std::vector<StoredSystem> read_rows(const ArchiveSession& session, automation::Ref<RecordSet> rows) {
   if (!rows) session.fail("the saved systems cannot be read, see " + log_path());
   std::vector<StoredSystem> systems;
-  for (; !rows->at_end(); rows->move_next()) systems.push_back(read_row(*rows));
+  for (; !rows->at_end(); rows->move_next()) systems.push_back(system_in_row(*rows));
   session.connector()->CloseRecordset(rows);
   std::stable_sort(systems.begin(), systems.end(),
                    [](const StoredSystem& left, const StoredSystem& right) { return id_of(left) < id_of(right); });
