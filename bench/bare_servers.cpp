@@ -45,6 +45,8 @@ class BarePostgresql final : public BareClient {
       if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) stop(PQerrorMessage(session_.get()));
   }
 
+  void analyze() override { run("VACUUM ANALYZE storico"); }
+
  private:
   dorvane::postgresql::Result answer(const std::string& statement, ExecStatusType expected) {
     dorvane::postgresql::Result result(PQexec(session_.get(), statement.c_str()));
@@ -91,6 +93,11 @@ class BareMariadb final : public BareClient {
     std::fclose(text);
     run("LOAD DATA LOCAL INFILE '" + file.path() +
         "' INTO TABLE storico FIELDS TERMINATED BY ',' (concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)");
+  }
+
+  void analyze() override {
+    run("ANALYZE TABLE storico");
+    const dorvane::mariadb::Result report(mysql_store_result(session_.get()));
   }
 
  private:

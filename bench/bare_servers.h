@@ -23,6 +23,8 @@ class BareClient {
   virtual void read(const std::string& statement) = 0;
   /// Fills `storico` by the engine's own bulk path.
   virtual void bulk_load(const std::vector<std::string>& tuples) = 0;
+  /// What the engine wants to know about the draws before it plans.
+  virtual void analyze() = 0;
 };
 
 std::unique_ptr<BareClient> bare_postgresql(const std::string& url);

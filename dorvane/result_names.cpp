@@ -1,7 +1,7 @@
 #include "dorvane/result_names.h"
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 #include "automation/text.h"
 #include "dorvane/schema.h"
@@ -72,6 +72,14 @@ std::vector<std::string> result_names(std::string_view statement, std::vector<st
     of_engine[i] = expression ? std::string(text_of(terms[i])) : spelled(tokens, of_engine[i]);
   }
   return of_engine;
+}
+
+void spell_names(std::string_view statement, std::vector<ColumnHeader>& headers) {
+  std::vector<std::string> names;
+  names.reserve(headers.size());
+  for (ColumnHeader& header : headers) names.push_back(std::move(header.name));
+  names = result_names(statement, std::move(names));
+  for (size_t i = 0; i < names.size(); ++i) headers[i].name = std::move(names[i]);
 }
 
 }  // namespace dorvane

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "dorvane/recordset.h"
+
 namespace dorvane {
 
 /// The names of a statement's result columns in one spelling on every engine, from the engine's own: a column of the
@@ -11,5 +13,7 @@ namespace dorvane {
 /// Servers fold names or call every count "count".
 /// The statement is the one that the host wrote.
 std::vector<std::string> result_names(std::string_view statement, std::vector<std::string> of_engine);
+/// The same for the headers of a result.
+void spell_names(std::string_view statement, std::vector<ColumnHeader>& headers);
 
 }  // namespace dorvane

@@ -73,10 +73,7 @@ Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
   require_plain(statement);
   require_reading(statement);
   ServerRows answer = noticing_loss([&] { return rows(translate_reading(statement)); });
-  std::vector<std::string> names;
-  for (ColumnHeader& header : answer.headers) names.push_back(std::move(header.name));
-  names = result_names(statement, std::move(names));
-  for (size_t i = 0; i < names.size(); ++i) answer.headers[i].name = std::move(names[i]);
+  spell_names(statement, answer.headers);
   return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
 }
 

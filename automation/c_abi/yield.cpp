@@ -1,8 +1,7 @@
 #include "automation/yield.h"
 
-#include <time.h>
-
 #include <atomic>
+#include <chrono>
 
 #include "automation/c_abi/automation.h"
 #include "automation/c_abi/failure.h"
@@ -13,21 +12,14 @@ namespace {
 
 std::atomic<int32_t> interval{0};
 /// When the hook runs next on this thread. Another thread's load must not use its turns up.
-thread_local int64_t due = 0;
-
-/// Milliseconds of a clock that moves by ticks of a few: loops read it at every row.
-int64_t now() {
-  timespec time{};
-  clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
-  return int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
-}
+thread_local std::chrono::steady_clock::time_point due;
 
 bool is_due() {
   const int32_t milliseconds = interval.load(std::memory_order_relaxed);
   if (milliseconds == 0) return true;
-  const int64_t time = now();
-  if (time < due) return false;
-  due = time + milliseconds;
+  const auto now = std::chrono::steady_clock::now();
+  if (now < due) return false;
+  due = now + std::chrono::milliseconds(milliseconds);
   return true;
 }
 
@@ -50,5 +42,5 @@ void au_set_yield_hook(au_yield_hook hook, void* host) {
 
 void au_set_yield_interval(int32_t milliseconds) {
   automation::c_abi::interval.store(milliseconds > 0 ? milliseconds : 0, std::memory_order_relaxed);
-  automation::c_abi::due = 0;
+  automation::c_abi::due = {};
 }

@@ -35,7 +35,8 @@ unsigned port_of(const std::string& text) {
 }
 
 void set_tls(MYSQL* session, const ServerSettings& settings) {
-  my_bool on = 1, off = 0;
+  my_bool on = 1;
+  my_bool off = 0;
   mysql_optionsv(session, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, settings.tls == "verify" ? &on : &off);
   if (settings.tls == "disable") return;
   if (!settings.tls_ca.empty()) mysql_optionsv(session, MYSQL_OPT_SSL_CA, settings.tls_ca.c_str());

@@ -38,7 +38,7 @@ Rows::Rows(Result result) : result_(std::move(result)) {
 }
 
 bool Rows::fetch(std::vector<ColumnStore>& columns) {
-  MYSQL_ROW const row = mysql_fetch_row(result_.get());
+  const char* const* const row = mysql_fetch_row(result_.get());
   if (!row) return false;
   const unsigned long* const lengths = mysql_fetch_lengths(result_.get());
   for (size_t i = 0; i < columns.size(); ++i) {

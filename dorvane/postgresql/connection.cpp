@@ -50,7 +50,8 @@ Session opened(const ServerSettings& settings) {
                                                                         {"keepalives_interval", "5"},
                                                                         {"keepalives_count", "3"},
                                                                         {"tcp_user_timeout", "30000"}}};
-  std::vector<const char*> keywords, values;
+  std::vector<const char*> keywords;
+  std::vector<const char*> values;
   for (const auto& [keyword, value] : parameters) {
     if (*value == '\0') continue;
     keywords.push_back(keyword);

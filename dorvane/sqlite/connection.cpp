@@ -7,6 +7,7 @@
 #include "automation/coercion.h"
 #include "automation/error.h"
 #include "dorvane/recordset.h"
+#include "dorvane/result_names.h"
 #include "dorvane/sqlite/dialect.h"
 #include "dorvane/sqlite/errors.h"
 #include "dorvane/sqlite/like.h"
@@ -184,6 +185,7 @@ Ref<vestara::RecordSet> SqliteConnection::query(std::string_view statement) {
   Statement prepared = prepare(translate_reading(statement), Permission::read);
   auto headers = headers_of(prepared.get());
   if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
+  spell_names(statement, headers);
   const auto place = std::make_shared<StaticRecordSet*>(nullptr);
   auto source = std::make_unique<Rows>(database_.get(), std::move(prepared), [this, place] { forget(*place); });
   auto rows = automation::make<StaticRecordSet>(std::move(headers), std::move(source));

@@ -11,9 +11,9 @@ namespace {
 
 /// Capitals in a row, and how far their small letters are. In an alternating block every second one is a capital.
 struct Capitals {
-  char32_t first;
-  char32_t last;
-  char32_t distance;
+  char32_t first = 0;
+  char32_t last = 0;
+  char32_t distance = 0;
   bool alternating = false;
 };
 
@@ -73,7 +73,8 @@ void like(sqlite3_context* context, int, sqlite3_value** values) {
 
 bool is_like(std::string_view text, std::string_view pattern) {
   // Only the last "%" can be where a failed match goes on.
-  std::string_view retry_text, retry_pattern;
+  std::string_view retry_text;
+  std::string_view retry_pattern;
   bool can_retry = false;
   while (!text.empty()) {
     std::string_view rest = pattern;
