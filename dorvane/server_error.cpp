@@ -13,7 +13,7 @@ struct Advice {
 };
 
 /// By refusal.
-constexpr std::array<Advice, 7> advices{{
+constexpr std::array<Advice, 8> advices{{
     {automation::unspecified_failure, ""},
     {70, "; ask for the right to do this, or open with a user who has it"},
     {automation::unspecified_failure, "; CreateSchema makes the tables that are missing"},
@@ -21,6 +21,7 @@ constexpr std::array<Advice, 7> advices{{
     {automation::unspecified_failure, "; statement_timeout in the URL says how long one may take"},
     {61, "; free some space on the server, nothing was changed"},
     {automation::unspecified_failure, "; what was not kept is lost, open the archive again"},
+    {automation::unspecified_failure, "; look whether the server runs, and at user, password and database"},
 }};
 
 const Advice& advice_for(Refusal refusal) { return advices[static_cast<size_t>(refusal)]; }
@@ -28,7 +29,7 @@ const Advice& advice_for(Refusal refusal) { return advices[static_cast<size_t>(r
 /// One line of it, without the line feeds that servers put behind and between.
 std::string one_line(std::string_view reason) {
   std::string line;
-  for (const char c : reason) line += c == '\n' || c == '\r' ? ' ' : c;
+  for (const char c : reason) line += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
   const auto end = line.find_last_not_of(' ');
   return line.substr(0, end == std::string::npos ? 0 : end + 1);
 }

@@ -17,6 +17,7 @@ enum class Refusal : uint8_t {
   too_long,    ///< the statement took longer than it may
   full,        ///< no room left on the server
   connection,  ///< the server is out of reach
+  no_session,  ///< the connection did not come about
 };
 
 /// A server's error with the platform's number and what to do about it.

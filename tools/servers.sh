@@ -89,7 +89,9 @@ answers_mariadb() {
     CREATE USER IF NOT EXISTS vestara@localhost; GRANT ALL ON *.* TO vestara@localhost WITH GRANT OPTION" >/dev/null 2>&1
 }
 
-running() { [ -f "$folder/pid" ] && kill -0 "$(cat "$folder/pid")" 2>/dev/null; }
+# One that ended but was not yet waited for is none.
+is_alive() { kill -0 "$1" 2>/dev/null && ! grep -q '^State:.Z' "/proc/$1/status" 2>/dev/null; }
+running() { [ -f "$folder/pid" ] && is_alive "$(cat "$folder/pid")"; }
 
 start() {
   running || "start_$engine"
@@ -111,7 +113,7 @@ end_by() {
   # shellcheck disable=SC2086
   kill "-$1" "$pid" $workers 2>/dev/null || true
   for _ in $(seq 300); do
-    kill -0 "$pid" 2>/dev/null || { rm -f "$folder/pid"; return 0; }
+    is_alive "$pid" || { rm -f "$folder/pid"; return 0; }
     sleep 0.1
   done
   fail "the server (process $pid) does not end"

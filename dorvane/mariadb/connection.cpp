@@ -64,7 +64,7 @@ Session opened(const ServerSettings& settings) {
   const ServerAddress& address = settings.address;
   if (!mysql_real_connect(client, or_null(address.host), or_null(address.user), or_null(address.password),
                           address.database.c_str(), port_of(address.port), or_null(settings.socket), 0))
-    throw last_failure(client);
+    throw connection_failure(client);
   return session;
 }
 

@@ -49,6 +49,8 @@ ServerError last_failure(MYSQL* session, std::string_view statement) {
   return {refusal_of(mysql_errno(session)), "mariadb", mysql_error(session), statement};
 }
 
+ServerError connection_failure(MYSQL* session) { return {Refusal::no_session, "mariadb", mysql_error(session), {}}; }
+
 bool took_the_transaction(unsigned code) { return code == ER_LOCK_DEADLOCK || refusal_of(code) == Refusal::connection; }
 
 }  // namespace dorvane::mariadb

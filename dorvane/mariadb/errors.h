@@ -10,6 +10,9 @@ namespace dorvane::mariadb {
 /// The error that the session reported last.
 ServerError last_failure(MYSQL* session, std::string_view statement = {});
 
+/// The error of a session that did not come about.
+ServerError connection_failure(MYSQL* session);
+
 /// True when the server rolled the whole transaction back, not the statement alone.
 bool took_the_transaction(unsigned code);
 

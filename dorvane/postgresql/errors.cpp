@@ -32,7 +32,7 @@ ServerError failure(PGconn* session, const PGresult* result, std::string_view st
 }
 
 ServerError connection_failure(PGconn* session) {
-  return {Refusal::connection, engine, session ? PQerrorMessage(session) : "out of memory", {}};
+  return {Refusal::no_session, engine, session ? PQerrorMessage(session) : "out of memory", {}};
 }
 
 }  // namespace dorvane::postgresql

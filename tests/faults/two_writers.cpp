@@ -1,4 +1,4 @@
-// One of two hosts that write to one archive: two_writers ARCHIVE WORKER SECONDS
+// One of two hosts that write to one archive: two_writers URL WORKER SECONDS
 // Creates what is missing of the archive, then saves draws, on dates of its own, and searches. Prints a line per call:
 // "draw 2001-05-07 CONTEST True" or "search DESCRIPTION False".
 
@@ -8,6 +8,7 @@
 #include <string>
 
 #include "dorvane/connector.h"
+#include "tests/faults/numbered_draw.h"
 #include "vestara/archive/lotto.h"
 
 namespace {
@@ -17,7 +18,8 @@ using automation::make;
 using automation::Ref;
 
 constexpr int dates_per_worker = 40;
-constexpr int contests = 32400;  // a whole number of times 90, so that a contest tells its numbers
+constexpr int least_rounds = 20;  // also of a host that the other one kept waiting all the time
+constexpr int contests = 32400;   // a whole number of times 90, so that a contest tells its numbers
 
 class Worker {
  public:
@@ -28,10 +30,8 @@ class Worker {
   void save_draw(int round) {
     const int32_t month = round % dates_per_worker / 20 + 1;
     const int32_t day = round % 20 + 1;
-    const auto draw = make<vestara::cEstrazione>();
-    draw->DataEstrazione(Date::from_civil(2000 + number_, month, day).value());
-    draw->NumeroConcorso(static_cast<int16_t>(round % contests + 1));
-    for (int32_t i = 0; i < 55; ++i) draw->AddNumero(i / 5 + 1, i % 5 + 2, std::to_string((i + round) % 90 + 1));
+    const auto draw = faults::numbered_draw(Date::from_civil(2000 + number_, month, day).value(), round % contests + 1,
+                                            [round](int32_t i) { return (i + round) % 90 + 1; });
     const bool saved = lotto_.SalvaEstrazione(draw);
     std::printf("draw %04d-%02d-%02d %d %s\n", 2000 + number_, month, day, draw->NumeroConcorso(), word(saved));
   }
@@ -54,13 +54,15 @@ class Worker {
 int main(int count, char** arguments) {
   if (count != 4) return 2;
   const auto connector = make<dorvane::DbConnector>();
-  if (!connector->Open(std::string("sqlite:") + arguments[1]) || !connector->CreateSchema()) {
+  if (!connector->Open(arguments[1]) || !connector->CreateSchema()) {
     std::fprintf(stderr, "%s\n", connector->LastError().c_str());
     return 1;
   }
   Worker worker(connector, std::atoi(arguments[2]));
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(std::atoi(arguments[3]));
-  for (int round = 0; std::chrono::steady_clock::now() < end; ++round) {
+  const int seconds = std::atoi(arguments[3]);
+  const int least = seconds == 0 ? 0 : least_rounds;
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+  for (int round = 0; round < least || std::chrono::steady_clock::now() < end; ++round) {
     worker.save_draw(round);
     worker.save_search(round);
   }

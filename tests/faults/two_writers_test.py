@@ -20,19 +20,23 @@ class TwoWriters(unittest.TestCase):
     def setUpClass(cls):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
-        cls.archive = pathlib.Path(folder.name) / "archive.sqlite"
-        cls.environment = os.environ | {"VESTARA_LOG_DIR": folder.name}
+        archive = pathlib.Path(folder.name) / "archive.sqlite"
+        cls.write(f"sqlite:{archive}", os.environ | {"VESTARA_LOG_DIR": folder.name})
+        cls.database = sqlite3.connect(archive)
+        cls.addClassCleanup(cls.database.close)
+
+    @classmethod
+    def write(cls, url, environment):
+        cls.url, cls.environment = url, environment
         cls.start(worker=0, seconds=0).communicate(timeout=60)  # makes the tables
         running = [cls.start(worker, SECONDS) for worker in WORKERS]
         outputs = [process.communicate(timeout=SECONDS + 60)[0] for process in running]
         cls.calls = [[line.split() for line in output.splitlines()] for output in outputs]
         cls.exit_codes = [process.returncode for process in running]
-        cls.database = sqlite3.connect(cls.archive)
-        cls.addClassCleanup(cls.database.close)
 
     @classmethod
     def start(cls, worker, seconds):
-        return subprocess.Popen([PROGRAM, str(cls.archive), str(worker), str(seconds)], env=cls.environment,
+        return subprocess.Popen([PROGRAM, cls.url, str(worker), str(seconds)], env=cls.environment,
                                 stdout=subprocess.PIPE, text=True)
 
     def rows(self, statement):
