@@ -58,9 +58,9 @@ class Workloads {
             for (const auto& text : texts) bare_->run(text);
           });
         },
-        ours, 5);
+        ours);
     compare(
-        "import, the engine's bulk path", 100, [&] { refill([&] { bare_->bulk_load(tuples); }); }, ours, 5);
+        "import, the engine's bulk path", 100, [&] { refill([&] { bare_->bulk_load(tuples); }); }, ours);
   }
 
   /// The archive as one import leaves it.
@@ -75,6 +75,7 @@ class Workloads {
 
   /// Without the indexes first: of a large archive they are made faster at once.
   void start_large(const std::vector<std::string>& tuples) {
+    rounds_ = 3;
     require(connector_->ExecuteSql("DROP TABLE storico"));
     require(connector_->CreateSchema());
     for (const char* index : {"estr1", "estr2", "estr3", "estr4", "estr5", "rows", "wheel", "draws"})
@@ -140,12 +141,13 @@ class Workloads {
     if (!done) bench::stop(connector_->LastError());
   }
   void compare(const std::string& workload, double goal, const std::function<void()>& bare,
-               const std::function<void()>& ours, int rounds = 15) const {
-    bench::compare(name_ + ", " + workload, goal, bare, ours, rounds);
+               const std::function<void()>& ours) const {
+    bench::compare(name_ + ", " + workload, goal, bare, ours, rounds_);
   }
 
   std::string name_;
   std::string drop_index_;
+  int rounds_ = 9;
   std::unique_ptr<bench::BareClient> bare_;
   Ref<dorvane::DbConnector> connector_;
 };
