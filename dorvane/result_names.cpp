@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "automation/text.h"
 #include "dorvane/schema.h"
 #include "dorvane/statement.h"
 
@@ -11,8 +10,6 @@ namespace dorvane {
 namespace {
 
 using Tokens = std::vector<Token>;
-
-bool is(const Token& token, std::string_view word) { return automation::equal_ignoring_case(token.text, word); }
 
 /// One term of the select list.
 using Term = Tokens;

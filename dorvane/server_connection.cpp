@@ -70,9 +70,9 @@ void ServerConnection::atomically(Body&& body) {
 
 Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
   require_usable();
-  require_plain(statement);
+  dialect_.require_plain(statement);
   require_reading(statement);
-  ServerRows answer = noticing_loss([&] { return rows(translate_reading(statement)); });
+  ServerRows answer = noticing_loss([&] { return rows(dialect_.translate_reading(statement)); });
   spell_names(statement, answer.headers);
   return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
 }
@@ -80,14 +80,14 @@ Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
 void ServerConnection::execute(std::string_view statement) {
   require_usable();
   require_writable();
-  require_plain(statement);
+  dialect_.require_plain(statement);
   require_change(statement);
   if (transaction_ == Transaction::open && changes_tables(statement) && !tables_are_transactional())
     throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
-  if (changes_tables(statement) && transaction_ == Transaction::none) return define(translate(statement));
+  if (changes_tables(statement) && transaction_ == Transaction::none) return define(dialect_.translate(statement));
   const bool empties = empties_the_archive(statement);
   atomically([&] {
-    run(translate(statement));
+    run(dialect_.translate(statement));
     if (empties) after_emptying();
   });
   refilled_ = refilled_ || empties;
@@ -110,7 +110,15 @@ void ServerConnection::settle_refilled() noexcept {
 
 int32_t ServerConnection::max_id(std::string_view table, std::string_view column) {
   require_usable();
-  return noticing_loss([&] { return single_number(translate_reading(largest_value(table, column))); });
+  return noticing_loss([&] { return single_number(dialect_.translate_reading(largest_value(table, column))); });
+}
+
+void ServerConnection::prefer(std::string_view setting) {
+  try {
+    run(setting);
+  } catch (const ServerError&) {
+    if (!is_alive()) throw;
+  }
 }
 
 int32_t ServerConnection::single_number(std::string_view statement) {
@@ -182,15 +190,15 @@ SchemaFacts ServerConnection::schema_facts() {
   const auto add = [&](auto& names, std::string_view statement) {
     for (std::string& name : column_of(statement)) names.insert(std::move(name));
   };
-  add(facts.columns, column_facts());
-  add(facts.indexes, index_facts());
+  add(facts.columns, dialect_.column_facts);
+  add(facts.indexes, dialect_.index_facts);
   if (facts.columns.contains("ruote.ruotaalias")) add(facts.wheels, "SELECT ruotaAlias FROM ruote");
   return facts;
 }
 
 std::vector<std::string> ServerConnection::check_schema() {
   require_usable();
-  return noticing_loss([&] { return missing_from(schema_facts(), index_creations()); });
+  return noticing_loss([&] { return missing_from(schema_facts(), dialect_.indexes); });
 }
 
 void ServerConnection::create_missing(std::span<const Creation> creations,
@@ -201,10 +209,18 @@ void ServerConnection::create_missing(std::span<const Creation> creations,
       transaction_ == Transaction::open ? run(creation.statement) : define(creation.statement);
 }
 
-std::string ServerConnection::wheels_insertion() const { return translate(wheels_statement()); }
+std::string ServerConnection::wheels_insertion() const { return dialect_.translate(wheels_statement()); }
 
 void ServerConnection::repair_keys() {
   for (const std::string& repair : key_repairs()) atomically([&] { run(repair); });
+}
+
+void ServerConnection::make_schema() {
+  take_schema_turn();
+  create_missing(dialect_.tables, &SchemaFacts::has_table);
+  create_missing(dialect_.indexes, &SchemaFacts::has_index);
+  atomically([&] { run(wheels_insertion()); });
+  repair_keys();
 }
 
 void ServerConnection::create_schema() {
@@ -220,11 +236,7 @@ void ServerConnection::create_schema() {
     transaction_ = Transaction::open;
   }
   try {
-    take_schema_turn();
-    create_missing(table_creations(), &SchemaFacts::has_table);
-    create_missing(index_creations(), &SchemaFacts::has_index);
-    atomically([&] { run(wheels_insertion()); });
-    repair_keys();
+    noticing_loss([&] { make_schema(); });
     if (outermost && transaction_ == Transaction::open) commit();
   } catch (...) {
     if (outermost) rollback();

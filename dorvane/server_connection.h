@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "dorvane/connection.h"
+#include "dorvane/dialect.h"
 #include "dorvane/recordset.h"
 #include "dorvane/schema.h"
 
@@ -35,7 +37,7 @@ class ServerConnection : public Connection {
 
  protected:
   enum class Access : uint8_t { read_write, read_only };
-  explicit ServerConnection(Access access) : access_(access) {}
+  ServerConnection(const Dialect& dialect, Access access) : dialect_(dialect), access_(access) {}
 
   /// Runs one statement that needs no answer. Raises ServerError.
   virtual void run(std::string_view statement) = 0;
@@ -44,22 +46,14 @@ class ServerConnection : public Connection {
   /// True while the server holds the transaction that was begun; false once an error took it.
   virtual bool transaction_is_whole() const = 0;
 
-  // The dialect.
-  virtual std::string translate(std::string_view statement) const = 0;
-  virtual std::string translate_reading(std::string_view statement) const = 0;
-  /// Raises RunTimeError for what this engine's own syntax could smuggle past the wall.
-  virtual void require_plain(std::string_view statement) const = 0;
-  virtual std::span<const Creation> table_creations() const = 0;
-  virtual std::span<const Creation> index_creations() const = 0;
-  /// What adds the wheels that are missing.
-  virtual std::string wheels_insertion() const;
-  /// Two statements with one column each: "table.column" and the names of indexes, in lower case.
-  virtual std::string_view column_facts() const = 0;
-  virtual std::string_view index_facts() const = 0;
   /// True when CREATE, ALTER and DROP can be taken back; otherwise they run by `define` alone.
   virtual bool tables_are_transactional() const = 0;
   /// Runs such a statement while no transaction is open.
   virtual void define(std::string_view statement);
+
+  /// The statement that adds missing wheels; where `take_schema_turn` keeps nobody away, it passes over what another
+  /// program added meanwhile.
+  virtual std::string wheels_insertion() const;
 
   // What an engine does besides, all within the transaction unless said otherwise.
   /// Before the schema is looked at and made, so that two programs do not make it at once.
@@ -72,6 +66,9 @@ class ServerConnection : public Connection {
   virtual void after_refilling() {}
   /// What puts the next keys behind rows whose keys another program chose.
   virtual std::vector<std::string> key_repairs() { return {}; }
+
+  /// A setting that makes statements like ours faster, which not every server of the protocol knows.
+  void prefer(std::string_view setting);
 
   /// The first column of the first row, 0 when there is none.
   int32_t single_number(std::string_view statement);
@@ -95,7 +92,9 @@ class ServerConnection : public Connection {
   void quietly_roll_back() noexcept;
   void settle_refilled() noexcept;
   void repair_keys();
+  void make_schema();
 
+  const Dialect& dialect_;
   Access access_;
   Transaction transaction_ = Transaction::none;
   std::string loss_reason_;

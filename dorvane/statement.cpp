@@ -72,6 +72,8 @@ automation::RunTimeError not_allowed(std::string_view statement) {
 
 }  // namespace
 
+bool is(const Token& token, std::string_view word) { return automation::equal_ignoring_case(token.text, word); }
+
 Token next_token(std::string_view text) {
   const char first = text.front();
   if (is_blank(first)) return token(TokenKind::blank, text, run_length(text, is_blank));

@@ -16,6 +16,9 @@ struct Token {
   std::string_view text;
 };
 
+/// True when the token is this word, whatever its case.
+bool is(const Token& token, std::string_view word);
+
 /// The token at the front of `text`, which is not empty. A literal or comment without an end runs to the end.
 Token next_token(std::string_view text);
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "automation/text.h"
 #include "dorvane/statement.h"
 
 namespace dorvane {
@@ -11,8 +10,6 @@ namespace {
 
 using Tokens = std::vector<Token>;
 constexpr size_t nowhere = static_cast<size_t>(-1);
-
-bool is(const Token& token, std::string_view word) { return automation::equal_ignoring_case(token.text, word); }
 
 /// Only what stands outside every parenthesis; the parentheses themselves stay, empty.
 Tokens outermost(const Tokens& tokens) {

@@ -16,7 +16,7 @@ using automation::RunTimeError;
 
 namespace {
 
-const Engine engine("mariadb", "mariadb://user@host/database", [](const Url& url) -> std::unique_ptr<Connection> {
+const Engine registered("mariadb", "mariadb://user@host/database", [](const Url& url) -> std::unique_ptr<Connection> {
   return std::make_unique<MariadbConnection>(server_settings(url));
 });
 
@@ -71,7 +71,8 @@ Session opened(const ServerSettings& settings) {
 }  // namespace
 
 MariadbConnection::MariadbConnection(const ServerSettings& settings)
-    : ServerConnection(settings.read_only ? Access::read_only : Access::read_write), session_(opened(settings)) {
+    : ServerConnection(dialect(), settings.read_only ? Access::read_only : Access::read_write),
+      session_(opened(settings)) {
   run("SET NAMES utf8mb4 COLLATE utf8mb4_nopad_bin");
   // The modes against dates of zero are not among them: they cost a fifth of every search, and the table's own check
   // does the same.
@@ -86,14 +87,6 @@ MariadbConnection::MariadbConnection(const ServerSettings& settings)
   prefer("SET SESSION sort_buffer_size=268435456");
   prefer(concatenated({"SET SESSION max_statement_time=", std::to_string(settings.statement_timeout / 1000), ".",
                        std::to_string(1000 + settings.statement_timeout % 1000).substr(1)}));
-}
-
-void MariadbConnection::prefer(std::string_view setting) {
-  try {
-    run(setting);
-  } catch (const ServerError&) {
-    if (!is_alive()) throw;
-  }
 }
 
 Result MariadbConnection::answer(std::string_view statement) {
@@ -123,16 +116,6 @@ ServerRows MariadbConnection::rows(std::string_view statement) {
   answer.source = std::make_unique<Rows>(std::move(result));
   return answer;
 }
-
-std::string MariadbConnection::translate(std::string_view statement) const { return mariadb::translate(statement); }
-std::string MariadbConnection::translate_reading(std::string_view statement) const {
-  return mariadb::translate_reading(statement);
-}
-void MariadbConnection::require_plain(std::string_view statement) const { mariadb::require_plain(statement); }
-std::span<const Creation> MariadbConnection::table_creations() const { return mariadb::table_creations(); }
-std::span<const Creation> MariadbConnection::index_creations() const { return mariadb::index_creations(); }
-std::string_view MariadbConnection::column_facts() const { return mariadb::column_facts(); }
-std::string_view MariadbConnection::index_facts() const { return mariadb::index_facts(); }
 
 /// Tables that are made outside transactions leave no turn to take: what another program adds meanwhile is passed over.
 std::string MariadbConnection::wheels_insertion() const {

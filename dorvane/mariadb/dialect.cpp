@@ -9,8 +9,6 @@
 namespace dorvane::mariadb {
 namespace {
 
-using Creations = std::span<const Creation>;
-
 // Texts compare byte by byte and blank for blank, as they do elsewhere. Only transactional storage will do.
 constexpr std::array<Creation, 5> create_tables{{
     {"storico",
@@ -95,16 +93,20 @@ void require_plain(std::string_view statement) {
   }
 }
 
-Creations table_creations() { return create_tables; }
-Creations index_creations() { return create_indexes; }
-
-std::string_view column_facts() {
-  return "SELECT lower(concat(table_name,'.',column_name)) FROM information_schema.columns WHERE"
-         " table_schema=database()";
-}
-
-std::string_view index_facts() {
-  return "SELECT DISTINCT lower(index_name) FROM information_schema.statistics WHERE table_schema=database()";
+const Dialect& dialect() {
+  static constexpr Dialect dialect{
+      .translate = translate,
+      .translate_reading = translate_reading,
+      .require_plain = require_plain,
+      .tables = create_tables,
+      .indexes = create_indexes,
+      .column_facts =
+          "SELECT lower(concat(table_name,'.',column_name)) FROM information_schema.columns WHERE"
+          " table_schema=database()",
+      .index_facts =
+          "SELECT DISTINCT lower(index_name) FROM information_schema.statistics WHERE table_schema=database()",
+  };
+  return dialect;
 }
 
 }  // namespace dorvane::mariadb

@@ -17,9 +17,10 @@ using automation::RunTimeError;
 
 namespace {
 
-const Engine engine("postgresql", "postgresql://user@host/database", [](const Url& url) -> std::unique_ptr<Connection> {
-  return std::make_unique<PostgresqlConnection>(server_settings(url));
-});
+const Engine registered("postgresql", "postgresql://user@host/database",
+                        [](const Url& url) -> std::unique_ptr<Connection> {
+                          return std::make_unique<PostgresqlConnection>(server_settings(url));
+                        });
 
 /// Tables whose keys the engine hands out, with their key columns, folded as the engine folds them.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> keyed{
@@ -69,7 +70,8 @@ Session opened(const ServerSettings& settings) {
 }  // namespace
 
 PostgresqlConnection::PostgresqlConnection(const ServerSettings& settings)
-    : ServerConnection(settings.read_only ? Access::read_only : Access::read_write), session_(opened(settings)) {
+    : ServerConnection(dialect(), settings.read_only ? Access::read_only : Access::read_write),
+      session_(opened(settings)) {
   run("SET standard_conforming_strings=on");
   run("SET DateStyle=ISO");
   run("SET default_transaction_isolation='read committed'");
@@ -79,14 +81,6 @@ PostgresqlConnection::PostgresqlConnection(const ServerSettings& settings)
   // Faster for statements like ours; other servers of this protocol may not know them.
   prefer("SET jit=off");
   prefer("SET work_mem='64MB'");
-}
-
-void PostgresqlConnection::prefer(std::string_view setting) {
-  try {
-    run(setting);
-  } catch (const ServerError&) {
-    if (!is_alive()) throw;
-  }
 }
 
 bool PostgresqlConnection::is_alive() const { return PQstatus(session_.get()) == CONNECTION_OK; }
@@ -127,18 +121,6 @@ ServerRows PostgresqlConnection::rows(std::string_view statement) {
   answer.source = std::make_unique<Rows>(std::move(result));
   return answer;
 }
-
-std::string PostgresqlConnection::translate(std::string_view statement) const {
-  return postgresql::translate(statement);
-}
-std::string PostgresqlConnection::translate_reading(std::string_view statement) const {
-  return postgresql::translate_reading(statement);
-}
-void PostgresqlConnection::require_plain(std::string_view statement) const { postgresql::require_plain(statement); }
-std::span<const Creation> PostgresqlConnection::table_creations() const { return postgresql::table_creations(); }
-std::span<const Creation> PostgresqlConnection::index_creations() const { return postgresql::index_creations(); }
-std::string_view PostgresqlConnection::column_facts() const { return postgresql::column_facts(); }
-std::string_view PostgresqlConnection::index_facts() const { return postgresql::index_facts(); }
 
 void PostgresqlConnection::take_schema_turn() {
   // Any number will do, as long as every program of ours takes the same.

@@ -23,13 +23,6 @@ class PostgresqlConnection final : public ServerConnection {
   ServerRows rows(std::string_view statement) override;
   bool transaction_is_whole() const override;
 
-  std::string translate(std::string_view statement) const override;
-  std::string translate_reading(std::string_view statement) const override;
-  void require_plain(std::string_view statement) const override;
-  std::span<const Creation> table_creations() const override;
-  std::span<const Creation> index_creations() const override;
-  std::string_view column_facts() const override;
-  std::string_view index_facts() const override;
   bool tables_are_transactional() const override { return true; }
 
   void take_schema_turn() override;
@@ -38,7 +31,6 @@ class PostgresqlConnection final : public ServerConnection {
   std::vector<std::string> key_repairs() override;
 
   Result answer(std::string_view statement);
-  void prefer(std::string_view setting);
 
   Session session_;
 };

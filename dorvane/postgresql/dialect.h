@@ -1,10 +1,9 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "dorvane/schema.h"
+#include "dorvane/dialect.h"
 
 // What is PostgreSQL's own: how a statement must read, and the archive's tables.
 
@@ -19,9 +18,7 @@ std::string translate_reading(std::string_view statement);
 /// Raises RunTimeError 5 for texts whose end the engine sees elsewhere than others do: $$…$$, E'…', U&'…'.
 void require_plain(std::string_view statement);
 
-std::span<const Creation> table_creations();
-std::span<const Creation> index_creations();
-std::string_view column_facts();
-std::string_view index_facts();
+/// All of it, with the tables.
+const Dialect& dialect();
 
 }  // namespace dorvane::postgresql

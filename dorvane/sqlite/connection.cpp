@@ -47,7 +47,7 @@ Settings settings_of(const Url& url) {
           durability};
 }
 
-const Engine engine("sqlite", "sqlite:archive.sqlite", [](const Url& url) -> std::unique_ptr<Connection> {
+const Engine registered("sqlite", "sqlite:archive.sqlite", [](const Url& url) -> std::unique_ptr<Connection> {
   return std::make_unique<SqliteConnection>(url);
 });
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/log_capture.h"
+#include "tests/support/late_bound_test.h"
 #include "tests/support/values.h"
 #include "vestara/systems/systems.h"
 
@@ -10,28 +10,18 @@ namespace vestara {
 namespace {
 
 using automation::Array;
-using automation::InvokeKind;
 using automation::Variant;
 using automation::VariantKind;
 using testing_support::describe;
 using testing_support::error_of;
-using testing_support::outcome;
 using Calls = std::vector<std::string>;
 
 constexpr const char* numbers_failed = "cSistemi.GetCombiNumbers() ";
 constexpr const char* convert_failed = "cSistemi.GetSisNumsConvert() ";
 
-class CombinationTextTest : public testing::Test {
+class CombinationTextTest : public testing_support::LateBoundTest<cSistemi> {
  protected:
-  std::string call(std::string_view member, std::vector<Variant> arguments,
-                   const std::vector<std::string_view>& names = {}) {
-    given_ = std::move(arguments);
-    return outcome([&] { return systems_.call(member, InvokeKind::method, given_, names); });
-  }
-
-  testing_support::LogCapture log_;
-  cSistemi systems_;
-  std::vector<Variant> given_;  // as the last late-bound call left them
+  cSistemi& systems_ = object_;
 };
 
 TEST_F(CombinationTextTest, FromTheFirstDigitToTheLast) {

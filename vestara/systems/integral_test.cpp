@@ -7,35 +7,25 @@
 
 #include "automation/yield.h"
 #include "tests/support/events.h"
-#include "tests/support/log_capture.h"
+#include "tests/support/late_bound_test.h"
 #include "tests/support/values.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara {
 namespace {
 
-using automation::InvokeKind;
 using automation::Variant;
 using testing_support::error_of;
 using testing_support::ImpatientHost;
-using testing_support::outcome;
 using Calls = std::vector<std::string>;
 
 // The labels as the log has always shown them: another class, a slip, a blank behind.
 constexpr const char* no_room = "cStatistiche.CombinazioniStrBit()  9";
 constexpr const char* no_factorial = "cStatustiche.ContaCombinazioniIntegrali() 6";
 
-class IntegralTest : public testing::Test {
+class IntegralTest : public testing_support::LateBoundTest<cSistemi> {
  protected:
-  std::string call(std::string_view member, std::vector<Variant> arguments,
-                   const std::vector<std::string_view>& names = {}) {
-    given_ = std::move(arguments);
-    return outcome([&] { return systems_.call(member, InvokeKind::method, given_, names); });
-  }
-
-  testing_support::LogCapture log_;
-  cSistemi systems_;
-  std::vector<Variant> given_;  // as the last late-bound call left them
+  cSistemi& systems_ = object_;
 };
 
 /// "1,2,…,n".
