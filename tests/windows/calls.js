@@ -20,7 +20,7 @@ raises("no such member", 438, function () { lotto.Nope(); });
 
 var names = "";
 for (var e = new Enumerator(rows.Fields); !e.atEnd(); e.moveNext()) names += e.item().Name + ";";
-same("fields", names, "dtestr;concorsoNumero;");
+same("fields", names, "dtEstr;concorsoNumero;");
 
 // An object of the script as connector.
 var asked = "";
