@@ -1,6 +1,7 @@
 #include "dorvane/result_names.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "dorvane/schema.h"
@@ -11,8 +12,15 @@ namespace {
 
 using Tokens = std::vector<Token>;
 
+constexpr std::array<std::string_view, 9> list_ends{"from",  "where",  "group",     "order", "limit",
+                                                    "union", "except", "intersect", ";"};
+
 /// One term of the select list.
 using Term = Tokens;
+
+bool ends_list(const Token& token) {
+  return std::any_of(list_ends.begin(), list_ends.end(), [&](std::string_view word) { return is(token, word); });
+}
 
 /// The terms between the outermost SELECT and its FROM; none when there is no such list.
 std::vector<Term> select_list(const Tokens& tokens) {
@@ -24,7 +32,7 @@ std::vector<Term> select_list(const Tokens& tokens) {
     const Token& token = tokens[i];
     if (token.text == "(") ++depth;
     if (token.text == ")") --depth;
-    if (depth == 0 && is(token, "from")) break;
+    if (depth == 0 && ends_list(token)) break;
     if (i == 1 && (is(token, "distinct") || is(token, "all"))) continue;
     if (depth == 0 && token.text == ",")
       terms.emplace_back();

@@ -27,6 +27,9 @@ TEST(ResultNames, Cases) {
       {"SELECT *, count(*) FROM ruote",
        {"enumeratore", "enumeratorebit", "ruotaalias", "count"},
        {"enumeratore", "enumeratoreBit", "ruotaAlias", "count"}},
+      {"SELECT 1 AS dtEstr UNION ALL SELECT 2", {"dtestr"}, {"dtEstr"}},
+      {"SELECT count(*) WHERE 1=1", {"count"}, {"count(*)"}},
+      {"SELECT 1+1;", {"?column?"}, {"1+1"}},
       {"VALUES (1)", {"column1"}, {"column1"}},
       {"WITH a AS (SELECT 1 AS Uno) SELECT Uno FROM a", {"uno"}, {"Uno"}},
   };

@@ -39,9 +39,11 @@ uint64_t code_of(std::string_view alias) {
 
 }  // namespace
 
+size_t WheelEnumerators::slot_of(uint64_t code) { return static_cast<size_t>(code % guess_count); }
+
 const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) const {
   const uint64_t code = code_of(alias);
-  if (const size_t place = guesses_[code % guess_count]; code != 0 && place < entries_.size()) {
+  if (const size_t place = guesses_[slot_of(code)]; code != 0 && place < entries_.size()) {
     const Entry& guess = entries_[place];
     if (guess.code == code && guess.alias.size() == alias.size()) return &guess;
   }
@@ -53,7 +55,7 @@ const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) co
 void WheelEnumerators::add(std::string_view alias, int16_t wheel) {
   if (find(alias)) throw automation::duplicate_key();
   const uint64_t code = code_of(alias);
-  guesses_[code % guess_count] = static_cast<uint8_t>(entries_.size());
+  guesses_[slot_of(code)] = static_cast<uint8_t>(entries_.size());
   entries_.push_back({code, std::string(alias), wheel});
 }
 

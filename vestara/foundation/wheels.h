@@ -29,6 +29,7 @@ class VESTARA_API WheelEnumerators {
     int16_t wheel;
   };
   const Entry* find(std::string_view alias) const;
+  static size_t slot_of(uint64_t code);
 
   std::vector<Entry> entries_;
   /// The place of the entry that an alias may be, by its code. So many keep the eleven wheels apart.
