@@ -42,13 +42,17 @@ std::vector<Term> select_list(const Tokens& tokens) {
   return terms;
 }
 
+bool is_name(const Token& token) { return token.kind == TokenKind::word || token.kind == TokenKind::quoted_name; }
+
 /// "column" or "alias.column".
 bool is_column(const Term& term) {
-  return (term.size() == 1 || (term.size() == 3 && term[1].text == ".")) && term.back().kind == TokenKind::word;
+  return (term.size() == 1 || (term.size() == 3 && term[1].text == ".")) && is_name(term.back());
 }
 
 bool has_alias(const Term& term) {
-  return term.size() > 1 && term.back().kind == TokenKind::word && term[term.size() - 2].text != ".";
+  if (term.size() < 2) return false;
+  const Token& before = term[term.size() - 2];
+  return is(before, "as") || (is_name(term.back()) && before.text != ".");
 }
 
 std::string_view text_of(const Term& term) {
