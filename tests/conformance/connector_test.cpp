@@ -206,6 +206,17 @@ TEST_P(ConnectorTest, KeysBeginAnewWhenTheDrawsWereAllDeleted) {
   }
 }
 
+TEST_P(ConnectorTest, KeysNearTheirEndBeginAnewWithTheNextImport) {
+  ASSERT_TRUE(execute("INSERT INTO storico(id,ruota)VALUES(1500000000,'BA')"));
+  connector_->BeginTrans();
+  ASSERT_TRUE(execute("DELETE FROM storico"));
+  add(1, "2005-02-09", "VE");
+  add(1, "2005-02-09", "BA");
+  connector_->CommitTrans();
+  add(2, "2005-02-12", "VE");
+  EXPECT_EQ(rows("SELECT id,ruota FROM storico ORDER BY id"), (Lines{"1 VE", "2 BA", "3 VE"}));
+}
+
 TEST_P(ConnectorTest, KeysOfOthersAreNotGivenOutAgain) {
   ASSERT_TRUE(execute("INSERT INTO tSistemaDetail(id,idSis)VALUES(7,1)"));
   ASSERT_TRUE(connector_->CreateSchema()) << connector_->LastError();
