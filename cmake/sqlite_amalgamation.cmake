@@ -9,7 +9,7 @@ if(NOT EXISTS ${SQLITE_FOLDER}/package/deps/sqlite3/sqlite3.c)
   if(NOT EXISTS ${SQLITE_FOLDER}/${package})
     find_program(NPM npm REQUIRED NO_CMAKE_FIND_ROOT_PATH)
     message(STATUS "Fetching the SQLite amalgamation")
-    execute_process(COMMAND ${NPM} pack --silent better-sqlite3@12.11.1 WORKING_DIRECTORY ${SQLITE_FOLDER}
+    execute_process(COMMAND ${NPM} pack --loglevel=error better-sqlite3@12.11.1 WORKING_DIRECTORY ${SQLITE_FOLDER}
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
   endif()
   file(SHA512 ${SQLITE_FOLDER}/${package} found)
