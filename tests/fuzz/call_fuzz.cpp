@@ -1,14 +1,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "automation/c_abi/automation.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/yield.h"
+#include "tests/support/fuzz_values.h"
+#include "tests/support/patience.h"
 #include "tests/support/random.h"
 #include "tests/support/temporary_folder.h"
 #include "vestara/foundation/error_log.h"
@@ -19,61 +19,15 @@
 
 namespace {
 
+using testing_support::fuzz_numbers;
+using testing_support::fuzz_reals;
+using testing_support::fuzz_texts;
+using testing_support::Patience;
 using testing_support::Random;
 
 struct Target {
   au_object* object;
   std::vector<int32_t> ids;
-};
-
-const std::vector<std::string> texts{
-    "",
-    " ",
-    "5,12,33",
-    "53",
-    "BA",
-    "BA,NA",
-    "VE",
-    "15/11/2026",
-    "2005-02-09",
-    "31/02/2001",
-    "True",
-    "-1",
-    "1e308",
-    "99999999999",
-    "O'Hara\\x",
-    "sqlite::memory:",
-    "SELECT 1",
-    "storico",
-    "estr1",
-    "dtEstr",
-    "DELETE FROM storico",
-    "SELECT * FROM storico ORDER BY dtEstr",
-    "INSERT INTO "
-    "storico(concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)VALUES(1,'2005-02-09','BA',1,2,3,4,5)",
-    "tRicerche",
-    "idRicerca",
-    "update.txt",
-    "nowhere/update.txt",
-    "\xff\xfe",
-    "s2.numeriTrovati",
-    "Index"};
-
-/// Ends what would go on for ever, or fill the memory: the host's own way out.
-class Patience {
- public:
-  Patience() {
-    automation::set_yield_hook([this] {
-      if (--left_ < 0) throw automation::RunTimeError(automation::unspecified_failure, "the host lost its patience");
-    });
-  }
-  ~Patience() { automation::set_yield_hook({}); }
-  Patience(const Patience&) = delete;
-  Patience& operator=(const Patience&) = delete;
-  void renew() { left_ = 5000; }
-
- private:
-  int32_t left_ = 0;
 };
 
 class Fuzzer {
@@ -167,17 +121,17 @@ class Fuzzer {
       case AU_SINGLE:
       case AU_DOUBLE:
       case AU_DATE:
-        value.as.real = random_.pick(reals_);
+        value.as.real = random_.pick(fuzz_reals);
         break;
       default:
-        value.as.number = random_.pick(numbers_);
+        value.as.number = random_.pick(fuzz_numbers);
         break;
     }
   }
 
   void fill_text(au_value& value) {
     value.kind = AU_EMPTY;
-    std::string text = random_.pick(texts);
+    std::string text = random_.pick(fuzz_texts);
     if (random_.one_in(10)) text = random_.text(200);
     if (random_.one_in(500)) text.assign(random_.below(300000), ',');
     au_set_text(&value, text.data(), text.size());
@@ -189,7 +143,7 @@ class Fuzzer {
     au_make_array(&value, static_cast<au_kind>(random_.below(12)), bounds, random_.below(3));
     au_value element{};
     element.kind = AU_LONG;
-    element.as.number = random_.pick(numbers_);
+    element.as.number = random_.pick(fuzz_numbers);
     au_array_put(&value, random_.below(4), &element);
   }
 
@@ -198,16 +152,6 @@ class Fuzzer {
   long answered_ = 0;
   std::vector<Target> targets_;
   std::vector<std::string> names_;
-  const std::vector<int32_t> numbers_{0,  1,     2,     5,  11,     12,         13,
-                                      90, 32767, 32768, -1, -32769, 2147483647, -2147483647 - 1};
-  const std::vector<double> reals_{0,
-                                   1.5,
-                                   -1.5,
-                                   38392,
-                                   1e10,
-                                   -1e300,
-                                   std::numeric_limits<double>::infinity(),
-                                   std::numeric_limits<double>::quiet_NaN()};
 };
 
 }  // namespace
