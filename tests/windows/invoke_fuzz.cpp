@@ -30,6 +30,7 @@ namespace {
 
 using automation::com::size_of;
 using automation::com::to_bstr;
+using testing_support::fuzz_draws;
 using testing_support::fuzz_numbers;
 using testing_support::fuzz_reals;
 using testing_support::fuzz_texts;
@@ -378,6 +379,9 @@ class Fuzzer {
       if (Call(target.object.get(), "Open", DISPATCH_METHOD, {url.get()}).result == S_OK) {
         connector = target.object;
         Call(target.object.get(), "CreateSchema", DISPATCH_METHOD, {});
+        Value draws;
+        draws.get() = text(fuzz_draws);
+        Call(target.object.get(), "ExecuteSql", DISPATCH_METHOD, {draws.get()});
       }
     }
     // Objects on the library's own connector and on the host's, by turns.
@@ -443,7 +447,7 @@ bool run(long calls, uint64_t seed) {
   for (long i = 0; i < calls; ++i) fuzzer.call();
   std::printf("%ld calls, seed %llu: every one came back, %ld with an answer; the host was asked %ld times\n", calls,
               static_cast<unsigned long long>(seed), fuzzer.answered(), fuzzer.asked());
-  return fuzzer.answered() > calls / 10 && fuzzer.asked() > calls / 100;
+  return fuzzer.answered() > calls / 5 && fuzzer.asked() > calls / 100;
 }
 
 }  // namespace
