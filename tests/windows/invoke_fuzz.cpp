@@ -250,13 +250,13 @@ class Moody final : public IDispatch {
   long calls_ = 0;
 };
 
-/// One argument: the caller's variable, and how it is passed.
+/// One argument: the caller's variable, which stays where it is during the call.
 struct Argument {
   VARIANT variable;
-  VARIANT passed;
 
-  void pass(Random& random) {
-    passed = variable;
+  /// As a value, as a reference of either kind, or as something strange.
+  VARIANT passed_by(Random& random) {
+    VARIANT passed = variable;
     if (random.one_in(60)) {
       VariantInit(&passed);
       passed.vt = random.pick(strange_types);
@@ -267,14 +267,13 @@ struct Argument {
     } else if (random.one_in(4) && size_of(variable.vt) != 0) {
       passed.vt = variable.vt | VT_BYREF;
       passed.byref = variable.vt == VT_DECIMAL ? static_cast<void*>(&variable) : &variable.byref;
-    } else {
-      return;
     }
-    if (random.one_in(40)) passed.byref = nullptr;
+    if ((passed.vt & VT_BYREF) != 0 && random.one_in(40)) passed.byref = nullptr;
+    return passed;
   }
 };
 
-constexpr size_t most_arguments = 40;
+constexpr size_t most_names = 12;
 const std::vector<DISPID> odd_ids{DISPID_NEWENUM, DISPID_UNKNOWN, DISPID_VALUE, 99};
 
 VARTYPE type_for(automation::ValueType type) {
@@ -316,45 +315,8 @@ class Fuzzer {
     const Target target = random_.pick(targets_);
     const automation::Member& row = target.rows[random_.below(target.rows.size())];
     // Two calls of three are such as a host might mean.
-    const bool meant = !random_.one_in(3);
-    const auto parameters = meant ? row.parameters() : std::span<const automation::Parameter>{};
-    size_t count = parameters.size();
-    if (!meant)
-      count = random_.one_in(100) ? most_arguments : random_.below(10);
-    else if (random_.one_in(4))
-      count = random_.below(count + 1);
-    std::array<Argument, most_arguments> arguments;
-    std::array<VARIANT, most_arguments> passed;
-    for (size_t i = 0; i < count; ++i) {
-      VARIANT& variable = arguments[i].variable;
-      if (!meant || random_.one_in(8))
-        values_.fill(variable);
-      else
-        values_.fill(variable, type_for(parameters[i].type));
-      arguments[i].pass(random_);
-      passed[count - 1 - i] = arguments[i].passed;
-    }
-    std::array<DISPID, 12> names{};
-    for (DISPID& name : names) name = static_cast<DISPID>(random_.below(12)) - 1;
-    const WORD flags = meant ? flags_for(row.kind) : random_.pick(flags_);
-    const bool assigns = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    if (assigns) names[0] = DISPID_PROPERTYPUT;
-    const size_t named = !meant && random_.one_in(3) ? random_.below(names.size()) : assigns && count != 0 ? 1 : 0;
-    DISPPARAMS given{passed.data(), names.data(), static_cast<UINT>(count), static_cast<UINT>(named)};
-    Value result;
-    EXCEPINFO failure{};
-    patience_.renew();
-    const HRESULT code = target.object->Invoke(random_.one_in(30) ? random_.pick(odd_ids) : row.id, IID_NULL, 0, flags,
-                                               &given, random_.one_in(10) ? nullptr : result.put(),
-                                               random_.one_in(10) ? nullptr : &failure, nullptr);
-    if (code == S_OK) ++answered_;
-    SysFreeString(failure.bstrDescription);
-    SysFreeString(failure.bstrSource);
-    for (size_t i = 0; i < count; ++i) {
-      keep(arguments[i].variable);
-      if (FAILED(VariantClear(&arguments[i].variable))) fail("a variable of the caller is no longer sound");
-    }
-    keep(result.get());
+    Request request = random_.one_in(3) ? any_request() : meant_request(row);
+    invoke(*target.object.get(), random_.one_in(30) ? random_.pick(odd_ids) : row.id, request);
   }
 
   long answered() const { return answered_; }
@@ -365,6 +327,60 @@ class Fuzzer {
     Pointer<IDispatch> object;
     std::span<const automation::Member> rows;
   };
+
+  /// How a member is called; an assigned value has a name of its own.
+  struct Request {
+    std::vector<Argument> arguments;
+    WORD flags;
+    size_t names = assigns(flags) && !arguments.empty() ? 1 : 0;
+
+    static bool assigns(WORD flags) { return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
+  };
+
+  /// The arguments that the member takes, the last ones left out at times, and mostly of its types.
+  Request meant_request(const automation::Member& row) {
+    const auto parameters = row.parameters();
+    const size_t count = random_.one_in(4) ? random_.below(parameters.size() + 1) : parameters.size();
+    Request request{std::vector<Argument>(count), flags_for(row.kind)};
+    for (size_t i = 0; i < count; ++i)
+      if (random_.one_in(8))
+        values_.fill(request.arguments[i].variable);
+      else
+        values_.fill(request.arguments[i].variable, type_for(parameters[i].type));
+    return request;
+  }
+
+  Request any_request() {
+    const size_t count = random_.one_in(100) ? 40 : random_.below(10);
+    Request request{std::vector<Argument>(count), random_.pick(flags_)};
+    for (Argument& argument : request.arguments) values_.fill(argument.variable);
+    if (random_.one_in(3)) request.names = random_.below(most_names);
+    return request;
+  }
+
+  void invoke(IDispatch& object, DISPID id, Request& request) {
+    std::vector<VARIANT> passed;
+    for (Argument& argument : request.arguments) passed.push_back(argument.passed_by(random_));
+    std::reverse(passed.begin(), passed.end());
+    std::array<DISPID, most_names> names{};
+    for (DISPID& name : names) name = static_cast<DISPID>(random_.below(12)) - 1;
+    if (Request::assigns(request.flags)) names[0] = DISPID_PROPERTYPUT;
+    DISPPARAMS given{passed.data(), names.data(), static_cast<UINT>(passed.size()), static_cast<UINT>(request.names)};
+    Value result;
+    EXCEPINFO failure{};
+    patience_.renew();
+    const HRESULT code =
+        object.Invoke(id, IID_NULL, 0, request.flags, &given, random_.one_in(10) ? nullptr : result.put(),
+                      random_.one_in(10) ? nullptr : &failure, nullptr);
+    if (code == S_OK) ++answered_;
+    SysFreeString(failure.bstrDescription);
+    SysFreeString(failure.bstrSource);
+    for (Argument& argument : request.arguments) {
+      keep(argument.variable);
+      if (FAILED(VariantClear(&argument.variable))) fail("a variable of the caller is no longer sound");
+    }
+    keep(result.get());
+  }
 
   /// New objects now and then, on an archive in memory.
   void renew() {
@@ -454,7 +470,7 @@ bool run(long calls, uint64_t seed) {
 }  // namespace com_client
 
 int main(int argc, char** argv) {
-  const long calls = argc > 1 ? std::atol(argv[1]) : 20000;
+  const long calls = argc > 1 ? std::atol(argv[1]) : 100000;
   const uint64_t seed = argc > 2 ? static_cast<uint64_t>(std::atoll(argv[2])) : 1;
   const com_client::Apartment apartment;
   const testing_support::TemporaryFolder folder;
