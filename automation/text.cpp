@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "automation/utf8.h"
+
 namespace automation {
 namespace {
 
@@ -16,39 +18,7 @@ constexpr std::array<uint16_t, 32> high_controls{0x20AC, 0,      0x201A, 0x0192,
                                                  0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-void append_utf8(std::string& out, uint32_t point) {
-  if (point < 0x80) {
-    out += static_cast<char>(point);
-  } else if (point < 0x800) {
-    out += static_cast<char>(0xC0 | (point >> 6));
-    out += static_cast<char>(0x80 | (point & 0x3F));
-  } else {
-    out += static_cast<char>(0xE0 | (point >> 12));
-    out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (point & 0x3F));
-  }
-}
-
-/// Takes one character off the front; a byte that starts no character comes back as U+FFFD.
-uint32_t take_utf8(std::string_view& rest) {
-  const auto byte = [&](size_t i) { return static_cast<uint32_t>(static_cast<unsigned char>(rest[i])); };
-  const uint32_t lead = byte(0);
-  const size_t length = lead < 0x80                   ? 1
-                        : lead >= 0xC2 && lead < 0xE0 ? 2
-                        : lead >= 0xE0 && lead < 0xF0 ? 3
-                        : lead >= 0xF0 && lead < 0xF5 ? 4
-                                                      : 0;
-  bool whole = length != 0 && length <= rest.size();
-  uint32_t point = length < 2 ? lead : lead & (0x7FU >> length);
-  for (size_t i = 1; whole && i < length; ++i) {
-    whole = (byte(i) & 0xC0) == 0x80;
-    point = (point << 6) | (byte(i) & 0x3F);
-  }
-  rest.remove_prefix(whole ? length : 1);
-  return whole ? point : 0xFFFD;
-}
-
-char byte_of(uint32_t point) {
+char byte_of(char32_t point) {
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
   const auto* found = std::find(high_controls.begin(), high_controls.end(), point);
   if (point == 0 || found == high_controls.end()) return '?';
@@ -116,7 +86,11 @@ std::string from_code_page_1252(std::string_view bytes) {
 std::string to_code_page_1252(std::string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
-  while (!text.empty()) bytes += byte_of(take_utf8(text));
+  while (!text.empty()) {
+    const Utf8Character character = first_character(text);
+    bytes += character.whole ? byte_of(character.code) : '?';
+    text.remove_prefix(character.size);
+  }
   return bytes;
 }
 

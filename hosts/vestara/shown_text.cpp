@@ -4,16 +4,6 @@
 
 namespace vestara::host {
 
-std::string shown(std::string_view text) {
-  constexpr size_t longest = 40;
-  std::string result = "\"";
-  for (const char c : text.substr(0, longest)) {
-    const auto byte = static_cast<unsigned char>(c);
-    result += byte < 0x20 || byte == 0x7F ? '?' : c;
-  }
-  return result += text.size() > longest ? "…\"" : "\"";
-}
-
 std::string counted(size_t count, std::string_view noun) {
   std::string result = std::to_string(count) + " ";
   result += noun;

@@ -3,10 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "automation/shown_text.h"
+
 namespace vestara::host {
 
-/// A foreign text for a message: between quotes, cut to 40 bytes, control characters shown as "?".
-std::string shown(std::string_view text);
+/// A foreign text for a message.
+inline std::string shown(std::string_view text) { return automation::quoted_text(text); }
 
 /// "1 row", "2 rows".
 std::string counted(size_t count, std::string_view noun);
