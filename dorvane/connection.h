@@ -38,6 +38,9 @@ class Connection {
   virtual void create_schema() = 0;
   /// One line for every table, column, index and wheel that is missing.
   virtual std::vector<std::string> check_schema() = 0;
+  /// One line for everything that the engine itself finds wrong in the archive's file; none where the file is a
+  /// server's to look after.
+  virtual std::vector<std::string> check_file() { return {}; }
 
   /// False once the engine is out of reach: nothing runs any more.
   virtual bool is_alive() const = 0;

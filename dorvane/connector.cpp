@@ -1,6 +1,8 @@
 #include "dorvane/connector.h"
 
 #include <exception>
+#include <optional>
+#include <utility>
 
 #include "automation/error.h"
 #include "automation/file.h"
@@ -54,6 +56,13 @@ std::string DbConnector::CheckSchema() {
     for (const std::string& line : connection_->check_schema()) lines.append(lines.empty() ? "" : "\n").append(line);
     return lines;
   });
+}
+
+std::vector<std::string> DbConnector::CheckFile() {
+  auto findings =
+      guarded(std::optional<std::vector<std::string>>(), [&] { return std::optional(connection_->check_file()); });
+  if (!findings) return {"the archive's file cannot be checked: " + last_error_};
+  return std::move(*findings);
 }
 
 int32_t DbConnector::ConnectionState() { return connection_ && connection_->is_alive() ? vestara::connection_open : 0; }

@@ -6,6 +6,7 @@
 
 #include "automation/coercion.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "dorvane/recordset.h"
 #include "dorvane/result_names.h"
 #include "dorvane/sqlite/dialect.h"
@@ -348,20 +349,37 @@ void SqliteConnection::create_schema() {
   indexes_owed_ = false;
 }
 
+namespace {
+
+/// The first column of a row; "" for Null, and where there is no memory for the text.
+std::string_view text_of(sqlite3_stmt* row) {
+  const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(row, 0));
+  return text ? std::string_view(text) : std::string_view();
+}
+
+}  // namespace
+
+std::vector<std::string> SqliteConnection::column_of(std::string_view statement) {
+  const Statement prepared = prepare(statement, Permission::anything);
+  std::vector<std::string> texts;
+  int code = SQLITE_ROW;
+  while ((code = sqlite3_step(prepared.get())) == SQLITE_ROW)
+    if (sqlite3_column_type(prepared.get(), 0) != SQLITE_NULL) texts.emplace_back(text_of(prepared.get()));
+  require_ok(code, database_.get(), statement);
+  return texts;
+}
+
 SchemaFacts SqliteConnection::schema_facts() {
   SchemaFacts facts;
-  const auto read = [&](std::string_view statement, auto& names) {
-    const Statement prepared = prepare(statement, Permission::anything);
-    while (sqlite3_step(prepared.get()) == SQLITE_ROW)
-      names.insert(reinterpret_cast<const char*>(sqlite3_column_text(prepared.get(), 0)));
+  const auto add = [&](auto& names, std::string_view statement) {
+    for (std::string& name : column_of(statement)) names.insert(std::move(name));
   };
-  read(
-      "SELECT lower(t.name)||'.'||lower(c.name) FROM sqlite_master t, pragma_table_info(t.name) c WHERE t.type IN "
-      "('table','view')",
-      facts.columns);
-  read("SELECT lower(name) FROM sqlite_master WHERE type='index'", facts.indexes);
-  if (facts.columns.contains("ruote.ruotaalias"))
-    read("SELECT ruotaAlias FROM ruote WHERE ruotaAlias IS NOT NULL", facts.wheels);
+  // One of our tables at a time: a view of another program that cannot be read is none of our business.
+  for (const Table& table : tables())
+    add(facts.columns, automation::concatenated(
+                           {"SELECT lower('", table.name, ".'||name) FROM pragma_table_info('", table.name, "')"}));
+  add(facts.indexes, "SELECT lower(name) FROM sqlite_master WHERE type='index'");
+  if (facts.columns.contains("ruote.ruotaalias")) add(facts.wheels, "SELECT ruotaAlias FROM ruote");
   return facts;
 }
 
@@ -371,6 +389,20 @@ std::vector<std::string> SqliteConnection::check_schema() {
   std::vector<Creation> indexes(draw_indexes().begin(), draw_indexes().end());
   indexes.push_back(lasting_index());
   return missing_from(schema_facts(), indexes);
+}
+
+std::vector<std::string> SqliteConnection::check_file() {
+  require_usable();
+  const Statement check = prepare("PRAGMA integrity_check", Permission::anything);
+  std::vector<std::string> findings;
+  int code = SQLITE_ROW;
+  while ((code = sqlite3_step(check.get())) == SQLITE_ROW)
+    for (const std::string_view line : automation::split(text_of(check.get()), '\n'))
+      // What the engine puts above its findings, and what it says of a sound file.
+      if (!line.empty() && !line.starts_with("***") && line != "ok") findings.emplace_back(line);
+  // A file may be too damaged to be checked to its end; what was found so far counts.
+  if (code != SQLITE_DONE) findings.push_back(last_failure(database_.get()).description());
+  return findings;
 }
 
 void SqliteConnection::complete_record_sets() noexcept {

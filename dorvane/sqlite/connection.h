@@ -30,6 +30,7 @@ class SqliteConnection final : public Connection {
   void rollback() override;
   void create_schema() override;
   std::vector<std::string> check_schema() override;
+  std::vector<std::string> check_file() override;
   bool is_alive() const override { return true; }
 
  private:
@@ -59,6 +60,8 @@ class SqliteConnection final : public Connection {
   void empty_archive(std::string_view statement);
   void rebuild_indexes();
   void create_indexes();
+  /// The first column of every row, where it is not Null.
+  std::vector<std::string> column_of(std::string_view statement);
   SchemaFacts schema_facts();
   void repair_before_read();
 
