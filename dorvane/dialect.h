@@ -5,16 +5,16 @@
 #include <string_view>
 
 #include "dorvane/schema.h"
+#include "dorvane/wall.h"
 
 namespace dorvane {
 
 /// What is a server's own in statements and tables.
 struct Dialect {
+  const Prohibitions& prohibitions;
   /// A statement as the engine takes it; the second for reading ones.
   std::string (*translate)(std::string_view statement);
   std::string (*translate_reading)(std::string_view statement);
-  /// Raises RunTimeError 5 for what this engine's own syntax could smuggle past the wall.
-  void (*require_plain)(std::string_view statement);
   std::span<const Creation> tables;
   std::span<const Creation> indexes;
   /// Statements with one column each: "table.column" and the names of indexes, in lower case.

@@ -1,7 +1,6 @@
 #include "dorvane/insert_values.h"
 
 #include "automation/text.h"
-#include "dorvane/statement.h"
 
 namespace dorvane {
 namespace {
@@ -10,14 +9,11 @@ constexpr size_t longest_head = 400;
 constexpr int most_digits = 18;
 
 /// The length of "INSERT INTO name(name,…) VALUES" at the front, or 0.
-size_t head_length(std::string_view statement) {
+size_t head_length(std::string_view statement, const Syntax& syntax) {
   const std::string_view front = statement.substr(0, longest_head);
-  const auto is = [](const Token& token, std::string_view word) {
-    return token.kind == TokenKind::word && automation::equal_ignoring_case(token.text, word);
-  };
   size_t words = 0;
   for (size_t at = 0; at < front.size();) {
-    const Token token = next_token(front.substr(at));
+    const Token token = next_token(front.substr(at), syntax);
     at += token.text.size();
     if (token.kind == TokenKind::blank) continue;
     if (token.kind == TokenKind::word) {
@@ -115,8 +111,8 @@ class TupleReader {
 
 }  // namespace
 
-bool recognise_insert(std::string_view statement, InsertValues& result) {
-  const size_t head = head_length(statement);
+bool recognise_insert(std::string_view statement, const Syntax& syntax, InsertValues& result) {
+  const size_t head = head_length(statement, syntax);
   if (head == 0) return false;
   result.head = statement.substr(0, head);
   result.columns = 0;

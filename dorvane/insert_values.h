@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "dorvane/tokens.h"
+
 namespace dorvane {
 
 /// One literal of a VALUES list: a whole number, a text without marks inside, or NULL.
@@ -27,6 +29,6 @@ struct InsertValues {
 /// Recognises such a statement, so that its literals can be bound to a prepared one. False, whatever is in
 /// `result`, for everything else: another statement, an expression, a mark or backslash inside a text, uneven
 /// tuples, a number beyond 18 digits, anything behind the last tuple. The text then goes to the engine as it is.
-bool recognise_insert(std::string_view statement, InsertValues& result);
+bool recognise_insert(std::string_view statement, const Syntax& syntax, InsertValues& result);
 
 }  // namespace dorvane

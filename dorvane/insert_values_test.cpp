@@ -9,7 +9,8 @@ namespace {
 
 TEST(InsertValues, RecognisesPlainTuples) {
   InsertValues values;
-  ASSERT_TRUE(recognise_insert("INSERT INTO t(a,b,c)VALUES(1,'x',NULL),( 20 , 'BA' , null )", values));
+  ASSERT_TRUE(recognise_insert("INSERT INTO t(a,b,c)VALUES(1,'x',NULL),( 20 , 'BA' , null )",
+                               Syntax{.bracket_names = true}, values));
   EXPECT_EQ(values.head, "INSERT INTO t(a,b,c)VALUES");
   EXPECT_EQ(values.columns, 3U);
   ASSERT_EQ(values.rows(), 2U);
@@ -28,7 +29,7 @@ TEST(InsertValues, TakesTheTextsOfThisLibrary) {
         "storico(concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)VALUES(1,'1871-01-07','FI',1,2,3,4,5)",
         "INSERT INTO storico (dtEstr,ruota,estr1)VALUES('2026-01-01','BA',5)", "insert into t values(1)",
         "INSERT INTO t VALUES ('')"})
-    EXPECT_TRUE(recognise_insert(text, values)) << text;
+    EXPECT_TRUE(recognise_insert(text, Syntax{.bracket_names = true}, values)) << text;
 }
 
 TEST(InsertValues, LeavesEverythingElseToTheEngine) {
@@ -60,7 +61,7 @@ TEST(InsertValues, LeavesEverythingElseToTheEngine) {
                            "INSERT INTO [t](a)VALUES(1)",
                            "INSERT INTO t(a)VALUES(1) RETURNING id",
                            "INSERT INTO t(a)VALUES(\"x\")"})
-    EXPECT_FALSE(recognise_insert(text, values)) << text;
+    EXPECT_FALSE(recognise_insert(text, Syntax{.bracket_names = true}, values)) << text;
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "dorvane/schema.h"
-#include "dorvane/statement.h"
 
 namespace dorvane {
 namespace {
@@ -42,8 +41,6 @@ std::vector<Term> select_list(const Tokens& tokens) {
   return terms;
 }
 
-bool is_name(const Token& token) { return token.kind == TokenKind::word || token.kind == TokenKind::quoted_name; }
-
 /// "column" or "alias.column".
 bool is_column(const Term& term) {
   return (term.size() == 1 || (term.size() == 3 && term[1].text == ".")) && is_name(term.back());
@@ -71,8 +68,9 @@ std::string spelled(const Tokens& tokens, const std::string& name) {
 
 }  // namespace
 
-std::vector<std::string> result_names(std::string_view statement, std::vector<std::string> of_engine) {
-  const Tokens tokens = tokens_of(statement);
+std::vector<std::string> result_names(std::string_view statement, const Syntax& syntax,
+                                      std::vector<std::string> of_engine) {
+  const Tokens tokens = tokens_of(statement, syntax);
   const auto terms = select_list(tokens);
   const bool one_each = terms.size() == of_engine.size();
   for (size_t i = 0; i < of_engine.size(); ++i) {
@@ -83,11 +81,11 @@ std::vector<std::string> result_names(std::string_view statement, std::vector<st
   return of_engine;
 }
 
-void spell_names(std::string_view statement, std::vector<ColumnHeader>& headers) {
+void spell_names(std::string_view statement, const Syntax& syntax, std::vector<ColumnHeader>& headers) {
   std::vector<std::string> names;
   names.reserve(headers.size());
   for (ColumnHeader& header : headers) names.push_back(std::move(header.name));
-  names = result_names(statement, std::move(names));
+  names = result_names(statement, syntax, std::move(names));
   for (size_t i = 0; i < names.size(); ++i) headers[i].name = std::move(names[i]);
 }
 

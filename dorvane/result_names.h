@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "dorvane/recordset.h"
+#include "dorvane/tokens.h"
 
 namespace dorvane {
 
@@ -12,8 +13,9 @@ namespace dorvane {
 /// archive's tables as the tables spell it, an alias as the statement does, an expression without a name as its text.
 /// Servers fold names or call every count "count".
 /// The statement is the one that the host wrote.
-std::vector<std::string> result_names(std::string_view statement, std::vector<std::string> of_engine);
+std::vector<std::string> result_names(std::string_view statement, const Syntax& syntax,
+                                      std::vector<std::string> of_engine);
 /// The same for the headers of a result.
-void spell_names(std::string_view statement, std::vector<ColumnHeader>& headers);
+void spell_names(std::string_view statement, const Syntax& syntax, std::vector<ColumnHeader>& headers);
 
 }  // namespace dorvane

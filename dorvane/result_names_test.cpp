@@ -36,7 +36,7 @@ TEST(ResultNames, Cases) {
       {"VALUES (1)", {"column1"}, {"column1"}},
       {"WITH a AS (SELECT 1 AS Uno) SELECT Uno FROM a", {"uno"}, {"Uno"}},
   };
-  for (const Row& row : rows) EXPECT_EQ(result_names(row.statement, row.of_engine), row.expected) << row.statement;
+  for (const Row& row : rows) EXPECT_EQ(result_names(row.statement, {}, row.of_engine), row.expected) << row.statement;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "dorvane/result_names.h"
 #include "dorvane/server_error.h"
 #include "dorvane/statement.h"
+#include "dorvane/tie_order.h"
 
 namespace dorvane {
 
@@ -70,22 +71,33 @@ void ServerConnection::atomically(Body&& body) {
 
 Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
   require_usable();
-  dialect_.require_plain(statement);
-  require_reading(statement);
-  ServerRows answer = noticing_loss([&] { return rows(dialect_.translate_reading(statement)); });
-  spell_names(statement, answer.headers);
+  wall_.require_reading(statement);
+  ServerRows answer = noticing_loss([&] { return rows_in_order(statement); });
+  spell_names(statement, syntax(), answer.headers);
   return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+}
+
+/// What the engine refuses with an order for ties runs as given.
+ServerRows ServerConnection::rows_in_order(std::string_view statement) {
+  if (const std::string term = tie_term(statement, syntax()); !term.empty()) {
+    try {
+      return reading_rows(dialect_.translate_reading(std::string(statement) + term), OnRefusal::keep_transaction);
+    } catch (const ServerError& error) {
+      if (error.refusal() != Refusal::statement && error.refusal() != Refusal::missing) throw;
+    }
+  }
+  return reading_rows(dialect_.translate_reading(statement), OnRefusal::lose_transaction);
 }
 
 void ServerConnection::execute(std::string_view statement) {
   require_usable();
   require_writable();
-  dialect_.require_plain(statement);
-  require_change(statement);
-  if (transaction_ == Transaction::open && changes_tables(statement) && !tables_are_transactional())
+  wall_.require_change(statement);
+  const bool changes = changes_tables(statement, syntax());
+  if (transaction_ == Transaction::open && changes && !tables_are_transactional())
     throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
-  if (changes_tables(statement) && transaction_ == Transaction::none) return define(dialect_.translate(statement));
-  const bool empties = empties_the_archive(statement);
+  if (changes && transaction_ == Transaction::none) return define(dialect_.translate(statement));
+  const bool empties = empties_the_archive(statement, syntax());
   atomically([&] {
     run(dialect_.translate(statement));
     if (empties) after_emptying();
@@ -110,7 +122,8 @@ void ServerConnection::settle_refilled() noexcept {
 
 int32_t ServerConnection::max_id(std::string_view table, std::string_view column) {
   require_usable();
-  return noticing_loss([&] { return single_number(dialect_.translate_reading(largest_value(table, column))); });
+  const std::string statement = dialect_.translate_reading(largest_value(table, column));
+  return noticing_loss([&] { return first_number(reading_rows(statement, OnRefusal::lose_transaction)); });
 }
 
 void ServerConnection::prefer(std::string_view setting) {
@@ -121,8 +134,9 @@ void ServerConnection::prefer(std::string_view setting) {
   }
 }
 
-int32_t ServerConnection::single_number(std::string_view statement) {
-  ServerRows answer = rows(statement);
+int32_t ServerConnection::single_number(std::string_view statement) { return first_number(rows(statement)); }
+
+int32_t ServerConnection::first_number(ServerRows answer) {
   const auto set = automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
   return set->at_end() || set->is_null({0}) ? 0 : set->whole_number({0});
 }

@@ -11,6 +11,7 @@
 #include "dorvane/dialect.h"
 #include "dorvane/recordset.h"
 #include "dorvane/schema.h"
+#include "dorvane/wall.h"
 
 namespace dorvane {
 
@@ -37,12 +38,20 @@ class ServerConnection : public Connection {
 
  protected:
   enum class Access : uint8_t { read_write, read_only };
-  ServerConnection(const Dialect& dialect, Access access) : dialect_(dialect), access_(access) {}
+  ServerConnection(const Dialect& dialect, Access access)
+      : dialect_(dialect), wall_(dialect.prohibitions), access_(access) {}
+
+  /// What this server has besides the engine's own, in lower case.
+  void refuse_functions(const std::vector<std::string>& names) { wall_.refuse_functions(names); }
 
   /// Runs one statement that needs no answer. Raises ServerError.
   virtual void run(std::string_view statement) = 0;
   /// Runs one statement with an answer. Raises ServerError.
   virtual ServerRows rows(std::string_view statement) = 0;
+  /// What a refused reading statement does to the open transaction, on an engine where it does anything.
+  enum class OnRefusal : uint8_t { lose_transaction, keep_transaction };
+  /// The same for a host's statement, which can then change nothing whatever its text.
+  virtual ServerRows reading_rows(std::string_view statement, OnRefusal) { return rows(statement); }
   /// True while the server holds the transaction that was begun; false once an error took it.
   virtual bool transaction_is_whole() const = 0;
 
@@ -72,6 +81,7 @@ class ServerConnection : public Connection {
 
   /// The first column of the first row, 0 when there is none.
   int32_t single_number(std::string_view statement);
+  static int32_t first_number(ServerRows answer);
   /// The first column of every row.
   std::vector<std::string> column_of(std::string_view statement);
 
@@ -81,6 +91,8 @@ class ServerConnection : public Connection {
 
   void require_usable() const;
   void require_writable() const;
+  const Syntax& syntax() const { return dialect_.prohibitions.syntax; }
+  ServerRows rows_in_order(std::string_view statement);
   template <class Body>
   auto noticing_loss(Body&& body);
   template <class Body>
@@ -95,6 +107,7 @@ class ServerConnection : public Connection {
   void make_schema();
 
   const Dialect& dialect_;
+  Wall wall_;
   Access access_;
   Transaction transaction_ = Transaction::none;
   std::string loss_reason_;

@@ -2,9 +2,7 @@
 
 #include <array>
 
-#include "automation/error.h"
 #include "dorvane/statement.h"
-#include "dorvane/tie_order.h"
 
 namespace dorvane::mariadb {
 namespace {
@@ -53,21 +51,53 @@ constexpr std::array<Creation, 9> create_indexes{{
     {"vestara_sistema_detail", "CREATE INDEX IF NOT EXISTS vestara_sistema_detail ON tsistemadetail(idSis)"},
 }};
 
+// The session is read only; that does not keep a SELECT from files, locks and its own variables.
+constexpr auto reading_words = std::to_array<std::string_view>(
+    {"insert", "update", "delete", "merge", "into", "create", "alter", "drop", "truncate", "call", "grant", "revoke",
+     "copy", "load", "lock", "outfile", "dumpfile", "procedure"});
+
+constexpr auto functions = std::to_array<std::string_view>({"benchmark",
+                                                            "des_decrypt",
+                                                            "des_encrypt",
+                                                            "encrypt",
+                                                            "get_lock",
+                                                            "is_free_lock",
+                                                            "is_used_lock",
+                                                            "last_insert_id",
+                                                            "lastval",
+                                                            "load_file",
+                                                            "master_gtid_wait",
+                                                            "master_pos_wait",
+                                                            "mroonga_command",
+                                                            "nextval",
+                                                            "release_all_locks",
+                                                            "release_lock",
+                                                            "setval",
+                                                            "sleep",
+                                                            "spider_bg_direct_sql",
+                                                            "spider_copy_tables",
+                                                            "spider_direct_sql",
+                                                            "spider_flush_table_mon_cache",
+                                                            "sys_eval",
+                                                            "sys_exec",
+                                                            "sys_get",
+                                                            "sys_set",
+                                                            "wsrep_sync_wait_upto_gtid"});
+
+constexpr Prohibitions prohibitions{syntax, reading_words, functions, {}};
+
 /// Lower case outside literals, quoted names and comments.
 std::string fold_names(std::string_view statement) {
   std::string result;
   result.reserve(statement.size());
   while (!statement.empty()) {
-    const char c = statement.front();
-    const bool opens = c == '\'' || c == '"' || c == '`' || c == '-' || c == '/';
-    if (!opens) {
-      result += c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-      statement.remove_prefix(1);
+    const Token next = next_token(statement, syntax);
+    statement.remove_prefix(next.text.size());
+    if (next.kind != TokenKind::word && next.kind != TokenKind::number) {
+      result += next.text;
       continue;
     }
-    const Token whole = next_token(statement);
-    result += whole.text;
-    statement.remove_prefix(whole.text.size());
+    for (const char c : next.text) result += c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
   }
   return result;
 }
@@ -78,26 +108,14 @@ std::string translate(std::string_view statement) {
   // The backslash escapes in patterns whatever the session's mode, and "no character" is not taken: one that nobody
   // writes takes its place.
   constexpr std::string_view no_escape = " collate utf8mb4_uca1400_as_ci escape '\x01'";
-  return rewrite_like(undouble_backslashes(fold_names(statement)), "like", no_escape);
-}
-
-std::string translate_reading(std::string_view statement) { return with_tie_order(translate(statement)); }
-
-void require_plain(std::string_view statement) {
-  if (statement.find("/*") == std::string_view::npos) return;
-  for (std::string_view rest = statement; !rest.empty();) {
-    const Token next = next_token(rest);
-    rest.remove_prefix(next.text.size());
-    if (next.text.starts_with("/*!") || next.text.starts_with("/*M!"))
-      throw automation::RunTimeError(5, "mariadb: a comment that would be executed (/*!…*/) is not taken");
-  }
+  return rewrite_like(undouble_backslashes(fold_names(statement), syntax), syntax, "like", no_escape);
 }
 
 const Dialect& dialect() {
   static constexpr Dialect dialect{
+      .prohibitions = prohibitions,
       .translate = translate,
-      .translate_reading = translate_reading,
-      .require_plain = require_plain,
+      .translate_reading = translate,
       .tables = create_tables,
       .indexes = create_indexes,
       .column_facts =

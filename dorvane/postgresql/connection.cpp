@@ -8,6 +8,7 @@
 #include "automation/text.h"
 #include "dorvane/postgresql/dialect.h"
 #include "dorvane/postgresql/errors.h"
+#include "dorvane/postgresql/reading.h"
 #include "dorvane/postgresql/result.h"
 
 namespace dorvane::postgresql {
@@ -25,6 +26,18 @@ const Engine registered("postgresql", "postgresql://user@host/database",
 /// Tables whose keys the engine hands out, with their key columns, folded as the engine folds them.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> keyed{
     {{"storico", "id"}, {"tricerche", "idricerca"}, {"tsistemi", "idsis"}, {"tsistemadetail", "id"}}};
+
+/// What does more than compute, by the server's own word, but for what every program may know.
+constexpr std::string_view volatile_functions =
+    "SELECT DISTINCT lower(proname) FROM pg_catalog.pg_proc WHERE provolatile='v' AND NOT (pronamespace="
+    "'pg_catalog'::pg_catalog.regnamespace AND proname IN ('random','clock_timestamp','timeofday','gen_random_uuid',"
+    "'system','bernoulli','pg_table_size','pg_relation_size','pg_indexes_size','pg_total_relation_size',"
+    "'pg_database_size'))";
+
+void require_no_nul(const std::string& statement) {
+  if (statement.find('\0') != std::string::npos)
+    throw RunTimeError(5, "postgresql: the statement holds a NUL character");
+}
 
 std::string tls_mode(const std::string& tls) { return tls == "verify" ? "verify-full" : tls; }
 
@@ -73,6 +86,7 @@ PostgresqlConnection::PostgresqlConnection(const ServerSettings& settings)
     : ServerConnection(dialect(), settings.read_only ? Access::read_only : Access::read_write),
       session_(opened(settings)) {
   run("SET standard_conforming_strings=on");
+  fix_search_path();
   run("SET DateStyle=ISO");
   run("SET default_transaction_isolation='read committed'");
   run("SET default_transaction_read_only=on");
@@ -81,6 +95,7 @@ PostgresqlConnection::PostgresqlConnection(const ServerSettings& settings)
   // Faster for statements like ours; other servers of this protocol may not know them.
   prefer("SET jit=off");
   prefer("SET work_mem='64MB'");
+  refuse_functions(column_of(volatile_functions));
 }
 
 bool PostgresqlConnection::is_alive() const { return PQstatus(session_.get()) == CONNECTION_OK; }
@@ -90,19 +105,23 @@ bool PostgresqlConnection::transaction_is_whole() const {
 }
 
 Result PostgresqlConnection::answer(std::string_view statement) {
-  if (statement.find('\0') != std::string_view::npos)
-    throw RunTimeError(5, "postgresql: the statement holds a NUL character");
   const std::string text(statement);
+  require_no_nul(text);
   // This way of asking takes one statement and no more.
   Result result(PQexecParams(session_.get(), text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
-  const auto status = PQresultStatus(result.get());
-  if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) return result;
+  require_answer(result.get(), statement);
+  return result;
+}
+
+void PostgresqlConnection::require_answer(const PGresult* result, std::string_view statement) {
+  const auto status = PQresultStatus(result);
+  if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) return;
   if (status == PGRES_EMPTY_QUERY) throw RunTimeError(5, "postgresql: the statement is empty");
   if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT) {
     session_ = nullptr;
     throw RunTimeError(5, "postgresql: COPY is not for this connection, which is closed now");
   }
-  throw failure(session_.get(), result.get(), statement);
+  throw failure(session_.get(), result, statement);
 }
 
 void PostgresqlConnection::run(std::string_view statement) {
@@ -112,8 +131,7 @@ void PostgresqlConnection::run(std::string_view statement) {
     throw ServerError(Refusal::statement, "postgresql", "the transaction was rolled back", {});
 }
 
-ServerRows PostgresqlConnection::rows(std::string_view statement) {
-  Result result = answer(statement);
+ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {
   if (PQnfields(result.get()) == 0)
     throw RunTimeError(5, concatenated({"postgresql: the statement returns no rows: ", statement}));
   ServerRows answer;
@@ -122,17 +140,47 @@ ServerRows PostgresqlConnection::rows(std::string_view statement) {
   return answer;
 }
 
+ServerRows PostgresqlConnection::rows(std::string_view statement) { return rows_of(answer(statement), statement); }
+
+ServerRows PostgresqlConnection::reading_rows(std::string_view statement, OnRefusal on_refusal) {
+  const std::string text(statement);
+  require_no_nul(text);
+  const bool inside = transaction_is_whole();
+  Result result = read_only_result(session_.get(), text);
+  if (inside && on_refusal == OnRefusal::keep_transaction) return_to_transaction(session_.get());
+  require_answer(result.get(), statement);
+  return rows_of(std::move(result), statement);
+}
+
+/// What the user's path names now, the engine's own catalogue before it and what a session makes for itself behind it:
+/// a table or function that somebody puts in front later is not taken for ours.
+void PostgresqlConnection::fix_search_path() {
+  rows(
+      "SELECT pg_catalog.set_config('search_path',path||',pg_temp',false) FROM (SELECT pg_catalog.string_agg("
+      "pg_catalog.quote_ident(name),',' ORDER BY place) AS path FROM pg_catalog.unnest(pg_catalog.current_schemas("
+      "false)) WITH ORDINALITY AS schemas(name,place) WHERE name NOT LIKE 'pg!_%' ESCAPE '!') AS found WHERE path IS"
+      " NOT NULL");
+}
+
 void PostgresqlConnection::take_schema_turn() {
   // Any number will do, as long as every program of ours takes the same.
   rows("SELECT pg_advisory_xact_lock(1871010701)");
 }
 
+std::string PostgresqlConnection::sequence_of(std::string_view table, std::string_view column) {
+  const auto name = column_of(
+      concatenated({"SELECT format('%I.%I',nspname,relname) FROM pg_class JOIN pg_namespace n ON n.oid=relnamespace"
+                    " WHERE pg_class.oid=to_regclass(pg_get_serial_sequence(to_regclass('",
+                    table, "')::text,'", column, "'))"}));
+  return name.empty() ? std::string() : name.front();
+}
+
 /// Only the sequence's owner may do this, and only where the draws have one; a refusal must not cost the transaction.
 void PostgresqlConnection::after_emptying() {
-  const auto sequence = column_of(
-      "SELECT pg_get_serial_sequence('storico','id') FROM pg_class WHERE oid=to_regclass('storico')"
-      " AND pg_has_role(relowner,'USAGE')");
-  if (!sequence.empty()) run(concatenated({"ALTER SEQUENCE ", sequence.front(), " RESTART"}));
+  const bool owner =
+      !column_of("SELECT 1 FROM pg_class WHERE oid=to_regclass('storico') AND pg_has_role(relowner,'USAGE')").empty();
+  const std::string sequence = owner ? sequence_of("storico", "id") : std::string();
+  if (!sequence.empty()) run(concatenated({"ALTER SEQUENCE ", sequence, " RESTART"}));
 }
 
 /// The rows that went are still in the way of every search, and plans are those of the old table, until the server's
@@ -142,15 +190,16 @@ void PostgresqlConnection::after_refilling() { run("VACUUM ANALYZE storico"); }
 std::vector<std::string> PostgresqlConnection::key_repairs() {
   std::vector<std::string> repairs;
   for (const auto& [table, column] : keyed) {
-    const std::string sequence = concatenated({"pg_get_serial_sequence('", table, "','", column, "')"});
-    if (column_of(concatenated({"SELECT 1 WHERE has_sequence_privilege(", sequence,
-                                ",'UPDATE') AND has_sequence_privilege(", sequence, ",'SELECT')"}))
+    const std::string name = sequence_of(table, column);
+    if (name.empty()) continue;
+    const std::string literal = column_of(concatenated({"SELECT quote_literal('", name, "')"})).front();
+    if (column_of(concatenated({"SELECT 1 WHERE has_sequence_privilege(", literal,
+                                ",'UPDATE') AND has_sequence_privilege(", literal, ",'SELECT')"}))
             .empty())
       continue;
-    const std::string name = column_of("SELECT " + sequence).front();
     const std::string largest = std::to_string(single_number(concatenated({"SELECT max(", column, ") FROM ", table})));
     if (!column_of(concatenated({"SELECT 1 FROM ", name, " WHERE last_value<", largest})).empty())
-      repairs.push_back(concatenated({"SELECT setval('", name, "',", largest, ")"}));
+      repairs.push_back(concatenated({"SELECT setval(", literal, ",", largest, ")"}));
   }
   return repairs;
 }

@@ -21,6 +21,7 @@ class PostgresqlConnection final : public ServerConnection {
  private:
   void run(std::string_view statement) override;
   ServerRows rows(std::string_view statement) override;
+  ServerRows reading_rows(std::string_view statement, OnRefusal on_refusal) override;
   bool transaction_is_whole() const override;
 
   bool tables_are_transactional() const override { return true; }
@@ -31,6 +32,12 @@ class PostgresqlConnection final : public ServerConnection {
   std::vector<std::string> key_repairs() override;
 
   Result answer(std::string_view statement);
+  /// Raises what the result says went wrong.
+  void require_answer(const PGresult* result, std::string_view statement);
+  static ServerRows rows_of(Result result, std::string_view statement);
+  void fix_search_path();
+  /// Where a table's keys come from, as a name for statements; "" where they come from nowhere.
+  std::string sequence_of(std::string_view table, std::string_view column);
 
   Session session_;
 };

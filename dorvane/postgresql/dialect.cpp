@@ -3,10 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "automation/error.h"
-#include "automation/text.h"
 #include "dorvane/statement.h"
-#include "dorvane/tie_order.h"
 
 namespace dorvane::postgresql {
 namespace {
@@ -52,23 +49,36 @@ constexpr std::array<Creation, 9> create_indexes{{
     {"vestara_sistema_detail", "CREATE INDEX vestara_sistema_detail ON tSistemaDetail(idSis)"},
 }};
 
-[[noreturn]] void refuse(std::string_view what) {
-  throw automation::RunTimeError(
-      5,
-      automation::concatenated({"postgresql: ", what, " is not taken; texts are written '…', a mark inside doubled"}));
-}
+// In a transaction that is read only for the server these words get a statement nowhere; that is said here, before
+// they cost the host's transaction.
+constexpr auto reading_words =
+    std::to_array<std::string_view>({"insert", "update", "delete", "merge", "into", "create", "alter", "drop",
+                                     "truncate", "call", "grant", "revoke", "copy", "load", "lock"});
+
+// The server says itself which of its functions do more than compute; these run texts as statements or hand out whole
+// databases, and count as computing.
+constexpr auto functions = std::to_array<std::string_view>(
+    {"connectby", "crosstab", "crosstab2", "crosstab3", "crosstab4", "crosstabn", "database_to_xml",
+     "database_to_xml_and_xmlschema", "database_to_xmlschema", "schema_to_xml", "schema_to_xml_and_xmlschema",
+     "schema_to_xmlschema", "table_to_xml", "table_to_xml_and_xmlschema", "table_to_xmlschema", "xpath_table"});
+
+// Views over functions that read the server's files.
+constexpr auto names =
+    std::to_array<std::string_view>({"pg_config", "pg_file_settings", "pg_hba_file_rules", "pg_ident_file_mappings"});
+
+constexpr Prohibitions prohibitions{syntax, reading_words, functions, names};
 
 /// The statement with "NULLS FIRST" or "NULLS LAST" behind every term of its outermost order that says neither.
 class NullOrder {
  public:
   explicit NullOrder(std::string_view statement) {
     while (!statement.empty()) {
-      const Token next = next_token(statement);
+      const Token next = next_token(statement, syntax);
       statement.remove_prefix(next.text.size());
       if (next.text == ")") --depth_;
-      if (next.kind != TokenKind::blank && next.kind != TokenKind::comment && depth_ == 0) notice(next);
+      if (!is_silent(next) && depth_ == 0) notice(next);
       text_ += next.text;
-      if (next.kind != TokenKind::blank && next.kind != TokenKind::comment) term_end_ = text_.size();
+      if (!is_silent(next)) term_end_ = text_.size();
       if (next.text == "(") ++depth_;
     }
     if (in_order_) end_term();
@@ -103,30 +113,16 @@ class NullOrder {
 }  // namespace
 
 std::string translate(std::string_view statement) {
-  return rewrite_like(undouble_backslashes(statement), "ILIKE", " COLLATE \"und-x-icu\" ESCAPE ''");
+  return rewrite_like(undouble_backslashes(statement, syntax), syntax, "ILIKE", " COLLATE \"und-x-icu\" ESCAPE ''");
 }
 
-std::string translate_reading(std::string_view statement) {
-  const std::string text = with_tie_order(translate(statement));
-  return NullOrder(text).text();
-}
-
-void require_plain(std::string_view statement) {
-  bool after_prefix = false;
-  for (std::string_view rest = statement; !rest.empty();) {
-    const Token next = next_token(rest);
-    rest.remove_prefix(next.text.size());
-    if (next.text == "$") refuse("a text between dollar signs");
-    if (after_prefix && next.kind == TokenKind::literal) refuse("a text with a prefix");
-    after_prefix = is(next, "e") || next.text == "&";
-  }
-}
+std::string translate_reading(std::string_view statement) { return NullOrder(translate(statement)).text(); }
 
 const Dialect& dialect() {
   static constexpr Dialect dialect{
+      .prohibitions = prohibitions,
       .translate = translate,
       .translate_reading = translate_reading,
-      .require_plain = require_plain,
       .tables = create_tables,
       .indexes = create_indexes,
       .column_facts =

@@ -14,6 +14,7 @@
 #include "dorvane/sqlite/like.h"
 #include "dorvane/sqlite/result.h"
 #include "dorvane/statement.h"
+#include "dorvane/tie_order.h"
 
 namespace dorvane::sqlite {
 
@@ -54,10 +55,24 @@ const Engine registered("sqlite", "sqlite:archive.sqlite", [](const Url& url) ->
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const Url& url) {
+class SqliteConnection::Permitting {
+ public:
+  Permitting(SqliteConnection& connection, Permission permission)
+      : connection_(connection), before_(std::exchange(connection.permission_, permission)) {}
+  Permitting(const Permitting&) = delete;
+  Permitting& operator=(const Permitting&) = delete;
+  ~Permitting() { connection_.permission_ = before_; }
+
+ private:
+  SqliteConnection& connection_;
+  Permission before_;
+};
+
+SqliteConnection::SqliteConnection(const Url& url) : wall_(prohibitions) {
   // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
   const Settings settings = settings_of(url);
   open_file(url.location, settings.open_flags);
+  close_side_doors();
   install_like(database_.get());
   sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
   sqlite3_busy_timeout(database_.get(), settings.timeout);
@@ -70,7 +85,7 @@ SqliteConnection::SqliteConnection(const Url& url) {
 SqliteConnection::~SqliteConnection() {
   complete_record_sets();
   insert_ = nullptr;
-  if (transaction_ == Transaction::open) sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (transaction_ == Transaction::open) attempt("ROLLBACK");
   if (transaction_ != Transaction::none) indexes_owed_ = indexes_owed_at_begin_;
   transaction_ = Transaction::none;
   try {
@@ -91,20 +106,42 @@ void SqliteConnection::open_file(const std::string& path, int flags) {
   sqlite3_extended_result_codes(opened, 1);
 }
 
-int SqliteConnection::authorize(void* self, int action, const char*, const char*, const char*, const char*) {
-  const Permission permission = static_cast<SqliteConnection*>(self)->permission_;
+void SqliteConnection::close_side_doors() {
+  sqlite3* const database = database_.get();
+  for (const auto& [setting, value] : {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},
+                                       {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                       {SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
+                                       {SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER, 0}})
+    require_ok(sqlite3_db_config(database, setting, value, nullptr), database);
+  const Statement listed =
+      prepare("SELECT name FROM pragma_function_list WHERE (flags & " + std::to_string(SQLITE_INNOCUOUS) + ")=0",
+              Permission::anything);
+  while (sqlite3_step(listed.get()) == SQLITE_ROW) {
+    const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(listed.get(), 0));
+    if (!only_computes(name)) refused_functions_.insert(automation::lower_case(name));
+  }
+}
+
+int SqliteConnection::authorize(void* self, int action, const char* first, const char* second, const char*,
+                                const char*) {
+  const auto& connection = *static_cast<SqliteConnection*>(self);
+  const Permission permission = connection.permission_;
   if (permission == Permission::anything) return SQLITE_OK;
   switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
-    case SQLITE_FUNCTION:
     case SQLITE_RECURSIVE:
       return SQLITE_OK;
+    case SQLITE_FUNCTION:
+      return connection.refused_functions_.contains(automation::lower_case(second)) ? SQLITE_DENY : SQLITE_OK;
+    case SQLITE_PRAGMA:
+      return only_tells(first, second) ? SQLITE_OK : SQLITE_DENY;
     case SQLITE_TRANSACTION:
     case SQLITE_SAVEPOINT:
     case SQLITE_ATTACH:
     case SQLITE_DETACH:
-    case SQLITE_PRAGMA:
+    case SQLITE_ANALYZE:
+    case SQLITE_CREATE_VTABLE:
       return SQLITE_DENY;
     default:
       return permission == Permission::change ? SQLITE_OK : SQLITE_DENY;
@@ -116,28 +153,34 @@ Statement SqliteConnection::prepare(std::string_view statement, Permission permi
     throw RunTimeError(7, "sqlite: the statement is longer than 2 GiB");
   if (statement.find('\0') != std::string_view::npos)
     throw RunTimeError(5, "sqlite: the statement holds a NUL character");
-  permission_ = permission;
+  const Permitting permitting(*this, permission);
   sqlite3_stmt* prepared = nullptr;
   const char* tail = nullptr;
   const int code =
       sqlite3_prepare_v2(database_.get(), statement.data(), static_cast<int>(statement.size()), &prepared, &tail);
-  permission_ = Permission::anything;
   Statement result(prepared);
   require_ok(code, database_.get(), statement);
   if (!result) throw RunTimeError(5, "sqlite: the statement is empty");
-  if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data()))))
+  if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data())), syntax))
     throw RunTimeError(5, "sqlite: one statement a call, here are several: " + std::string(statement.substr(0, 160)));
   return result;
 }
 
 void SqliteConnection::run(std::string_view statement, Permission permission) {
+  const Permitting permitting(*this, permission);
   const Statement prepared = prepare(statement, permission);
   int code = SQLITE_ROW;
   while (code == SQLITE_ROW) code = sqlite3_step(prepared.get());
   require_ok(code, database_.get(), statement);
 }
 
+void SqliteConnection::attempt(const char* statements) noexcept {
+  const Permitting permitting(*this, Permission::anything);
+  sqlite3_exec(database_.get(), statements, nullptr, nullptr, nullptr);
+}
+
 int64_t SqliteConnection::single_number(std::string_view statement) {
+  const Permitting permitting(*this, Permission::anything);
   const Statement prepared = prepare(statement, Permission::anything);
   require_ok(sqlite3_step(prepared.get()), database_.get(), statement);
   return sqlite3_column_int64(prepared.get(), 0);
@@ -175,18 +218,31 @@ void SqliteConnection::atomically(Body&& body) {
   } catch (...) {
     // Where the engine rolled back by itself there is nothing left to undo, and these do nothing.
     const char* const undo = outermost ? "ROLLBACK" : "ROLLBACK TO vestara; RELEASE vestara";
-    sqlite3_exec(database_.get(), undo, nullptr, nullptr, nullptr);
+    attempt(undo);
     throw;
   }
 }
 
+Statement SqliteConnection::prepare_reading(std::string_view statement) {
+  const std::string text = translate(statement);
+  if (const std::string term = tie_term(statement, syntax); !term.empty()) {
+    try {
+      return prepare(text + term, Permission::read);
+    } catch (const RunTimeError&) {
+      return prepare(text, Permission::read);
+    }
+  }
+  return prepare(text, Permission::read);
+}
+
 Ref<vestara::RecordSet> SqliteConnection::query(std::string_view statement) {
   require_usable();
+  wall_.require_reading(statement);
   repair_before_read();
-  Statement prepared = prepare(translate_reading(statement), Permission::read);
+  Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
   if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
-  spell_names(statement, headers);
+  spell_names(statement, syntax, headers);
   const auto place = std::make_shared<StaticRecordSet*>(nullptr);
   auto source = std::make_unique<Rows>(database_.get(), std::move(prepared), [this, place] { forget(*place); });
   auto rows = automation::make<StaticRecordSet>(std::move(headers), std::move(source));
@@ -198,11 +254,13 @@ Ref<vestara::RecordSet> SqliteConnection::query(std::string_view statement) {
 
 void SqliteConnection::execute(std::string_view statement) {
   require_usable();
+  const bool recognised = recognise_insert(statement, syntax, values_);
+  if (!recognised) wall_.require_change(statement);
   complete_record_sets();
   noticing_loss([&] {
-    if (recognise_insert(statement, values_))
+    if (recognised)
       insert_rows(values_);
-    else if (empties_the_archive(statement))
+    else if (empties_the_archive(statement, syntax))
       empty_archive(statement);
     else
       run(translate(statement), Permission::change);
@@ -210,6 +268,7 @@ void SqliteConnection::execute(std::string_view statement) {
 }
 
 void SqliteConnection::insert_rows(const InsertValues& rows) {
+  const Permitting permitting(*this, Permission::change);
   sqlite3_stmt* const insert = insert_statement(rows);
   const auto insert_all = [&] {
     auto literal = rows.literals.begin();
@@ -336,8 +395,7 @@ void SqliteConnection::create_schema() {
   const bool fresh = single_number("SELECT count(*) FROM sqlite_master") == 0;
   // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another
   // program that creates the same archive just now may be ahead: then it is switched already.
-  if (fresh && transaction_ == Transaction::none)
-    sqlite3_exec(database_.get(), "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+  if (fresh && transaction_ == Transaction::none) attempt("PRAGMA journal_mode=WAL");
   noticing_loss([&] {
     atomically([&] {
       for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
@@ -370,6 +428,7 @@ std::vector<std::string> SqliteConnection::column_of(std::string_view statement)
 }
 
 SchemaFacts SqliteConnection::schema_facts() {
+  const Permitting permitting(*this, Permission::anything);
   SchemaFacts facts;
   const auto add = [&](auto& names, std::string_view statement) {
     for (std::string& name : column_of(statement)) names.insert(std::move(name));

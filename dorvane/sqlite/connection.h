@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "dorvane/insert_values.h"
 #include "dorvane/schema.h"
 #include "dorvane/sqlite/handles.h"
+#include "dorvane/wall.h"
 
 namespace dorvane {
 class StaticRecordSet;
@@ -39,12 +41,20 @@ class SqliteConnection final : public Connection {
   /// `lost`: the engine gave the transaction up, or never began it. Nothing runs until the next transaction call.
   enum class Transaction : uint8_t { none, open, lost };
 
-  static int authorize(void* self, int action, const char*, const char*, const char*, const char*);
+  static int authorize(void* self, int action, const char* first, const char* second, const char*, const char*);
+  /// Gives a statement its permission while it is prepared and stepped, which can prepare further ones.
+  class Permitting;
 
+  /// Nothing of the engine's that a statement could leave the archive by.
+  void close_side_doors();
   void open_file(const std::string& path, int flags);
   Statement prepare(std::string_view statement, Permission permission);
+  /// A reading statement with an order for ties, or as given where the engine refuses that.
+  Statement prepare_reading(std::string_view statement);
   /// Steps a statement to its end.
   void run(std::string_view statement, Permission permission);
+  /// Runs statements of our own whose failure changes nothing.
+  void attempt(const char* statements) noexcept;
   int64_t single_number(std::string_view statement);
   /// Raises when the transaction is lost; notices when a failure lost it.
   void require_usable() const;
@@ -69,7 +79,10 @@ class SqliteConnection final : public Connection {
   void forget(const StaticRecordSet* rows);
 
   Database database_;
-  Permission permission_ = Permission::anything;
+  Wall wall_;
+  /// Rows are fetched later than their statement is prepared, and reading is what that takes.
+  Permission permission_ = Permission::read;
+  std::set<std::string, std::less<>> refused_functions_;
   Transaction transaction_ = Transaction::none;
   std::string loss_reason_;
   /// The draw indexes were dropped with the rows and are owed to the next reader.

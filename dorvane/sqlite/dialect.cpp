@@ -5,7 +5,6 @@
 
 #include "automation/text.h"
 #include "dorvane/statement.h"
-#include "dorvane/tie_order.h"
 
 namespace dorvane::sqlite {
 namespace {
@@ -50,8 +49,29 @@ constexpr std::array<std::string_view, 4> date_columns{"dtEstr", "dtDa", "dtA", 
 
 }  // namespace
 
-std::string translate(std::string_view statement) { return undouble_backslashes(statement); }
-std::string translate_reading(std::string_view statement) { return with_tie_order(translate(statement)); }
+const Prohibitions prohibitions{syntax, {}, {}, {}};
+
+std::string translate(std::string_view statement) { return undouble_backslashes(statement, syntax); }
+
+bool only_computes(std::string_view function) {
+  constexpr auto known = std::to_array<std::string_view>(
+      {"->", "->>", "bm25", "highlight", "match", "matchinfo", "offsets", "rtreedepth", "rtreenode", "snippet"});
+  return function.starts_with("json") || std::find(known.begin(), known.end(), function) != known.end();
+}
+
+bool only_tells(std::string_view pragma, const char* argument) {
+  constexpr auto with_argument = std::to_array<std::string_view>(
+      {"foreign_key_check", "foreign_key_list", "index_info", "index_list", "index_xinfo", "integrity_check",
+       "quick_check", "table_info", "table_list", "table_xinfo"});
+  constexpr auto alone = std::to_array<std::string_view>(
+      {"application_id", "collation_list", "compile_options", "database_list", "encoding", "freelist_count",
+       "function_list", "module_list", "page_count", "page_size", "pragma_list", "synchronous", "user_version"});
+  const auto is_in = [&](const auto& names) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](std::string_view name) { return automation::equal_ignoring_case(name, pragma); });
+  };
+  return is_in(with_argument) || (!argument && is_in(alone));
+}
 
 TextReading reading_of(std::string_view column_name, const char* declared_type) {
   if (!declared_type) return TextReading::iso_dates;

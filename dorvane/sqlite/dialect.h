@@ -6,15 +6,25 @@
 
 #include "dorvane/column_store.h"
 #include "dorvane/schema.h"
+#include "dorvane/tokens.h"
+#include "dorvane/wall.h"
 
 // What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
 
 namespace dorvane::sqlite {
 
-/// A statement as the engine takes it: doubled backslashes inside literals made one, and a reading one with an
-/// order for ties. Nothing else is touched.
+inline constexpr Syntax syntax{.backtick_names = true, .bracket_names = true};
+
+/// What statements may read and call the engine is asked itself, when it prepares them.
+extern const Prohibitions prohibitions;
+
+/// A statement as the engine takes it: doubled backslashes inside literals made one. Nothing else is touched.
 std::string translate(std::string_view statement);
-std::string translate_reading(std::string_view statement);
+
+/// Of the functions that the engine does not call harmless: it computes and no more.
+bool only_computes(std::string_view function);
+/// A PRAGMA that changes nothing and runs nothing, as tables of pragma_… names ask it.
+bool only_tells(std::string_view pragma, const char* argument);
 
 /// Dates are text to SQLite. A column is read as dates when its declared type says so or is unknown, or when it
 /// bears the name of one of the archive's date columns.

@@ -202,12 +202,22 @@ TEST_F(Copy, ReadsWhatOtherProgramsMade) {
   }
 }
 
+/// So many tuples, with every "#" as the number of its own.
+std::string tuples(int count, const std::string& tuple) {
+  std::string text;
+  for (int i = 1; i <= count; ++i) {
+    text += i == 1 ? "" : ",";
+    for (const char c : tuple) text += c == '#' ? std::to_string(i) : std::string(1, c);
+  }
+  return text;
+}
+
 TEST_F(Copy, WritesManyRowsInSlices) {
-  make("a", {"INSERT INTO tSistemaDetail WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<25001) "
-             "SELECT 3*i,1,'it''s '||i FROM n",
-             "INSERT INTO tRicerche(idRicerca,numeri) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
-             "WHERE i<10000) SELECT i,'x' FROM n",
-             "INSERT INTO tSistemi(idSis,descrizione)VALUES(1,replace(hex(zeroblob(400000)),'0','''')),(2,'short')"});
+  const std::string combinations = "INSERT INTO tSistemaDetail VALUES" + tuples(25001, "(3#,1,'it''s #')");
+  const std::string searches = "INSERT INTO tRicerche(idRicerca,numeri)VALUES" + tuples(10000, "(#,'x')");
+  const std::string marks(1600000, '\'');
+  const std::string systems = "INSERT INTO tSistemi(idSis,descrizione)VALUES(1,'" + marks + "'),(2,'short')";
+  make("a", {combinations.c_str(), searches.c_str(), systems.c_str()});
   const Outcome done = copy(" --format json");
   EXPECT_EQ(done.code, 0) << done.err;
   EXPECT_EQ(everything("b"), everything("a"));

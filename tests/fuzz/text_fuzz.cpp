@@ -7,6 +7,10 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "dorvane/insert_values.h"
+#include "dorvane/literal_insert.h"
+#include "dorvane/mariadb/dialect.h"
+#include "dorvane/postgresql/dialect.h"
+#include "dorvane/sqlite/dialect.h"
 #include "dorvane/statement.h"
 #include "dorvane/tie_order.h"
 #include "tests/support/random.h"
@@ -55,20 +59,27 @@ void check_record(const std::string& text) {
   }
 }
 
-void check_statement(const std::string& text) {
+void check_statement(const std::string& text, const dorvane::Syntax& syntax) {
   std::string joined;
   for (std::string_view rest = text; !rest.empty();) {
-    const auto token = dorvane::next_token(rest);
+    const auto token = dorvane::next_token(rest, syntax);
     joined += token.text;
     rest.remove_prefix(token.text.size());
   }
   if (joined != text) fail("tokens cover the statement", text);
-  if (dorvane::undouble_backslashes(text).size() > text.size()) fail("a translation is not longer", text);
-  if (!dorvane::with_tie_order(text).starts_with(text)) fail("an order is only appended", text);
-  dorvane::empties_the_archive(text);
+  if (dorvane::undouble_backslashes(text, syntax).size() > text.size()) fail("a translation is not longer", text);
+  dorvane::tie_term(text, syntax);
+  dorvane::empties_the_archive(text, syntax);
   dorvane::InsertValues values;
-  if (dorvane::recognise_insert(text, values) && values.literals.size() != values.rows() * values.columns)
-    fail("tuples are even", text);
+  if (!dorvane::recognise_insert(text, syntax, values)) return;
+  if (values.literals.size() != values.rows() * values.columns) fail("tuples are even", text);
+  if (!dorvane::inserts_literals(text, syntax)) fail("what is bound are literals", text);
+}
+
+void check_statement(const std::string& text) {
+  check_statement(text, dorvane::sqlite::syntax);
+  check_statement(text, dorvane::postgresql::syntax);
+  check_statement(text, dorvane::mariadb::syntax);
 }
 
 }  // namespace
@@ -81,7 +92,7 @@ int main(int argc, char** argv) {
     check_numbers(random.text(12, "0123456789+-.eE x"));
     check_code_page(random.text(40));
     check_record(random.text(60, "#123/ BAx*'"));
-    check_statement(random.text(60, "'\"\\-/*[]`(),;. \nSELECTORDBYFMstorico12"));
+    check_statement(random.text(60, "'\"\\-/*[]`(),;.#$!EU& \nSELECTORDBYFMstorico12"));
     check_statement("INSERT INTO t(a)VALUES(" + random.text(20, "12',()NUL\\ "));
     check_statement("SELECT " + random.text(12, "ruotaDISTNC,. ") + " FROM storico" + random.text(8, " ()as,;") +
                     " ORDER BY " + random.text(14, "dtEsr.count(*)DESCA ,"));

@@ -1,0 +1,48 @@
+#include "dorvane/sqlite/dialect.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <tuple>
+
+namespace dorvane::sqlite {
+namespace {
+
+TEST(SqliteDialect, EveryIndexHasItsColumns) {
+  // A search reads nothing but its index, so that each column of it counts.
+  const std::map<std::string_view, std::string_view> columns{
+      {"vestara_storico_estr1", "storico(estr1,dtEstr,concorsoNumero,ruota)"},
+      {"vestara_storico_estr2", "storico(estr2,dtEstr,concorsoNumero,ruota)"},
+      {"vestara_storico_estr3", "storico(estr3,dtEstr,concorsoNumero,ruota)"},
+      {"vestara_storico_estr4", "storico(estr4,dtEstr,concorsoNumero,ruota)"},
+      {"vestara_storico_estr5", "storico(estr5,dtEstr,concorsoNumero,ruota)"},
+      {"vestara_storico_rows", "storico(dtEstr DESC,id,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero)"},
+      {"vestara_storico_wheel", "storico(ruota,dtEstr,estr1,estr2,estr3,estr4,estr5)"},
+      {"vestara_storico_draws", "storico(dtEstr DESC,concorsoNumero)"},
+      {"vestara_sistema_detail", "tSistemaDetail(idSis)"}};
+  std::map<std::string_view, std::string_view> found;
+  const auto add = [&](const Creation& index) {
+    found[index.name] = index.statement.substr(index.statement.find(" ON ") + 4);
+  };
+  for (const Creation& index : draw_indexes()) add(index);
+  add(lasting_index());
+  EXPECT_EQ(found, columns);
+}
+
+TEST(SqliteDialect, KnowsWhatOnlyTellsAndWhatOnlyComputes) {
+  struct Row {
+    const char* pragma;
+    const char* argument;
+    bool tells;
+  };
+  for (const Row& row :
+       {Row{"table_info", "storico", true}, Row{"TABLE_INFO", "storico", true}, Row{"user_version", nullptr, true},
+        Row{"user_version", "7", false}, Row{"optimize", nullptr, false}, Row{"writable_schema", nullptr, false}})
+    EXPECT_EQ(only_tells(row.pragma, row.argument), row.tells) << row.pragma;
+  for (const char* function : {"load_extension", "fts3_tokenizer", "writefile", "optimize"})
+    EXPECT_FALSE(only_computes(function)) << function;
+  for (const char* function : {"json_each", "snippet"}) EXPECT_TRUE(only_computes(function)) << function;
+}
+
+}  // namespace
+}  // namespace dorvane::sqlite
