@@ -5,6 +5,7 @@
 #include <fstream>
 #include <optional>
 
+#include "automation/class_file_trust.h"
 #include "automation/error.h"
 #include "automation/registry.h"
 #include "automation/shared_object.h"
@@ -19,21 +20,37 @@ constexpr std::string_view library_prefix = "lib";
 constexpr std::string_view library_suffix = ".so.1";
 constexpr std::string_view class_folder = "automation-classes";
 constexpr std::string_view library_key = "library=";
+// Whatever the process's own mask says: only the owner writes, everybody reads.
+constexpr auto private_file = static_cast<fs::perms>(0644);
+constexpr auto private_folder = static_cast<fs::perms>(0755);
 
 std::string environment(const char* name, std::string otherwise = {}) {
   const char* value = std::getenv(name);
   return value && *value ? std::string(value) : std::move(otherwise);
 }
 
-std::string user_data_folder() { return environment("XDG_DATA_HOME", environment("HOME", ".") + "/.local/share"); }
+/// The absolute paths of a list joined by ":". Others depend on the folder where a program happens to be started.
+std::vector<fs::path> absolute_folders(std::string_view list) {
+  std::vector<fs::path> folders;
+  for (const std::string_view item : split(list, ':'))
+    if (fs::path folder(item); folder.is_absolute()) folders.push_back(std::move(folder));
+  return folders;
+}
+
+/// Nothing when no variable names one.
+std::optional<fs::path> user_data_folder() {
+  if (fs::path data = environment("XDG_DATA_HOME"); data.is_absolute()) return data;
+  if (const fs::path home = environment("HOME"); home.is_absolute()) return home / ".local/share";
+  return std::nullopt;
+}
 
 std::vector<fs::path> class_folders() {
-  std::vector<fs::path> folders;
-  const std::string path = environment("AUTOMATION_CLASS_PATH");
-  for (const std::string_view folder : split(path, ':')) folders.emplace_back(folder);
-  folders.push_back(fs::path(user_data_folder()) / class_folder);
-  const std::string shared = environment("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
-  for (const std::string_view folder : split(shared, ':')) folders.push_back(fs::path(folder) / class_folder);
+  std::vector<fs::path> folders = absolute_folders(environment("AUTOMATION_CLASS_PATH"));
+  if (const auto data = user_data_folder()) folders.push_back(*data / class_folder);
+  constexpr const char* usual = "/usr/local/share:/usr/share";
+  auto shared = absolute_folders(environment("XDG_DATA_DIRS", usual));
+  if (shared.empty()) shared = absolute_folders(usual);
+  for (const fs::path& folder : shared) folders.push_back(folder / class_folder);
   return folders;
 }
 
@@ -41,7 +58,9 @@ fs::path class_file(const fs::path& folder, std::string_view identifier) {
   return folder / (lower_case(identifier) + ".class");
 }
 
+/// The library that a class file names; nothing when there is no such file or it is refused.
 std::optional<std::string> registered_library(const fs::path& file) {
+  if (!why_refused(file).empty()) return std::nullopt;
   std::ifstream lines(file);
   for (std::string line; std::getline(lines, line);)
     if (line.starts_with(library_key)) return line.substr(library_key.size());
@@ -62,6 +81,21 @@ bool is_identifier(std::string_view text) {
   return !text.empty() && text.front() != '.' && text.find_first_not_of(allowed) == std::string_view::npos;
 }
 
+fs::path known_registration_folder(Scope scope) {
+  if (fs::path folder = registration_folder(scope); !folder.empty()) return folder;
+  throw RunTimeError(76, "no folder for class files: XDG_DATA_HOME or HOME must name an absolute path");
+}
+
+/// The registration folder, made when it is not there yet. Error 70 when others may write there.
+fs::path make_registration_folder(Scope scope) {
+  fs::path folder = known_registration_folder(scope);
+  std::error_code error;
+  if (fs::create_directories(folder, error)) fs::permissions(folder, private_folder, error);
+  if (error) throw RunTimeError(76, "cannot create " + folder.string() + ": " + error.message());
+  if (const std::string reason = why_untrusted(folder); !reason.empty()) throw RunTimeError(70, reason);
+  return folder;
+}
+
 std::vector<std::string> classes_of(const std::string& library) {
   std::vector<std::string> identifiers;
   for (const RegisteredClass& entry : loaded_classes())
@@ -78,15 +112,16 @@ void write_class_file(const fs::path& file, const std::string& identifier, const
     if (!out.flush()) throw RunTimeError(75, "cannot write " + unfinished.string());
   }
   std::error_code error;
-  fs::rename(unfinished, file, error);
+  fs::permissions(unfinished, private_file, error);
+  if (!error) fs::rename(unfinished, file, error);
   if (error) throw RunTimeError(75, "cannot write " + file.string() + ": " + error.message());
 }
 
 }  // namespace
 
 std::string registration_folder(Scope scope) {
-  const std::string data = scope == Scope::user ? user_data_folder() : "/usr/local/share";
-  return (fs::path(data) / class_folder).string();
+  const auto data = scope == Scope::user ? user_data_folder() : fs::path("/usr/local/share");
+  return data ? (*data / class_folder).string() : std::string();
 }
 
 std::vector<std::string> libraries_for(std::string_view identifier) {
@@ -111,13 +146,19 @@ std::string searched_places() {
   return places + own_folder();
 }
 
+std::vector<std::string> refused_class_files(std::string_view identifier) {
+  std::vector<std::string> sentences;
+  if (!is_identifier(identifier)) return sentences;
+  for (const fs::path& folder : class_folders())
+    if (std::string reason = why_refused(class_file(folder, identifier)); !reason.empty())
+      sentences.push_back(std::move(reason));
+  return sentences;
+}
+
 std::vector<std::string> register_library(const void* address, Scope scope) {
   const std::string path = shared_object_path(address);
   const std::string library = fs::absolute(path).lexically_normal().string();
-  const fs::path folder = registration_folder(scope);
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (error) throw RunTimeError(76, "cannot create " + folder.string() + ": " + error.message());
+  const fs::path folder = make_registration_folder(scope);
   auto identifiers = classes_of(path);
   for (const std::string& identifier : identifiers)
     write_class_file(class_file(folder, identifier), identifier, library);
@@ -125,7 +166,7 @@ std::vector<std::string> register_library(const void* address, Scope scope) {
 }
 
 std::vector<std::string> unregister_library(const void* address, Scope scope) {
-  const fs::path folder = registration_folder(scope);
+  const fs::path folder = known_registration_folder(scope);
   auto identifiers = classes_of(shared_object_path(address));
   for (const std::string& identifier : identifiers) {
     std::error_code error;

@@ -44,6 +44,7 @@ Ref<Object> create_object(std::string_view identifier) {
     if (const RegisteredClass* entry = find_class(name)) return entry->create();
     reasons += "; " + library + ": " + (reason.empty() ? "has no such class" : reason);
   }
+  for (const std::string& refused : refused_class_files(name)) reasons += "; " + refused;
   if (reasons.empty()) reasons = "; looked in " + searched_places();
   throw RunTimeError(429, std::string(standard_description(429)) + ": '" + std::string(identifier) + "'" + reasons);
 }

@@ -2,16 +2,21 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "automation/error.h"
 #include "automation/registry.h"
 #include "automation/shared_object.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/values.h"
 
 // Where classes are found that this program linked nothing of.
 
@@ -23,21 +28,29 @@ namespace fs = std::filesystem;
 /// An environment variable for the time of one test.
 class Setting {
  public:
-  Setting(const char* name, const std::string& value) : name_(name) {
+  /// No value takes the variable out.
+  Setting(const char* name, const std::optional<std::string>& value) : name_(name) {
     if (const char* before = std::getenv(name)) before_ = before;
-    setenv(name, value.c_str(), 1);
+    set(value);
   }
-  ~Setting() { before_.empty() ? unsetenv(name_) : setenv(name_, before_.c_str(), 1); }
+  ~Setting() { set(before_); }
   Setting(const Setting&) = delete;
   Setting& operator=(const Setting&) = delete;
 
  private:
+  void set(const std::optional<std::string>& value) const {
+    value ? setenv(name_, value->c_str(), 1) : unsetenv(name_);
+  }
+
   const char* name_;
-  std::string before_;
+  std::optional<std::string> before_;
 };
 
 class Registration : public testing::Test {
  protected:
+  Registration() : mask_(umask(022)) {}
+  ~Registration() override { umask(mask_); }
+
   /// A class file and the (empty) library that it names.
   std::string register_class_file(const fs::path& folder, const std::string& identifier) {
     fs::create_directories(folder);
@@ -46,6 +59,7 @@ class Registration : public testing::Test {
     return library;
   }
 
+  mode_t mask_;
   testing_support::TemporaryFolder folder_;
   Setting home_{"XDG_DATA_HOME", folder_.path_to("data")};
   Setting shared_{"XDG_DATA_DIRS", folder_.path_to("shared")};
@@ -61,6 +75,177 @@ TEST_F(Registration, ClassesAreFoundInTheUsersAndTheSystemsFolders) {
   EXPECT_EQ(libraries_for("Some.cOther").front(), first);
 }
 
+/// The work folder for the time of one test, where a class file lies that must not be found.
+class WorkFolder {
+ public:
+  explicit WorkFolder(const fs::path& folder) : before_(fs::current_path()) { fs::current_path(folder); }
+  ~WorkFolder() { fs::current_path(before_); }
+  WorkFolder(const WorkFolder&) = delete;
+  WorkFolder& operator=(const WorkFolder&) = delete;
+
+ private:
+  fs::path before_;
+};
+
+TEST_F(Registration, NothingIsLookedForInTheCurrentFolder) {
+  const fs::path work = folder_.path() / "work";
+  for (const char* place : {"", "automation-classes", ".local/share/automation-classes", "named",
+                            "named/automation-classes", "named/.local/share/automation-classes"})
+    register_class_file(work / place, "some.cthing");
+  const WorkFolder current(work);
+  const struct {
+    const char* variable;
+    std::optional<std::string> value;
+  } rows[] = {{"HOME", {}},
+              {"HOME", ""},
+              {"HOME", "."},
+              {"HOME", "named"},
+              {"XDG_DATA_HOME", ""},
+              {"XDG_DATA_HOME", "."},
+              {"XDG_DATA_HOME", "named"},
+              {"XDG_DATA_DIRS", ""},
+              {"XDG_DATA_DIRS", "."},
+              {"XDG_DATA_DIRS", ":"},
+              {"XDG_DATA_DIRS", "named:/nowhere"},
+              {"XDG_DATA_DIRS", "/nowhere:"},
+              {"AUTOMATION_CLASS_PATH", ""},
+              {"AUTOMATION_CLASS_PATH", "."},
+              {"AUTOMATION_CLASS_PATH", ":/nowhere"},
+              {"AUTOMATION_CLASS_PATH", "/nowhere::/nowhere"},
+              {"AUTOMATION_CLASS_PATH", "named"},
+              {"AUTOMATION_CLASS_PATH", "../work/named"}};
+  for (const auto& row : rows) {
+    const Setting home("XDG_DATA_HOME", {});
+    const Setting changed(row.variable, row.value);
+    EXPECT_TRUE(libraries_for("Some.cThing").empty()) << row.variable << "=" << row.value.value_or("(unset)");
+  }
+}
+
+TEST_F(Registration, WithoutAUsersFolderNothingIsRegistered) {
+  const WorkFolder current(folder_.path());
+  const Setting data("XDG_DATA_HOME", "relative");
+  const Setting home("HOME", {});
+  EXPECT_EQ(registration_folder(Scope::user), "");
+  EXPECT_EQ(registration_folder(Scope::system), "/usr/local/share/automation-classes");
+  const auto name_both = [](auto change) {
+    try {
+      change(reinterpret_cast<const void*>(&create_object), Scope::user);
+      FAIL();
+    } catch (const RunTimeError& error) {
+      EXPECT_EQ(error.number(), 76);
+      EXPECT_NE(error.description().find("XDG_DATA_HOME or HOME"), std::string::npos) << error.description();
+    }
+  };
+  name_both(register_library);
+  name_both(unregister_library);
+  EXPECT_FALSE(fs::exists("relative"));
+}
+
+/// Whose a class file and its folder are, and what others may do there.
+struct Rights {
+  const char* what;
+  uid_t owner;
+  mode_t folder;
+  mode_t file;
+  const char* refusal;  ///< what the sentence says, empty for a file that is taken
+};
+
+TEST_F(Registration, AClassFileThatOthersMayWriteIsRefused) {
+  const uid_t me = geteuid();
+  const Rights rows[] = {{"as it is written", me, 0755, 0644, ""},
+                         {"read by its owner alone", me, 0700, 0400, ""},
+                         {"file of a group", me, 0755, 0664, "some.cthing.class may be written by its group"},
+                         {"file of everybody", me, 0755, 0646, "some.cthing.class may be written by everybody"},
+                         {"folder of a group", me, 0775, 0644, "automation-classes may be written by its group"},
+                         {"folder of everybody", me, 0757, 0644, "automation-classes may be written by everybody"},
+                         {"everybody's, each keeps the own", me, 01777, 0644, "may be written by everybody"},
+                         {"file of somebody else", 12345, 0755, 0644, "belongs to user number 12345"}};
+  const fs::path folder = folder_.path() / "data/automation-classes";
+  for (const Rights& row : rows) {
+    SCOPED_TRACE(row.what);
+    const std::string library = register_class_file(folder, "some.cthing");
+    const fs::path file = folder / "some.cthing.class";
+    if (row.owner != me && chown(file.c_str(), row.owner, static_cast<gid_t>(-1)) != 0) continue;  // root alone can
+    ASSERT_EQ(chmod(file.c_str(), row.file), 0);
+    ASSERT_EQ(chmod(folder.c_str(), row.folder), 0);
+    const auto sentences = refused_class_files("Some.cThing");
+    if (*row.refusal == '\0') {
+      EXPECT_EQ(libraries_for("Some.cThing"), std::vector<std::string>{library});
+      EXPECT_TRUE(sentences.empty());
+    } else {
+      EXPECT_TRUE(libraries_for("Some.cThing").empty());
+      ASSERT_EQ(sentences.size(), 1U);
+      EXPECT_NE(sentences[0].find(file.string()), std::string::npos) << sentences[0];
+      EXPECT_NE(sentences[0].find(row.refusal), std::string::npos) << sentences[0];
+    }
+    fs::remove_all(folder);
+  }
+}
+
+TEST_F(Registration, ALinkIsAsGoodAsWhereItLeads) {
+  const std::string library = register_class_file(folder_.path() / "elsewhere", "some.cthing");
+  const fs::path target = folder_.path() / "elsewhere/some.cthing.class";
+  const fs::path link = folder_.path() / "data/automation-classes/some.cthing.class";
+  fs::create_directories(link.parent_path());
+  fs::create_symlink(target, link);
+  EXPECT_EQ(libraries_for("Some.cThing"), std::vector<std::string>{library});
+  ASSERT_EQ(chmod(target.parent_path().c_str(), 0777), 0);
+  EXPECT_TRUE(libraries_for("Some.cThing").empty());
+  EXPECT_EQ(refused_class_files("Some.cThing").size(), 1U);
+}
+
+TEST_F(Registration, ARefusedClassFileIsNamedByTheErrorOfItsClass) {
+  register_class_file(folder_.path() / "data/automation-classes", "some.cthing");
+  const std::string file = folder_.path_to("data/automation-classes/some.cthing.class");
+  ASSERT_EQ(chmod(file.c_str(), 0666), 0);
+  try {
+    create_object("Some.cThing");
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.number(), 429);
+    EXPECT_NE(error.description().find(file + " may be written by everybody; only its owner may"), std::string::npos)
+        << error.description();
+  }
+}
+
+TEST_F(Registration, NothingIsRegisteredWhereOthersMayWrite) {
+  ASSERT_TRUE(create_object("Vestara.cLotto"));
+  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  const fs::path folder = registration_folder(Scope::user);
+  fs::create_directories(folder);
+  ASSERT_EQ(chmod(folder.c_str(), 0777), 0);
+  EXPECT_EQ(testing_support::error_of([&] { register_library(inside, Scope::user); }), 70);
+  EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(Registration, ClassFilesAreTheUsersOwnWhateverTheMaskSays) {
+  ASSERT_TRUE(create_object("Vestara.cLotto"));
+  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  for (const mode_t mask : {0000, 0002, 0077}) {
+    const mode_t before = umask(mask);
+    register_library(inside, Scope::user);
+    umask(before);
+    const fs::path folder = registration_folder(Scope::user);
+    EXPECT_EQ(static_cast<int>(fs::status(folder).permissions()), 0755) << mask;
+    EXPECT_EQ(static_cast<int>(fs::status(folder / "vestara.clotto.class").permissions()), 0644) << mask;
+    EXPECT_TRUE(refused_class_files("Vestara.cLotto").empty());
+    fs::remove_all(folder_.path() / "data");
+  }
+}
+
+TEST_F(Registration, AClassFileIsReplacedWhole) {
+  ASSERT_TRUE(create_object("Vestara.cLotto"));
+  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  const fs::path folder = registration_folder(Scope::user);
+  register_class_file(folder, "vestara.clotto");
+  const fs::path old_text = folder / "old";
+  fs::create_hard_link(folder / "vestara.clotto.class", old_text);
+  const std::string before = testing_support::bytes_of(old_text);
+  register_library(inside, Scope::user);
+  EXPECT_EQ(testing_support::bytes_of(old_text), before);
+  EXPECT_NE(testing_support::bytes_of(folder / "vestara.clotto.class"), before);
+}
+
 TEST_F(Registration, TheLibraryFolderOfTheEnvironmentGoesFirst) {
   register_class_file(folder_.path() / "data/automation-classes", "some.cthing");
   folder_.file("libsome.so.1", "");
@@ -69,8 +254,25 @@ TEST_F(Registration, TheLibraryFolderOfTheEnvironmentGoesFirst) {
 }
 
 TEST_F(Registration, AnIdentifierIsNoPath) {
-  for (const char* identifier : {"", "..", "../etc/passwd", "a/b", ".hidden", "a b"})
+  register_class_file(folder_.path() / "data/automation-classes", ".vestara");
+  register_class_file(folder_.path() / "data", "thing");
+  for (const char* identifier : {"", "..", "../etc/passwd", "../thing", "a/b", ".hidden", ".Vestara", "a b"}) {
     EXPECT_TRUE(libraries_for(identifier).empty()) << identifier;
+    EXPECT_TRUE(refused_class_files(identifier).empty()) << identifier;
+  }
+}
+
+TEST_F(Registration, AClassIsKnownOnce) {
+  const auto count = [] {
+    const auto& classes = loaded_classes();
+    return std::count_if(classes.begin(), classes.end(),
+                         [](const RegisteredClass& entry) { return entry.identifier == "Tests.cTwice"; });
+  };
+  register_class({"Tests.cTwice", [] { return Ref<Object>(); }});
+  EXPECT_EQ(count(), 1);
+  register_class({"Tests.cTwice", [] { return Ref<Object>(); }});
+  register_class({"tests.CTWICE", [] { return Ref<Object>(); }});
+  EXPECT_EQ(count(), 1);
 }
 
 TEST_F(Registration, ALibraryThatIsGoneIsPassedOver) {
