@@ -1,5 +1,6 @@
 #include "automation/date.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -94,6 +95,24 @@ bool read_day(Scanner& text, CivilTime& parts) {
   return true;
 }
 
+/// The second of the day that a serial lies in. A serial that was added up from a day, hours, minutes and seconds may
+/// end just below the second it means: by half of its last place for each of three additions.
+int32_t second_of_day(double serial) {
+  const double distance = std::fabs(serial);
+  const double last_place = std::nextafter(distance, HUGE_VAL) - distance;
+  const double slack = (1.5 * last_place + 1e-15) * seconds_per_day;
+  const double seconds = (distance - std::trunc(distance)) * seconds_per_day;
+  return std::min(static_cast<int32_t>(seconds + slack), seconds_per_day - 1);
+}
+
+CivilTime parts_of(int32_t day, int32_t second) {
+  CivilTime parts = civil_from_day(day);
+  parts.hour = second / 3600;
+  parts.minute = second / 60 % 60;
+  parts.second = second % 60;
+  return parts;
+}
+
 bool looks_like_time_alone(std::string_view text) {
   const auto points = std::string_view(text).find(':');
   if (points != std::string_view::npos) return true;
@@ -133,7 +152,7 @@ Date Date::from_serial(double serial) {
   static const double lowest = day_from_civil(first_year, 1, 1);
   static const double beyond = day_from_civil(last_year, 12, 31) + 1.0;
   if (!(serial > lowest - 1.0 && serial < beyond)) throw overflow();
-  return Date(serial);
+  return *from_civil(parts_of(static_cast<int32_t>(serial), second_of_day(serial)));
 }
 
 std::optional<Date> Date::from_civil(const CivilTime& parts) {
@@ -151,19 +170,7 @@ std::optional<Date> Date::from_civil(int32_t year, int32_t month, int32_t day) {
   return from_civil(CivilTime{year, month, day, 0, 0, 0});
 }
 
-CivilTime Date::civil() const {
-  double whole = std::trunc(serial_);
-  auto seconds = static_cast<int32_t>(std::lround(std::fabs(serial_ - whole) * seconds_per_day));
-  if (seconds == seconds_per_day) {
-    seconds = 0;
-    whole += 1;
-  }
-  CivilTime parts = civil_from_day(static_cast<int32_t>(whole));
-  parts.hour = seconds / 3600;
-  parts.minute = seconds / 60 % 60;
-  parts.second = seconds % 60;
-  return parts;
-}
+CivilTime Date::civil() const { return parts_of(day(), second_of_day(serial_)); }
 
 std::partial_ordering Date::operator<=>(const Date& other) const {
   // Before day zero the fraction runs against the sign, so the moments are compared, not the serials.

@@ -23,11 +23,11 @@ struct CivilTime {
 
 /// An automation date: days since 1899-12-30, the fraction being the time of day. Before that day the
 /// whole part counts down while the fraction still counts the hours forward (-1.25 is 1899-12-29 06:00).
-/// Years run from 100 to 9999.
+/// Years run from 100 to 9999. It holds whole seconds.
 class AUTOMATION_API Date {
  public:
   constexpr Date() = default;
-  /// Error 6 when the serial lies outside the years 100 to 9999.
+  /// The second that the serial lies in: fractions are cut. Error 6 when it lies outside the years 100 to 9999.
   static Date from_serial(double serial);
   /// Nothing when the parts name no real moment or the year is out of range.
   static std::optional<Date> from_civil(const CivilTime& parts);
@@ -39,7 +39,7 @@ class AUTOMATION_API Date {
   /// The whole day, counted from 1899-12-30.
   int32_t day() const { return static_cast<int32_t>(serial_); }
   bool has_time() const { return serial_ != static_cast<double>(day()); }
-  /// The parts, to the nearest second.
+  /// The parts.
   CivilTime civil() const;
 
   std::partial_ordering operator<=>(const Date& other) const;

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <ctime>
 #include <limits>
 
+#include "tests/support/random.h"
 #include "tests/support/values.h"
 
 namespace automation {
@@ -82,10 +84,62 @@ TEST(Date, EverySecondOfADayThereAndBack) {
   }
 }
 
-TEST(Date, PartsAreTakenToTheNearestSecond) {
-  const auto almost_midnight = Date::from_serial(46341 + 86399.7 / 86400);
-  EXPECT_EQ(almost_midnight.civil(), (CivilTime{2026, 11, 16, 0, 0, 0}));
-  EXPECT_EQ(Date::from_serial(46341 + 36855.6 / 86400).civil(), (CivilTime{2026, 11, 15, 10, 14, 16}));
+TEST(Date, FractionsOfASecondAreCut) {
+  const struct {
+    double serial;
+    CivilTime parts;
+  } rows[] = {{46341 + 86399.7 / 86400, {2026, 11, 15, 23, 59, 59}},
+              {46341 + 86399.999999 / 86400, {2026, 11, 15, 23, 59, 59}},
+              {std::nextafter(46342.0, 0), {2026, 11, 15, 23, 59, 59}},
+              {46341 + 36855.4 / 86400, {2026, 11, 15, 10, 14, 15}},
+              {46341 + 36855.6 / 86400, {2026, 11, 15, 10, 14, 15}},
+              {46341 + 0.999999 / 86400, {2026, 11, 15, 0, 0, 0}},
+              {46341 + 1e-9 / 86400, {2026, 11, 15, 0, 0, 0}},
+              {std::nextafter(1.0, 0), {1899, 12, 30, 23, 59, 59}},
+              {1e-300, {1899, 12, 30, 0, 0, 0}},
+              {-1e-300, {1899, 12, 30, 0, 0, 0}},
+              {std::nextafter(-1.0, 0), {1899, 12, 30, 23, 59, 59}},
+              {std::nextafter(-1.0, -2), {1899, 12, 29, 0, 0, 0}},
+              {std::nextafter(-2.0, 0), {1899, 12, 29, 23, 59, 59}},
+              {-10584 - 86399.7 / 86400, {1871, 1, 7, 23, 59, 59}},
+              {-10584 - 36855.6 / 86400, {1871, 1, 7, 10, 14, 15}},
+              {std::nextafter(-657435.0, 0), {100, 1, 1, 23, 59, 59}},
+              {std::nextafter(2958466.0, 0), {9999, 12, 31, 23, 59, 59}}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.serial);
+    const auto date = Date::from_serial(row.serial);
+    EXPECT_EQ(date.civil(), row.parts);
+    EXPECT_EQ(date, moment(row.parts));
+    EXPECT_EQ(date_to_text(date), date_to_text(moment(row.parts)));
+    EXPECT_EQ(iso_day(date), iso_day(Date::from_day(date.day())));
+  }
+  EXPECT_FALSE(Date::from_serial(46341 + 0.9 / 86400).has_time());
+}
+
+/// A serial as other programs make one: a day, and the parts of the time added one after the other.
+double added_up(int32_t whole, const CivilTime& parts) {
+  const double sign = whole < 0 ? -1 : 1;
+  double serial = whole;
+  serial += sign * parts.hour / 24;
+  serial += sign * parts.minute / 1440;
+  serial += sign * parts.second / 86400;
+  return serial;
+}
+
+TEST(Date, TheDayOfAnyFractionIsItsWholePart) {
+  testing_support::Random random(12);
+  for (int32_t turn = 0; turn < 200'000; ++turn) {
+    const int32_t whole = first_day + static_cast<int32_t>(random.below(last_day - first_day + 1));
+    const double fraction = static_cast<double>(random.below(1U << 20U)) / (1U << 20U);
+    const double serial = whole < 0 ? whole - fraction : whole + fraction;
+    const auto date = Date::from_serial(serial);
+    CivilTime parts = date.civil();
+    if (date.day() != whole || iso_day(date) != iso_day(Date::from_day(whole))) FAIL() << serial;
+    if (Date::from_serial(date.serial()) != date || moment(parts) != date) FAIL() << serial;
+    const int32_t second = parts.hour * 3600 + parts.minute * 60 + parts.second;
+    if (second != static_cast<int32_t>(fraction * 86400)) FAIL() << serial;
+    if (Date::from_serial(added_up(whole, parts)) != date) FAIL() << serial;
+  }
 }
 
 TEST(Date, OrderIsTheOrderOfTime) {
@@ -197,10 +251,25 @@ TEST(ParseIso, Accepts) {
 }
 
 TEST(ParseIso, Refuses) {
-  const char* rows[] = {
-      "",           "2026-1-5",    "15/11/2026",         "2026-02-30",          "2026-11-15x",
-      "2026/11/15", " 2026-11-15", "2026-11-15 10:14",   "2026-11-15 24:00:00", "2026-11-15 10:14:16x",
-      "2026-11",    "10:14:16",    "2026-11-15 1:02:03", "0099-01-01",          "-026-11-15"};
+  const char* rows[] = {"",
+                        "2026-1-5",
+                        "15/11/2026",
+                        "2026-02-30",
+                        "2026-11-15x",
+                        "2026/11/15",
+                        " 2026-11-15",
+                        "2026-11-15 10:14",
+                        "2026-11-15 24:00:00",
+                        "2026-11-15 10:14:16x",
+                        "2026-11-15 10:14:16.",
+                        "2026-11-15 10:14:16.x",
+                        "2026-11-15 10:14:16.5x",
+                        "2026-11-15 10:14:60",
+                        "2026-11",
+                        "10:14:16",
+                        "2026-11-15 1:02:03",
+                        "0099-01-01",
+                        "-026-11-15"};
   for (const auto* row : rows) EXPECT_FALSE(parse_iso(row)) << '"' << row << '"';
 }
 

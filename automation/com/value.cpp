@@ -27,6 +27,17 @@ Variant from_decimal(DECIMAL decimal) {
   return value;
 }
 
+/// A date near a full second is that second, as scripts show it: the platform carries, also into the next day.
+Date from_variant_time(DATE moment) {
+  SYSTEMTIME parts{};
+  Date::from_serial(moment);  // refuses what the platform's reading does not look at
+  if (!VariantTimeToSystemTime(moment, &parts)) throw overflow();
+  const auto date =
+      Date::from_civil({parts.wYear, parts.wMonth, parts.wDay, parts.wHour, parts.wMinute, parts.wSecond});
+  if (!date) throw overflow();
+  return *date;
+}
+
 Variant from_error(SCODE code) {
   if (code == DISP_E_PARAMNOTFOUND) return Missing{};
   return static_cast<int32_t>(code);
@@ -123,7 +134,7 @@ Variant from_value(const VARIANT& given) {
     case VT_DECIMAL:
       return from_decimal(value.decVal);
     case VT_DATE:
-      return Date::from_serial(value.date);
+      return from_variant_time(value.date);
     case VT_BSTR:
       return from_bstr(value.bstrVal);
     case VT_DISPATCH:

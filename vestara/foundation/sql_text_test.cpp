@@ -11,6 +11,7 @@ namespace vestara {
 namespace {
 
 using automation::Array;
+using automation::Date;
 using automation::Empty;
 using automation::Missing;
 using automation::Null;
@@ -27,6 +28,7 @@ using testing_support::UnloadedWheels;
 const Variant date = day(2026, 11, 15);
 const Variant date_and_time = moment({2026, 11, 15, 10, 14, 16});
 const Variant time_of_day = moment({1899, 12, 30, 10, 14, 16});
+const Variant last_moment = Date::from_serial(46341.9999999999);
 const Variant midnight = day(1899, 12, 30);
 
 TEST(SqlDateTime, Literals) {
@@ -34,30 +36,36 @@ TEST(SqlDateTime, Literals) {
     const char* what;
     Variant date_part, time_part;
     const char* expected;
-  } rows[] = {{"both omitted", Missing{}, Missing{}, "NULL"},
-              {"date and time", date, time_of_day, "'2026-11-15 10:14:16'"},
-              {"date only", date, Missing{}, "'2026-11-15'"},
-              {"time only", Missing{}, time_of_day, "'10:14:16'"},
-              {"a text that is not a date and a valid time", "tomorrow", time_of_day, "'10:14:16'"},
-              {"a date and a time that is none", date, "soon", "'2026-11-15'"},
-              {"neither valid", "x", "y", "NULL"},
-              {"the time of a date part stays out", date_and_time, Missing{}, "'2026-11-15'"},
-              {"the date of a time part stays out", Missing{}, date_and_time, "'10:14:16'"},
-              {"the same value for both", date_and_time, date_and_time, "'2026-11-15 10:14:16'"},
-              {"midnight is a time", date, midnight, "'2026-11-15 00:00:00'"},
-              {"texts", "15/11/2026", "10:14:16", "'2026-11-15 10:14:16'"},
-              {"text with points", "15.11.2026", Missing{}, "'2026-11-15'"},
-              {"text with a time of day", "15/11/2026 10:14:16", Missing{}, "'2026-11-15'"},
-              {"text, year first", "2026-11-15", Missing{}, "'2026-11-15'"},
-              {"impossible day", "31/04/2026", Missing{}, "NULL"},
-              {"two-digit year", "15/11/26", Missing{}, "NULL"},
-              {"Null", Null{}, Null{}, "NULL"},
-              {"Empty", Empty{}, Empty{}, "NULL"},
-              {"empty text", "", "", "NULL"},
-              {"number", 46341, 0.5, "NULL"},
-              {"number in a text", "46341", Missing{}, "NULL"},
-              {"a year of three digits", day(871, 1, 2), Missing{}, "'0871-01-02'"},
-              {"before day zero", day(1871, 1, 7), Missing{}, "'1871-01-07'"}};
+  } rows[] = {
+      {"both omitted", Missing{}, Missing{}, "NULL"},
+      {"date and time", date, time_of_day, "'2026-11-15 10:14:16'"},
+      {"date only", date, Missing{}, "'2026-11-15'"},
+      {"time only", Missing{}, time_of_day, "'10:14:16'"},
+      {"a text that is not a date and a valid time", "tomorrow", time_of_day, "'10:14:16'"},
+      {"a date and a time that is none", date, "soon", "'2026-11-15'"},
+      {"neither valid", "x", "y", "NULL"},
+      {"the time of a date part stays out", date_and_time, Missing{}, "'2026-11-15'"},
+      {"the date of a time part stays out", Missing{}, date_and_time, "'10:14:16'"},
+      {"the same value for both", date_and_time, date_and_time, "'2026-11-15 10:14:16'"},
+      {"midnight is a time", date, midnight, "'2026-11-15 00:00:00'"},
+      {"texts", "15/11/2026", "10:14:16", "'2026-11-15 10:14:16'"},
+      {"text with points", "15.11.2026", Missing{}, "'2026-11-15'"},
+      {"text with a time of day", "15/11/2026 10:14:16", Missing{}, "'2026-11-15'"},
+      {"text, year first", "2026-11-15", Missing{}, "'2026-11-15'"},
+      {"impossible day", "31/04/2026", Missing{}, "NULL"},
+      {"two-digit year", "15/11/26", Missing{}, "NULL"},
+      {"Null", Null{}, Null{}, "NULL"},
+      {"Empty", Empty{}, Empty{}, "NULL"},
+      {"empty text", "", "", "NULL"},
+      {"number", 46341, 0.5, "NULL"},
+      {"number in a text", "46341", Missing{}, "NULL"},
+      {"a year of three digits", day(871, 1, 2), Missing{}, "'0871-01-02'"},
+      {"before day zero", day(1871, 1, 7), Missing{}, "'1871-01-07'"},
+      {"the last fraction of a day", last_moment, Missing{}, "'2026-11-15'"},
+      {"the time of it", Missing{}, last_moment, "'23:59:59'"},
+      {"both", last_moment, last_moment, "'2026-11-15 23:59:59'"},
+      {"the last one of a day before day zero", Date::from_serial(-10584.9999999999), Missing{}, "'1871-01-07'"},
+      {"the first one after a day", Date::from_serial(46341.0000001), Missing{}, "'2026-11-15'"}};
   const LogCapture log;
   for (const auto& row : rows) EXPECT_EQ(sqlDateTime(row.date_part, row.time_part), row.expected) << row.what;
   EXPECT_EQ(log.bytes(), "");

@@ -7,6 +7,7 @@ import decimal
 import enum
 import unittest
 from datetime import date, time
+from random import Random
 from typing import Any
 
 from . import support
@@ -57,7 +58,12 @@ DATES = (
     (moment(1899, 12, 30, 18, 30), _abi.DATE, moment(1899, 12, 30, 18, 30)),
     (moment(100, 1, 1, 23, 59, 59), _abi.DATE, moment(100, 1, 1, 23, 59, 59)),
     (moment(9999, 12, 31, 23, 59, 59), _abi.DATE, moment(9999, 12, 31, 23, 59, 59)),
-    (moment(2026, 8, 21, 12, 34, 56, 789000), _abi.DATE, moment(2026, 8, 21, 12, 34, 56, 789000)),
+    (moment(2026, 8, 21, 12, 34, 56, 789000), _abi.DATE, moment(2026, 8, 21, 12, 34, 56)),
+    (moment.combine(date(2026, 8, 21), time.max), _abi.DATE, moment(2026, 8, 21, 23, 59, 59)),
+    (moment.combine(date(1871, 1, 7), time.max), _abi.DATE, moment(1871, 1, 7, 23, 59, 59)),
+    (moment.combine(date(1899, 12, 29), time.max), _abi.DATE, moment(1899, 12, 29, 23, 59, 59)),
+    (moment(2026, 8, 21, 0, 0, 0, 999999), _abi.DATE, moment(2026, 8, 21)),
+    (time.max, _abi.DATE, moment(1899, 12, 30, 23, 59, 59)),
     (moment(2026, 8, 21, 12, tzinfo=datetime.timezone.utc), _abi.DATE, moment(2026, 8, 21, 12)),
     (date(1871, 1, 7), _abi.DATE, moment(1871, 1, 7)),
     (time(6, 0), _abi.DATE, moment(1899, 12, 30, 6)),
@@ -127,8 +133,15 @@ class Serials(unittest.TestCase):
             self.assertEqual(_dates.to_serial(day), serial)
             self.assertEqual(_dates.from_serial(serial), day)
 
-    def test_the_last_millisecond_belongs_to_the_next_day(self) -> None:
-        self.assertEqual(_dates.from_serial(1.9999999999), moment(1900, 1, 1))
+    def test_any_moment_keeps_its_second(self) -> None:
+        random = Random(12)
+        for _ in range(20_000):
+            day = date.fromordinal(random.randint(date(100, 1, 1).toordinal(), date.max.toordinal()))
+            given = moment.combine(day, time.min) + datetime.timedelta(microseconds=random.randrange(86_400_000_000))
+            self.assertEqual(_dates.from_serial(_dates.to_serial(given)), given.replace(microsecond=0))
+
+    def test_no_fraction_reaches_the_next_day(self) -> None:
+        self.assertEqual(_dates.from_serial(1.9999999999), moment(1899, 12, 31, 23, 59, 59))
 
 
 def through(write: Any, given: Any) -> tuple[Any, int]:

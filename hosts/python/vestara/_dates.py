@@ -1,21 +1,22 @@
 """Automation dates: days since 1899-12-30, the fraction being the time of day. Before that day the whole part counts
-down while the fraction still counts the hours forward (-1.25 is 1899-12-29 06:00)."""
+down while the fraction still counts the hours forward (-1.25 is 1899-12-29 06:00). They hold whole seconds: microseconds
+are cut on the way into the library."""
 
 from __future__ import annotations
 
 import datetime
 
 DAY_ZERO = datetime.date(1899, 12, 30).toordinal()
-MILLISECONDS_PER_DAY = 86_400_000
+SECONDS_PER_DAY = 86_400
 
 
 def from_serial(serial: float) -> datetime.datetime:
-    """The moment, to the nearest millisecond."""
+    """The moment of a date that the library handed out."""
     whole = int(serial)
     day = datetime.datetime.fromordinal(DAY_ZERO + whole)
     if serial == whole:
         return day
-    return day + datetime.timedelta(milliseconds=round(abs(serial - whole) * MILLISECONDS_PER_DAY))
+    return day + datetime.timedelta(seconds=min(round(abs(serial - whole) * SECONDS_PER_DAY), SECONDS_PER_DAY - 1))
 
 
 def to_serial(moment: datetime.date) -> float:
@@ -28,5 +29,4 @@ def to_serial(moment: datetime.date) -> float:
 
 
 def time_fraction(time: datetime.time) -> float:
-    seconds = time.hour * 3600 + time.minute * 60 + time.second + time.microsecond / 1e6
-    return seconds / 86400
+    return (time.hour * 3600 + time.minute * 60 + time.second) / SECONDS_PER_DAY

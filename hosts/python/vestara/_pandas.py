@@ -15,7 +15,7 @@ _ROWS_AT_ONCE = 4096
 _DAY_1970 = 25569  # counted from 1899-12-30
 _DAYS_IN_RANGE = 106_751  # of datetime64[ns], before and after 1970
 _NANOSECONDS_PER_DAY = 86_400_000_000_000
-_MILLISECONDS_PER_DAY = 86_400_000
+_SECONDS_PER_DAY = 86_400
 
 
 def data_frame(rows: Any, names: list[str]) -> pandas.DataFrame:
@@ -92,8 +92,8 @@ def _in_range(serials: Any) -> bool:
 def _moments(serials: Any, missing: Any) -> Any:
     """Before 1899-12-30 the fraction of a serial still counts the hours forward."""
     days = numpy.trunc(serials)
-    milliseconds = numpy.rint(numpy.abs(serials - days) * _MILLISECONDS_PER_DAY).astype(numpy.int64)
-    nanoseconds = (days.astype(numpy.int64) - _DAY_1970) * _NANOSECONDS_PER_DAY + milliseconds * 1_000_000
+    seconds = numpy.rint(numpy.abs(serials - days) * _SECONDS_PER_DAY).astype(numpy.int64)
+    nanoseconds = (days.astype(numpy.int64) - _DAY_1970) * _NANOSECONDS_PER_DAY + seconds * 1_000_000_000
     moments = nanoseconds.view("datetime64[ns]")
     moments[missing] = numpy.datetime64("NaT")
     return moments
