@@ -184,6 +184,7 @@ std::optional<Date> date_in(const Variant& value) {
 }
 
 bool is_numeric(const Variant& value) {
+  if (const auto* object = value.get_if<Ref<Object>>()) return *object && is_numeric(plain_value(*object));
   switch (value.kind()) {
     case VariantKind::empty:
     case VariantKind::boolean:

@@ -8,8 +8,8 @@
 #include "automation/export.h"
 #include "automation/variant.h"
 
-// The platform's conversions in one place. An object stands for the value of its default member. Errors:
-// 6 out of range, 13 not convertible, 91 nothing where a value is needed, 94 Null where a value is needed.
+// The platform's conversions in one place. An object stands for the value of its default member, in tests too. Errors:
+// 6 out of range, 13 not convertible, 91 nothing where a value is needed, 94 Null there, 438 no default member.
 
 namespace automation {
 

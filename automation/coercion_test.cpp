@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "automation/member.h"
@@ -33,6 +35,16 @@ class Bare final : public Object {
 };
 constexpr ClassDescription bare{.library = "Tests", .name = "Bare"};
 const ClassDescription& Bare::description() const { return bare; }
+
+/// Stands for itself.
+class Circle final : public Object {
+ public:
+  Variant Value() { return Variant(Ref<Object>(this)); }
+  const ClassDescription& description() const override;
+};
+constexpr Member circle_members[] = {Rows<Circle>::read_only<&Circle::Value>(0, "Value", "Itself.")};
+constexpr ClassDescription circle{.library = "Tests", .name = "Circle", .members = circle_members};
+const ClassDescription& Circle::description() const { return circle; }
 
 Variant boxed(Variant value) { return make<Box>(std::move(value)); }
 
@@ -112,6 +124,79 @@ TEST(Coercion, HalvesGoToEven) {
     EXPECT_EQ(outcome([&] { return round_to_long(row.value); }), row.long_integer) << row.value;
     EXPECT_EQ(outcome([&] { return to_integer(row.value); }), row.integer) << row.value;
     EXPECT_EQ(outcome([&] { return to_long(row.value); }), row.long_integer) << row.value;
+  }
+}
+
+TEST(Coercion, AnObjectStandsForItsDefaultMembersValueHoweverDeep) {
+  const Date date = testing_support::day(2026, 11, 15);
+  const struct {
+    Variant inner;
+    bool numeric;
+    std::string plain;
+    bool is_date;
+  } rows[] = {{3, true, "Long 3", false},
+              {"12", true, "text 12", false},
+              {"x", false, "text x", false},
+              {Null{}, false, "Null", false},
+              {Empty{}, true, "Empty", false},
+              {Missing{}, false, "Missing", false},
+              {date, false, testing_support::describe(date), true},
+              {"15/11/2026", false, "text 15/11/2026", true}};
+  for (const auto& row : rows) {
+    Variant object = row.inner;
+    for (int32_t depth = 1; depth <= 8; ++depth) {
+      object = boxed(object);
+      SCOPED_TRACE(testing::Message() << row.plain << " at depth " << depth);
+      EXPECT_EQ(testing_support::describe(to_plain(object)), row.plain);
+      EXPECT_EQ(is_numeric(object), row.numeric);
+      EXPECT_EQ(date_in(object).has_value(), row.is_date);
+    }
+    EXPECT_EQ(error_of([&] { to_plain(boxed(object)); }), 13) << "too many steps";
+  }
+}
+
+TEST(Coercion, AnObjectThatStandsForNothingIsAnError) {
+  const struct {
+    Variant object;
+    int32_t plain, text, date, numeric;
+  } rows[] = {{Ref<Object>{}, 91, 91, 0, 0},
+              {boxed(Ref<Object>{}), 91, 91, 91, 91},
+              {make<Bare>(), 438, 438, 438, 438},
+              {boxed(make<Bare>()), 438, 438, 438, 438},
+              {make<Circle>(), 13, 13, 13, 13}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(error_of([&] { to_plain(row.object); }), row.plain);
+    EXPECT_EQ(error_of([&] { to_text(row.object); }), row.text);
+    EXPECT_EQ(error_of([&] { date_in(row.object); }), row.date);
+    EXPECT_EQ(error_of([&] { is_numeric(row.object); }), row.numeric);
+  }
+}
+
+TEST(Coercion, TheEndsOfTheRanges) {
+  const double largest = std::numeric_limits<float>::max();
+  const struct {
+    Variant value;
+    const char *single, *double_precision;
+  } rows[] = {{"1e-400", "Single 0", "Double 0"},
+              {"-1e-400", "Single 0", "Double 0"},
+              {"1e400", "error 6", "error 6"},
+              {"-1e400", "error 6", "error 6"},
+              {"1e39", "error 6", nullptr},
+              {"1e-60", "Single 0", nullptr},
+              {largest, "Single 3.4028234663852886e+38", nullptr},
+              {-largest, "Single -3.4028234663852886e+38", nullptr},
+              {std::nextafter(largest, HUGE_VAL), "error 6", nullptr},
+              {std::nextafter(-largest, -HUGE_VAL), "error 6", nullptr}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::PrintToString(row.value));
+    if (std::string(row.single).rfind("Single", 0) == 0) {
+      EXPECT_EQ(static_cast<double>(to_single(row.value)), std::strtod(row.single + 7, nullptr));
+    } else {
+      EXPECT_EQ(outcome([&] { return to_single(row.value); }), row.single);
+    }
+    if (row.double_precision) {
+      EXPECT_EQ(outcome([&] { return to_double(row.value); }), row.double_precision);
+    }
   }
 }
 

@@ -13,13 +13,14 @@ struct Entry {
 };
 
 // Sorted by number.
-constexpr std::array<Entry, 27> table{{
+constexpr std::array<Entry, 28> table{{
     {5, "Invalid procedure call or argument"},
     {6, "Overflow"},
     {7, "Out of memory"},
     {9, "Subscript out of range"},
     {11, "Division by zero"},
     {13, "Type mismatch"},
+    {28, "Out of stack space"},
     {52, "Bad file name or number"},
     {53, "File not found"},
     {61, "Disk full"},

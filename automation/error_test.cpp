@@ -15,6 +15,7 @@ TEST(RunTimeError, StandardTexts) {
               {9, "Subscript out of range"},
               {11, "Division by zero"},
               {13, "Type mismatch"},
+              {28, "Out of stack space"},
               {52, "Bad file name or number"},
               {53, "File not found"},
               {61, "Disk full"},

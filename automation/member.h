@@ -18,7 +18,9 @@
 #include "automation/variant.h"
 
 // The surface of a class as a table: one constexpr row per member, in interface order. Types, arity and
-// write-back of a row come from the C++ signature; names, optional flags, defaults and help are written in it.
+// write-back of a row come from the C++ signature; names, optional flags, defaults and help are written in it. A
+// parameter that takes a value, a Variant too, gets the plain value of an object: a member never sees the object itself
+// unless its parameter is an object.
 
 namespace automation {
 
@@ -183,7 +185,7 @@ struct TypeOf<Ref<Object>> : PlainType<ValueType::object> {};
 template <class T>
 T convert(const Variant& value) {
   if constexpr (std::is_same_v<T, Variant>)
-    return value;
+    return to_plain(value);
   else if constexpr (std::is_same_v<T, bool>)
     return to_boolean(value);
   else if constexpr (std::is_same_v<T, int16_t>)
@@ -201,6 +203,7 @@ T convert(const Variant& value) {
   else if constexpr (std::is_same_v<T, Array>) {
     if (const auto* array = value.get_if<Array>()) return *array;
     if (value.is_empty()) return {};  // an array that was not dimensioned yet
+    if (value.is_object()) return convert<Array>(to_plain(value));
     throw type_mismatch();
   } else {
     return T::from(value);
@@ -262,12 +265,15 @@ class Argument<const Variant&> {
  public:
   static constexpr bool writes_back = false;
   using Type = TypeOf<Variant>;
-  explicit Argument(Variant& given) : given_(given) {}
-  const Variant& value() { return given_; }
+  explicit Argument(Variant& given) : given_(given) {
+    if (given.is_object()) plain_ = to_plain(given);
+  }
+  const Variant& value() { return given_.is_object() ? plain_ : given_; }
   void write_back() {}
 
  private:
   const Variant& given_;
+  Variant plain_;
 };
 template <>
 class Argument<const std::string&> {

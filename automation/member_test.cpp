@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "automation/call_depth.h"
 #include "tests/support/values.h"
 
 namespace automation {
@@ -273,6 +274,126 @@ TEST_F(MemberTest, InvokeByIdFindsTheRowOfItsKind) {
   EXPECT_EQ(describe(object_.invoke(1, InvokeKind::get, {})), "text third");
   EXPECT_EQ(error_of([&] { object_.invoke(99, InvokeKind::method, {}); }), 438);
   EXPECT_EQ(error_of([&] { object_.invoke(-1, InvokeKind::get, {}); }), 438);
+}
+
+/// Stands for a value.
+class Holder final : public Object {
+ public:
+  explicit Holder(Variant value) : value_(std::move(value)) {}
+  Variant Value() const { return value_; }
+  const ClassDescription& description() const override;
+
+ private:
+  Variant value_;
+};
+constexpr Member holder_members[] = {Rows<Holder>::get<Variant, &Holder::Value>(0, "Value", "What it stands for.")};
+constexpr ClassDescription holder{.library = "Tests", .name = "Holder", .members = holder_members};
+const ClassDescription& Holder::description() const { return holder; }
+
+Variant held(Variant value) { return make<Holder>(std::move(value)); }
+
+TEST_F(MemberTest, AnObjectIsItsValueWhereAValueIsExpected) {
+  const Array two(VariantKind::empty, 0, {1, 2});
+  const struct {
+    const char* member;
+    Values arguments;
+    const char* result;
+  } rows[] = {{"Join", {held("a"), held(3), held(true), held(5)}, "text a|3|yes|Long 5"},
+              {"Join", {"a", 3, true, held(Null{})}, "text a|3|yes|Null"},
+              {"Join", {"a", 3, true, held(Empty{})}, "text a|3|yes|Empty"},
+              {"Join", {"a", 3, true, held(Missing{})}, "text a|3|yes|Missing"},
+              {"Join", {"a", 3, true, held(held("deep"))}, "text a|3|yes|text deep"},
+              {"Join", {"a", 3, true, Ref<Object>{}}, "error 91"},
+              {"Join", {"a", 3, true, held(Ref<Object>{})}, "error 91"},
+              {"Join", {held(Null{}), 3, true, 5}, "error 94"},
+              {"Length", {held(two)}, "Long 2"},
+              {"Length", {held(5)}, "error 13"},
+              {"Halve", {held("2.5")}, "Double 1.25"},
+              {"Tomorrow", {held(testing_support::day(2026, 11, 15))}, "Date 46342"},
+              {"Copy", {held(7)}, "Empty"}};
+  for (const auto& row : rows) EXPECT_EQ(call(row.member, row.arguments), row.result) << row.member;
+  EXPECT_EQ(call("Label"), "text Long 7");
+  EXPECT_EQ(call("Friend", {held(7)}, {}, InvokeKind::putref), "error 13") << "here an object is an object";
+}
+
+TEST_F(MemberTest, AnObjectIsWrittenBackOnlyWhereItsValueChanged) {
+  const Variant five = held(5);
+  const Variant text = held("x");
+  EXPECT_EQ(call("Add", {five, 0}), "Long 5");
+  EXPECT_EQ(given_[0], five);
+  EXPECT_EQ(call("Add", {five, 2}), "Long 7");
+  EXPECT_EQ(describe(given_[0]), "Long 7");
+  EXPECT_EQ(call("Grow", {text, held("grown")}), "Empty");
+  EXPECT_EQ(describe(given_[0]), "text x!");
+  EXPECT_TRUE(given_[1].is_object());
+  EXPECT_EQ(call("Grow", {"x", five}), "Empty");
+  EXPECT_EQ(describe(given_[1]), "text grown");
+  EXPECT_EQ(call("Join", {text, five, five, five}), "text x|5|yes|Long 5");
+  for (const Variant& given : given_) EXPECT_TRUE(given.is_object());
+}
+
+/// A property with both forms of assignment, in the order `First`, then the other.
+template <MemberKind First>
+class BothForms final : public Object {
+ public:
+  void let(const Variant& value) { last_ = "let " + describe(value); }
+  void set(Ref<Sampler> value) { last_ = value ? "set an object" : "set nothing"; }
+  std::string Last() const { return last_; }
+  const ClassDescription& description() const override {
+    using row = Rows<BothForms>;
+    static constexpr Member put = row::template put<const Variant&, &BothForms::let>(1, "It", "Let.");
+    static constexpr Member putref = row::template putref<Ref<Sampler>, &BothForms::set>(1, "It", "Set.");
+    static constexpr Member last = row::template get<std::string, &BothForms::Last>(2, "Last", "What was called.");
+    static constexpr Member rows[] = {First == MemberKind::put ? put : putref, First == MemberKind::put ? putref : put,
+                                      last};
+    static constexpr ClassDescription both{.library = "Tests", .name = "BothForms", .members = rows};
+    return both;
+  }
+
+ private:
+  std::string last_;
+};
+
+template <class Class>
+void expect_both_forms() {
+  Class object;
+  const auto assign = [&](InvokeKind kind, Variant value) {
+    object.call("It", kind, {&value, 1});
+    return object.Last();
+  };
+  EXPECT_EQ(assign(InvokeKind::put, 5), "let Long 5");
+  EXPECT_EQ(assign(InvokeKind::putref, make<Sampler>()), "set an object");
+  EXPECT_EQ(assign(InvokeKind::put, make<Sampler>()), "let text first") << "without Set the default member counts";
+  EXPECT_EQ(assign(InvokeKind::putref, Ref<Object>{}), "set nothing");
+}
+
+TEST(BothForms, TheCallersOwnFormIsTakenWhicheverRowIsFirst) {
+  expect_both_forms<BothForms<MemberKind::put>>();
+  expect_both_forms<BothForms<MemberKind::putref>>();
+}
+
+/// Asks itself again, by name, as deep as it goes.
+class Asking final : public Object {
+ public:
+  int32_t Again() {
+    ++depth;
+    return to_long(call("Again", InvokeKind::method, {}));
+  }
+  const ClassDescription& description() const override;
+  int32_t depth = 0;
+};
+constexpr Member asking_members[] = {Rows<Asking>::method<&Asking::Again>(0, "Again", "Again.")};
+constexpr ClassDescription asking{.library = "Tests", .name = "Asking", .members = asking_members};
+const ClassDescription& Asking::description() const { return asking; }
+
+TEST(CallDepth, CirclesEndInAnErrorAndTheNextCallBeginsAnew) {
+  Asking object;
+  for (int turn = 0; turn < 2; ++turn) {
+    object.depth = 0;
+    EXPECT_EQ(error_of([&] { object.call("Again", InvokeKind::method, {}); }), 28);
+    // A call by name of a class of the library counts twice: as a call, and as that of its row.
+    EXPECT_EQ(object.depth, deepest_call / 2);
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "automation/call_depth.h"
 #include "automation/error.h"
 #include "automation/member.h"
 #include "automation/text.h"
@@ -96,6 +97,7 @@ std::optional<int32_t> Object::id_of(std::string_view member) const {
 
 Variant Object::invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                        std::span<const std::string_view> names) {
+  const CallDepth inside(Caller::host);
   const Member& row = find_row(description(), id, kind);
   const bool in_order =
       names.empty() && arguments.size() == row.parameter_count &&
@@ -117,6 +119,7 @@ Variant Object::invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments
 
 Variant Object::call(std::string_view member, InvokeKind kind, std::span<Variant> arguments,
                      std::span<const std::string_view> names) {
+  const CallDepth inside(Caller::library);
   const auto id = id_of(member);
   if (!id) throw no_such_member();
   return invoke(*id, kind, arguments, names);
@@ -124,6 +127,9 @@ Variant Object::call(std::string_view member, InvokeKind kind, std::span<Variant
 
 Ref<Object> Object::host_object() { return Ref<Object>(this); }
 
-Variant Object::default_value() { return invoke(default_member, InvokeKind::get, {}); }
+Variant Object::default_value() {
+  const CallDepth inside(Caller::library);
+  return invoke(default_member, InvokeKind::get, {});
+}
 
 }  // namespace automation

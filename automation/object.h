@@ -42,7 +42,7 @@ class AUTOMATION_API Object {
   /// Calls a member by id. `arguments` are positional; the last `names.size()` of them are named instead. An
   /// assignment carries its new value last. Members that write back change `arguments` in place. Arguments of a
   /// property that has none go to the default member of the object it returns; error 451 when it returns no object.
-  /// Errors: 438, 448, 449, 450, conversion errors 6, 13, 91, 94, and whatever the member raises.
+  /// Errors: 28 (call_depth.h), 438, 448 to 450, conversion errors 6, 13, 91, 94, and whatever the member raises.
   virtual Variant invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                          std::span<const std::string_view> names = {});
 

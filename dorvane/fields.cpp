@@ -21,6 +21,7 @@ Fields::Fields(Ref<vestara::RecordSet> rows) : rows_(std::move(rows)) {}
 int32_t Fields::Count() const { return rows_->column_count(); }
 
 Ref<Field> Fields::Item(const Variant& index) const {
+  if (index.is_object()) return Item(automation::to_plain(index));
   if (const auto* name = index.get_if<std::string>()) return automation::make<Field>(rows_, rows_->column(*name));
   const Column column{automation::to_long(index)};
   if (column.index < 0 || column.index >= Count()) throw automation::item_not_found();

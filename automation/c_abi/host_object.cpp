@@ -3,6 +3,7 @@
 
 #include "automation/c_abi/convert.h"
 #include "automation/c_abi/failure.h"
+#include "automation/call_depth.h"
 #include "automation/error.h"
 #include "automation/member.h"
 
@@ -32,6 +33,7 @@ class HostObject final : public Object {
 
   Variant invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                  std::span<const std::string_view> names) override {
+    const CallDepth inside(Caller::library);
     Values values(arguments.size() + 1);
     for (size_t i = 0; i < arguments.size(); ++i) to_value(arguments[i], values.at(i));
     std::vector<std::string> texts(names.begin(), names.end());

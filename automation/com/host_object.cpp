@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/call_depth.h"
 #include "automation/com/failure.h"
 #include "automation/com/host_arguments.h"
 #include "automation/com/pointer.h"
@@ -54,6 +55,7 @@ class HostObject final : public Object {
 
   Variant invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                  std::span<const std::string_view> names) override {
+    const CallDepth inside(Caller::library);
     if (!names.empty()) throw RunTimeError(446, "Object doesn't support named arguments");
     try {
       return call(id, kind, arguments, Reference::variant);

@@ -1,5 +1,6 @@
 #include "vestara/archive/archive_text.h"
 
+#include "automation/coercion.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/wheels.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 /// Here, unlike in the searches, the empty text and Empty mean no bound.
 std::string bound_clause(std::string_view prefix, const automation::Variant& bound) {
+  if (bound.is_object()) return bound_clause(prefix, automation::to_plain(bound));
   const auto* text = bound.get_if<std::string>();
   if (bound.is_empty() || (text && text->empty())) return {};
   return date_clause(prefix, bound);

@@ -40,6 +40,7 @@ Sums sums_of(const automation::Array& array, EmptyElements empty) {
 }  // namespace
 
 double standard_deviation(const automation::Variant& numbers, Deviation deviation, EmptyElements empty) {
+  if (numbers.is_object()) return standard_deviation(automation::to_plain(numbers), deviation, empty);
   const auto* array = numbers.get_if<automation::Array>();
   if (!array) throw automation::type_mismatch();
   const Sums sums = sums_of(*array, empty);

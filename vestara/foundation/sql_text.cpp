@@ -77,6 +77,9 @@ std::string literal(const std::optional<Date>& date, const std::optional<Date>& 
 }  // namespace
 
 std::string sqlDateTime(const Variant& date_part, const Variant& time_part) {
+  // Without a value to stand for, an object is the error of the member that got it, not that of a literal.
+  if (date_part.is_object() || time_part.is_object())
+    return sqlDateTime(automation::to_plain(date_part), automation::to_plain(time_part));
   return trapped("mFunctions.sqlDateTime()", std::string(),
                  [&] { return literal(automation::date_in(date_part), automation::date_in(time_part)); });
 }
@@ -133,6 +136,7 @@ std::string where_clause(std::string_view condition) {
 }
 
 std::string date_clause(std::string_view prefix, const Variant& bound) {
+  if (bound.is_object()) return date_clause(prefix, automation::to_plain(bound));
   if (bound.is_missing() || bound.is_null()) return {};
   return std::string(prefix) + sqlDateTime(bound) + ")";
 }

@@ -75,6 +75,12 @@ Array random_series(int32_t count, int32_t least, int32_t most, Repetition repet
 }
 
 void sort_by_number(Variant& array) {
+  if (array.is_object()) {
+    Variant plain = automation::to_plain(array);
+    sort_by_number(plain);
+    array = std::move(plain);
+    return;
+  }
   auto* elements = array.get_if<Array>();
   if (!elements) throw automation::type_mismatch();
   if (elements->bounds().size() != 1) throw automation::subscript_out_of_range();

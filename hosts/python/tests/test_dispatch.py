@@ -3,9 +3,12 @@
 from __future__ import annotations
 
 import copy
+import gc
 import pickle
+import subprocess
+import sys
 import threading
-from datetime import date, datetime
+from datetime import date, datetime, time, timedelta
 from typing import Any
 
 from vestara import ByRef, Dispatch, Empty, Missing, Null, RunTimeError, _calls, connect
@@ -152,6 +155,86 @@ class Members(InFolder):
         self.assertEqual(sorted(found), [0] * 8 + [91] * 8)
 
 
+class Moments(InFolder):
+    """A date argument means its day, whatever its fraction."""
+
+    def test_a_draw_is_removed_on_its_own_day(self) -> None:
+        days = (date(1871, 1, 7), date(1899, 12, 28), date(1899, 12, 30), date(2026, 1, 2))
+        draws = [(1, day + timedelta(days=more), "BA", 1, 2, 3, 4, 5) for day in days for more in (0, 1)]
+        for day in days:
+            for moment in (time.min, time(12, 30, 0, 1), time(23, 59, 59, 499_999), time.max):
+                with self.subTest(day=day, moment=moment):
+                    lotto = lotto_on(connector := archive([(n, str(day), *rest) for n, day, *rest in draws]))
+                    given = datetime.combine(day, moment)
+                    self.assertEqual(lotto.GetEstrazioneDaData(given).NumeroConcorso, 1)
+                    self.assertEqual(lotto.ContaEstrazioniStorico(given, given), 1)
+                    self.assertEqual(len(lotto.LoadLottoEstr("5", 1, "", given, given)), 1)
+                    self.assertTrue(lotto.DelEstrazione(given))
+                    rows = connector.GetRecordset("SELECT dtEstr FROM storico ORDER BY id")
+                    left = [row.dtEstr.date() for row in rows]
+                    self.assertEqual(left, [day_ for _, day_, *_rest in draws if day_ != day])
+
+
+class Finalizers(InFolder):
+    def test_a_circle_that_goes_calls_members_in_any_order(self) -> None:
+        said: list[object] = []
+
+        class Farewell:
+            def __init__(self, lotto: Any) -> None:
+                self.lotto, self.myself = lotto, self
+
+            def __del__(self) -> None:
+                try:
+                    said.append(self.lotto.ContaSortiteTrovate)
+                except RunTimeError as error:
+                    said.append(str(error))
+
+        Farewell(Dispatch("Vestara.cLotto"))
+        gc.collect()
+        self.assertIn(said, ([0], ["the object is null (5)"]))
+
+    def test_the_interpreter_s_end_is_not_a_crash(self) -> None:
+        ends = """
+            h = Farewell(lotto)
+            h = Farewell(lotto); h.myself = h
+            h = Farewell(lotto); h.myself = h; del lotto, h
+            import builtins; builtins.h = Farewell(lotto)
+            lotto.ActiveConnection = Connector(); h = Farewell(lotto); h.myself = h; del lotto
+            h = Farewell(lotto); events = WithEvents(lotto, h); h.events = events
+            h = Farewell(rows); h.myself = h; del rows
+        """
+        for end in filter(None, map(str.strip, ends.splitlines())):
+            with self.subTest(end=end):
+                run = subprocess.run([sys.executable, "-c", FAREWELL + end], capture_output=True, text=True, timeout=100)
+                self.assertEqual((run.returncode, run.stderr), (0, ""))
+
+
+FAREWELL = """
+from vestara import Dispatch, WithEvents, connect
+
+class Farewell:
+    def __init__(self, held): self.held = held
+    def OnLoadingEnd(self): pass
+    def __del__(self):
+        for member in ("GetMaxDateStorico", "LoadLottoEstr", "EOF", "Fields", "MoveNext"):
+            try:
+                getattr(self.held, member)()
+            except Exception:
+                pass
+
+class Connector:
+    ConnectionState = 1
+    def OpenRecordset(self, rows, sql): return False
+    def CloseRecordset(self, rows): pass
+
+archive = connect("sqlite::memory:")
+archive.CreateSchema()
+lotto = Dispatch("Vestara.cLotto")
+lotto.ActiveConnection = archive
+rows = archive.GetRecordset("SELECT * FROM storico")
+"""
+
+
 class Connect(InFolder):
     def test_it_changes_nothing(self) -> None:
         path = self.folder / "archive.sqlite"
@@ -200,7 +283,11 @@ class Reuse(InFolder):
 
     def test_frames_come_back(self) -> None:
         connector = archive()
-        for _ in range(100):
-            connector.GetMaxId("storico", "id")
-            connector.ConnectionState
-        self.assertLess(max(map(len, _calls._free)), 10)
+
+        def free_after(calls: int) -> list[int]:
+            for _ in range(calls):
+                connector.GetMaxId("storico", "id")
+                connector.ConnectionState
+            return list(map(len, _calls._free))
+
+        self.assertEqual(free_after(1), free_after(100))

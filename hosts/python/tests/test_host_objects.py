@@ -5,6 +5,7 @@ from __future__ import annotations
 import gc
 import io
 import sys
+import threading
 import weakref
 from contextlib import redirect_stderr
 from typing import Any
@@ -91,6 +92,43 @@ class Connector(InFolder):
 
         error = self.raises(440, lambda: lotto_on(Shut()))
         self.assertEqual(error.description, "ValueError: shut")
+
+    def test_a_connector_that_asks_its_caller_again_ends_in_an_error(self) -> None:
+        class Circling(RecordingConnector):
+            depth = deepest = 0
+            raised: list[RunTimeError] = []
+
+            def OpenRecordset(self, rs: Any, sql: str) -> bool:
+                self.depth += 1
+                self.deepest = max(self.deepest, self.depth)
+                try:
+                    lotto.GetMaxDateStorico()
+                except RunTimeError as error:
+                    self.raised.append(error)
+                    raise
+                finally:
+                    self.depth -= 1
+                return False
+
+        def ask() -> None:
+            connector.deepest = 0
+            for _ in range(2):
+                self.assertIsNone(lotto.GetMaxDateStorico())
+                self.assertEqual([error.number for error in connector.raised], [28])
+                self.assertIn("Out of stack space", connector.raised.pop().description)
+            self.assertIn(connector.deepest, range(15, 65))
+            done.append(True)
+
+        connector = Circling()
+        lotto = lotto_on(archive())
+        lotto.ActiveConnection = connector
+        done: list[bool] = []
+        connector.raised.clear()
+        ask()
+        thread = threading.Thread(target=ask)
+        thread.start()
+        thread.join()
+        self.assertEqual(done, [True, True])
 
     def test_names_have_no_case(self) -> None:
         class Lower:

@@ -27,6 +27,8 @@ class Dispatched:
         except AttributeError:
             return
         _release(handle)
+        # Finalizers of one circle run in any order, at the interpreter's end too: calls that come later find no object.
+        handle.value = None
 
     def _spelled(self, name: str) -> Any:
         """A member by another spelling; the class remembers each."""
