@@ -3,12 +3,14 @@ archive (by default the one beside the project, when it is there)."""
 
 import contextlib
 import csv
+import functools
 import hashlib
 import io
 import json
 import os
 import pathlib
 import pty
+import resource
 import signal
 import sqlite3
 import subprocess
@@ -23,6 +25,11 @@ REAL_ARCHIVE = pathlib.Path(
     os.environ.get("VESTARA_REAL_ARCHIVE", PROJECT.parent / "shared" / "data" / "estrazioni-lotto.csv"))
 
 OK, NOTHING_FOUND, USAGE, DATABASE, FILE = range(5)
+
+
+def limited_to(size):
+    """Files of the program that is started may not grow beyond so many bytes, as after ulimit -f."""
+    return functools.partial(resource.setrlimit, resource.RLIMIT_FSIZE, (size, size))
 
 
 class CommandLine(unittest.TestCase):
@@ -277,6 +284,19 @@ class Failures(CommandLine):
 
 
 class Options(CommandLine):
+    def test_a_file_that_may_not_grow_is_said(self):
+        good = self.imported().read_bytes()
+        more = self.write("more.txt", self.generated(last="2026-12-31"))
+        self.assertTrue(more.read_bytes().startswith(good))
+        for size in (4096, self.archive.stat().st_size, self.archive.stat().st_size + 65536):
+            with self.subTest(size=size):
+                self.expect(DATABASE, "import", more, preexec_fn=limited_to(size))
+                self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), good)
+        out = self.folder / "out.txt"
+        self.expect(FILE, "export", "--output", out, preexec_fn=limited_to(1000))
+        self.assertFalse(out.exists())
+        self.expect(OK, "import", more)
+
     def test_common_options_stand_before_and_after(self):
         self.imported()
         del self.environment["VESTARA_DB"]
