@@ -50,11 +50,51 @@ std::string attributes(const std::vector<std::string>& parts) { return "[" + joi
 
 std::string help_attribute(std::string_view help) { return "helpstring(" + quoted(help) + ")"; }
 
-std::string_view type_text(ValueType type) {
+/// Writes one library. A class of its own is known by its interface. A class of another library is an object that any
+/// host may bring along, so its name stands for every object.
+class Writer {
+ public:
+  explicit Writer(std::span<const SurfaceClass> classes) : classes_(classes) {}
+
+  std::string body() const;
+
+ private:
+  const ClassDescription* own_class(std::string_view name) const {
+    for (const SurfaceClass& known : classes_)
+      if (known.description->name == name) return known.description;
+    return nullptr;
+  }
+  std::vector<std::string_view> foreign_classes() const;
+  std::string type_text(ValueType type, std::string_view class_name) const;
+  std::string parameter_text(const Parameter& row) const;
+  std::string parameter_list(std::span<const Parameter> rows) const;
+  std::string member_text(const Member& row) const;
+  std::string interface_text(const ClassDescription& surface) const;
+  std::string events_text(const ClassDescription& surface) const;
+
+  std::span<const SurfaceClass> classes_;
+};
+
+std::vector<std::string_view> Writer::foreign_classes() const {
+  std::vector<std::string_view> names;
+  const auto add = [&](std::string_view name) {
+    if (!name.empty() && !own_class(name) && std::find(names.begin(), names.end(), name) == names.end())
+      names.push_back(name);
+  };
+  for (const SurfaceClass& known : classes_)
+    for (const Member& row : known.description->members) {
+      add(row.result_class);
+      for (const Parameter& parameter : row.parameters()) add(parameter.class_name);
+    }
+  return names;
+}
+
+std::string Writer::type_text(ValueType type, std::string_view class_name) const {
   constexpr std::array<std::string_view, 11> names{
       "void", "VARIANT",    "VARIANT_BOOL",      "short", "long", "float", "double", "DATE",
       "BSTR", "IDispatch*", "SAFEARRAY(VARIANT)"};
-  return names.at(static_cast<size_t>(type));
+  if (const ClassDescription* own = own_class(class_name)) return std::string(own->interface_name) + "*";
+  return std::string(class_name.empty() ? names.at(static_cast<size_t>(type)) : class_name);
 }
 
 std::string default_attribute(const Parameter& row) {
@@ -64,28 +104,28 @@ std::string default_attribute(const Parameter& row) {
   return "defaultvalue(" + value + ")";
 }
 
-std::string parameter_text(const Parameter& row) {
+std::string Writer::parameter_text(const Parameter& row) const {
   std::vector<std::string> marks{"in"};
   if (row.writes_back) marks.emplace_back("out");
   const bool variant = row.writes_back || row.type == ValueType::variant;
   if (row.optional || (row.missable && variant)) marks.emplace_back("optional");
   // A VARIANT that is left out says so itself.
   if (const std::string value = default_attribute(row); !value.empty() && !variant) marks.push_back(value);
-  const std::string_view type = row.writes_back ? "VARIANT*" : type_text(row.type);
+  const std::string type = row.writes_back ? "VARIANT*" : type_text(row.type, row.class_name);
   return attributes(marks).append(" ").append(type).append(" ").append(row.name);
 }
 
-std::string parameter_list(std::span<const Parameter> rows) {
+std::string Writer::parameter_list(std::span<const Parameter> rows) const {
   std::vector<std::string> parts;
   for (const Parameter& row : rows) parts.push_back(parameter_text(row));
   return "(" + joined(parts) + ")";
 }
 
-std::string member_text(const Member& row) {
+std::string Writer::member_text(const Member& row) const {
   std::vector<std::string> marks{"id(" + std::to_string(row.id) + ")"};
   if (row.kind != MemberKind::method) marks.push_back("prop" + std::string(automation::kind_name(row.kind)));
   marks.push_back(help_attribute(row.help));
-  return "    " + attributes(marks) + " " + std::string(type_text(row.result)) + " " + std::string(row.name) +
+  return "    " + attributes(marks) + " " + type_text(row.result, row.result_class) + " " + std::string(row.name) +
          parameter_list(row.parameters()) + ";\n";
 }
 
@@ -97,7 +137,7 @@ bool is_walked(const ClassDescription& surface) {
   return named("Item") && named("Count");
 }
 
-std::string interface_text(const ClassDescription& surface) {
+std::string Writer::interface_text(const ClassDescription& surface) const {
   std::string text =
       attributes({uuid_attribute(surface.library, surface.interface_name), help_attribute(surface.help)});
   text.append("\n  dispinterface ").append(surface.interface_name).append(" {\n    properties:\n    methods:\n");
@@ -106,7 +146,7 @@ std::string interface_text(const ClassDescription& surface) {
   return "  " + text + "  };\n";
 }
 
-std::string events_text(const ClassDescription& surface) {
+std::string Writer::events_text(const ClassDescription& surface) const {
   std::string text = attributes({uuid_attribute(surface.library, surface.event_interface), "helpstring(\"Events.\")"});
   text.append("\n  dispinterface ").append(surface.event_interface).append(" {\n    properties:\n    methods:\n");
   for (const automation::Event& row : surface.events)
@@ -127,17 +167,28 @@ std::string class_text(const SurfaceClass& known) {
   return text += "  };\n";
 }
 
+std::string Writer::body() const {
+  std::string text;
+  for (const std::string_view name : foreign_classes())
+    text.append("  [public] typedef IDispatch* ").append(name).append(";\n");
+  // Members may name interfaces that come later.
+  for (const SurfaceClass& known : classes_)
+    text.append("  dispinterface ").append(known.description->interface_name).append(";\n");
+  for (const SurfaceClass& known : classes_) {
+    text += interface_text(*known.description);
+    if (!known.description->event_interface.empty()) text += events_text(*known.description);
+  }
+  for (const SurfaceClass& known : classes_) text += class_text(known);
+  return text;
+}
+
 }  // namespace
 
 std::string idl_text(std::string_view library, std::string_view help, std::span<const SurfaceClass> classes) {
   std::string text(prelude);
   text += attributes({uuid_attribute(library, ""), "version(1.0)", help_attribute(help)});
   text.append("\nlibrary ").append(library).append(" {\n  importlib(\"stdole2.tlb\");\n");
-  for (const SurfaceClass& known : classes) {
-    text += interface_text(*known.description);
-    if (!known.description->event_interface.empty()) text += events_text(*known.description);
-  }
-  for (const SurfaceClass& known : classes) text += class_text(known);
+  text += Writer(classes).body();
   return text += "};\n";
 }
 

@@ -1,17 +1,21 @@
-"""The surface of the libraries equals surface.txt, and docs/reference is what the generator makes of it.
-VESTARA_PROGRAM is the command line of the build."""
+"""The surface of the libraries equals surface.txt, docs/reference is what the generator makes of it, and the interface
+definitions of the COM servers equal interfaces.idl, which leaves out the help that surface.txt has. VESTARA_PROGRAM is
+the command line of the build, VESTARA_IDL_PROGRAM what prints the definitions."""
 
 import difflib
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
 import unittest
 
 PROGRAM = os.environ["VESTARA_PROGRAM"]
+IDL_PROGRAM = os.environ["VESTARA_IDL_PROGRAM"]
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 SURFACE = PROJECT / "tests" / "golden" / "surface.txt"
+INTERFACES = PROJECT / "tests" / "golden" / "interfaces.idl"
 REFERENCE = PROJECT / "docs" / "reference"
 
 
@@ -20,8 +24,22 @@ def difference(kept, made, name):
                                         f"{name} as kept", f"{name} as built"))
 
 
+def interface_definitions():
+    texts = (subprocess.run([IDL_PROGRAM, library], check=True, capture_output=True).stdout.decode()
+             for library in ("Vestara", "Dorvane"))
+    return re.sub(r', helpstring\("(?:[^"\\]|\\.)*"\)', "", "\n".join(texts))
+
+
 class Golden(unittest.TestCase):
     maxDiff = None
+
+    def test_the_interface_definitions(self):
+        made = interface_definitions()
+        kept = INTERFACES.read_text() if INTERFACES.exists() else ""
+        if made != kept:
+            self.fail(f"the interface definitions have changed:\n{difference(kept, made, INTERFACES.name)}\nIf that is "
+                      f"meant, run in the project's folder:\n  VESTARA_PROGRAM={PROGRAM} VESTARA_IDL_PROGRAM="
+                      f"{IDL_PROGRAM} python3 tests/golden/surface_test.py --keep-interfaces")
 
     def test_the_surface(self):
         made = subprocess.run([PROGRAM, "describe", "--all"], check=True, capture_output=True).stdout.decode()
@@ -43,4 +61,6 @@ class Golden(unittest.TestCase):
 
 
 if __name__ == "__main__":
+    if "--keep-interfaces" in sys.argv:
+        sys.exit(INTERFACES.write_text(interface_definitions()) == 0)
     unittest.main(verbosity=2)

@@ -52,6 +52,42 @@ TEST(Types, TheIdsOfTheTypeLibraryAreThoseOfTheCalls) {
   EXPECT_EQ(own, 28);
 }
 
+/// The name of what a member returns: of an interface, or of the class of another library.
+std::string type_of_result(IDispatch* object, const char* member) {
+  const auto info = type_of(object);
+  const DISPID id = id_of(object, member);
+  TYPEATTR* about = nullptr;
+  EXPECT_EQ(info->GetTypeAttr(&about), S_OK);
+  std::string name;
+  for (UINT i = 0; i < about->cFuncs; ++i) {
+    FUNCDESC* function = nullptr;
+    info->GetFuncDesc(i, &function);
+    const TYPEDESC& result = function->elemdescFunc.tdesc;
+    const TYPEDESC& named = result.vt == VT_PTR ? *result.lptdesc : result;
+    Pointer<ITypeInfo> known;
+    if (function->memid == id && function->invkind != INVOKE_PROPERTYPUTREF && named.vt == VT_USERDEFINED &&
+        info->GetRefTypeInfo(named.hreftype, known.put()) == S_OK)
+      name = name_of(known.get());
+    info->ReleaseFuncDesc(function);
+  }
+  info->ReleaseTypeAttr(about);
+  return name;
+}
+
+TEST(Types, ObjectResultsNameTheirClass) {
+  const struct {
+    const char *object, *member, *type;
+  } rows[] = {{"Vestara.cLotto", "Statistiche", "_cStatistiche"},
+              {"Vestara.cLotto", "GetEstrazioneDaData", "_cEstrazione"},
+              {"Vestara.cLotto", "LoadLottoEstr", "Recordset"},
+              {"Vestara.cLotto", "ActiveConnection", "DbConnector"},
+              {"Vestara.cStatistiche", "Distanze", "_cDistanze"},
+              {"Vestara.cStatistiche", "CombinazioniSempliciString", "_Collection"},
+              {"Dorvane.DbConnector", "GetRecordset", "_Recordset"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(type_of_result(create(row.object).get(), row.member), row.type) << row.object << "." << row.member;
+}
+
 TEST(Types, TheEventInterfaceIsTheDefaultSource) {
   const auto lotto = create("Vestara.cLotto");
   const auto provider = Pointer<IProvideClassInfo2>::query(lotto.get());
