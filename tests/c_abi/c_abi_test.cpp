@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "automation/c_abi/automation.h"
 #include "automation/yield.h"
+#include "tests/support/values.h"
 
 // What the example in C does not reach: every kind there and back, arrays, handles after their end, callbacks that
 // misbehave.
@@ -86,6 +88,43 @@ TEST_F(CAbi, EveryKindGoesThereAndBack) {
   }
 }
 
+TEST_F(CAbi, WholeNumbersOfSixteenBitsAreChecked) {
+  const struct {
+    int32_t given;
+    int32_t error;
+  } rows[] = {{32767, 0}, {32768, 6}, {40000, 6}, {-32768, 0}, {-32769, 6}, {2147483647, 6}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.given);
+    au_value argument = number(AU_INTEGER, row.given);
+    Value result;
+    EXPECT_EQ(echo(argument, result), row.error == 0 ? AU_OK : AU_RAISED);
+    if (row.error != 0) {
+      EXPECT_EQ(au_last_error().number, row.error);
+    } else {
+      EXPECT_EQ(result.as.number, row.given);
+    }
+  }
+}
+
+TEST_F(CAbi, FractionsOfASecondAreCut) {
+  constexpr double second = 1.0 / 86400;
+  const struct {
+    double given, kept;
+  } rows[] = {{38392 + 86399.999999 * second, 38392 + 86399 * second},
+              {38392 + 0.9 * second, 38392},
+              {38392 + 43200.5 * second, 38392.5},
+              {0.9 * second, 0},
+              {-10584 - 86399.9 * second, -10584 - 86399 * second},
+              {-1 - 0.9 * second, -1}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.given);
+    au_value argument = real(AU_DATE, row.given);
+    Value result;
+    ASSERT_EQ(echo(argument, result), AU_OK);
+    EXPECT_EQ(result.as.real, row.kept);
+  }
+}
+
 TEST_F(CAbi, TextKeepsItsLengthAndEndsWithNul) {
   const std::string text("a\0b\xc3\xa8", 5);
   Value argument;
@@ -119,6 +158,64 @@ TEST_F(CAbi, ErrorsOfAHostPassThrough) {
   EXPECT_STREQ(au_last_error().description, "the host's object failed without saying why");
   EXPECT_EQ(au_call(object_, "Other", AU_METHOD, nullptr, 0, nullptr), AU_RAISED);
   EXPECT_EQ(au_last_error().number, 438);
+}
+
+TEST_F(CAbi, AHostThatDoesNotSayWhyIsNotHeldToAnEarlierError) {
+  au_value argument = number(AU_LONG, 13);
+  ASSERT_EQ(au_invoke(object_, 5, AU_METHOD, &argument, 1, nullptr, 0, nullptr), AU_RAISED);
+  ASSERT_EQ(au_last_error().number, 1234);
+  ASSERT_EQ(au_invoke(object_, 5, AU_METHOD, nullptr, 0, nullptr, 0, nullptr), AU_RAISED);
+  EXPECT_STREQ(au_last_error().description, "the host's object failed without saying why");
+}
+
+/// A host's object that lets its own last count go while it is called.
+struct Parting {
+  au_object* self = nullptr;
+  bool gone = false;
+  bool gone_inside = false;
+};
+au_status parting_invoke(void* host, int32_t, au_invoke_kind, au_value*, size_t, const char* const*, size_t,
+                         au_value*) {
+  auto& parting = *static_cast<Parting*>(host);
+  au_release(parting.self);
+  parting.gone_inside = parting.gone;
+  return AU_OK;
+}
+
+TEST(CAbiCalls, AnObjectLivesToTheEndOfItsOwnCall) {
+  const au_host_class table{AU_ABI_VERSION, echo_id, parting_invoke,
+                            [](void* host) { static_cast<Parting*>(host)->gone = true; }};
+  Parting parting;
+  ASSERT_EQ(au_create_host_object(&table, &parting, &parting.self), AU_OK);
+  ASSERT_EQ(au_invoke(parting.self, 5, AU_METHOD, nullptr, 0, nullptr, 0, nullptr), AU_OK);
+  EXPECT_FALSE(parting.gone_inside);
+  EXPECT_TRUE(parting.gone);
+}
+
+/// A host's object that answers a call by calling itself, as deep as it goes.
+struct Circle {
+  au_object* self = nullptr;
+  int depth = 0;
+};
+au_status circle_invoke(void* host, int32_t, au_invoke_kind, au_value*, size_t, const char* const*, size_t, au_value*) {
+  auto& circle = *static_cast<Circle*>(host);
+  ++circle.depth;
+  // The error of the deepest call is the error of every call around it.
+  return au_call(circle.self, "Echo", AU_METHOD, nullptr, 0, nullptr);
+}
+
+TEST(CAbiCalls, ACircleEndsInAnError) {
+  const au_host_class table{AU_ABI_VERSION, echo_id, circle_invoke, nullptr};
+  for (int turn = 0; turn < 2; ++turn) {
+    Circle circle;
+    ASSERT_EQ(au_create_host_object(&table, &circle, &circle.self), AU_OK);
+    EXPECT_EQ(au_call(circle.self, "Echo", AU_METHOD, nullptr, 0, nullptr), AU_RAISED);
+    EXPECT_EQ(au_last_error().number, 28);
+    EXPECT_EQ(std::string(au_last_error().description).rfind("Out of stack space: 64 calls", 0), 0U);
+    EXPECT_GE(circle.depth, 64);
+    EXPECT_LE(circle.depth, 72);
+    au_release(circle.self);
+  }
 }
 
 TEST_F(CAbi, ReleasedObjectsAreNoticed) {
@@ -202,9 +299,52 @@ TEST_F(CAbi, ArraysAreReadElementByElementAndInColumns) {
   EXPECT_EQ(au_last_error().number, 7);
 }
 
+TEST_F(CAbi, AStridedWalkStaysInsideTheArray) {
+  Value array;
+  const au_bound ten[] = {{0, 10}};
+  ASSERT_EQ(au_make_array(&array, AU_EMPTY, ten, 1), AU_OK);
+  for (size_t i = 0; i < 10; ++i) {
+    const au_value whole = number(AU_LONG, static_cast<int32_t>(i));
+    ASSERT_EQ(au_array_put(&array, i, &whole), AU_OK);
+  }
+  constexpr size_t huge = SIZE_MAX;
+  const struct {
+    size_t first, stride, count;
+    double last;  ///< the last element of the walk, less than 0 for error 9
+  } rows[] = {{0, 1, 10, 9},    {0, 1, 11, -1},   {0, 3, 4, 9},     {0, 3, 5, -1},       {0, 5, 2, 5},
+              {0, 5, 3, -1},    {0, 9, 2, 9},     {0, 10, 2, -1},   {9, 1, 1, 9},        {9, 1, 2, -1},
+              {10, 1, 1, -1},   {4, 5, 2, 9},     {5, 5, 2, -1},    {0, 0, 1, -1},       {9, huge, 1, 9},
+              {0, huge, 2, -1}, {1, huge, 2, -1}, {0, 1, huge, -1}, {0, huge, huge, -1}, {huge, 1, 1, -1}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.first << " " << row.stride << " " << row.count);
+    const bool inside = row.last >= 0;
+    std::vector<double> numbers(inside ? row.count : 16);
+    std::vector<uint8_t> kinds(numbers.size());
+    std::vector<size_t> lengths(numbers.size());
+    Value joined;
+    EXPECT_EQ(au_array_numbers(&array, row.first, row.stride, row.count, numbers.data(), kinds.data()),
+              inside ? AU_OK : AU_RAISED);
+    if (inside) {
+      EXPECT_EQ(numbers.back(), row.last);
+    } else {
+      EXPECT_EQ(au_last_error().number, 9);
+    }
+    EXPECT_EQ(au_array_texts(&array, row.first, row.stride, row.count, &joined, lengths.data()),
+              inside ? AU_OK : AU_RAISED);
+  }
+  // Nothing asked for is nowhere outside.
+  EXPECT_EQ(au_array_numbers(&array, 100, 0, 0, nullptr, nullptr), AU_OK);
+}
+
 TEST_F(CAbi, TheYieldHookCanBeTakenOut) {
-  au_set_yield_hook([](void*) { return 1; }, nullptr);
+  int calls = 0;
+  const auto error_of_a_yield = [] { return testing_support::error_of([] { automation::yield_to_host(); }); };
+  au_set_yield_hook([](void* count) { return ++*static_cast<int*>(count); }, &calls);
+  EXPECT_EQ(error_of_a_yield(), 18);
+  EXPECT_EQ(calls, 1);
   au_set_yield_hook(nullptr, nullptr);
+  EXPECT_EQ(error_of_a_yield(), 0);
+  EXPECT_EQ(calls, 1);
 }
 
 TEST_F(CAbi, TheYieldHookKeepsItsInterval) {

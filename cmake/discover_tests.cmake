@@ -1,0 +1,12 @@
+# The tests of a GoogleTest program, one by one, each with a limit of time: what hangs fails.
+#   discover_tests(automation_test [TEST_FILTER …] [TEST_LIST …] [PROPERTIES …])
+function(discover_tests program)
+  cmake_parse_arguments(ARG "" "TEST_FILTER;TEST_LIST" "PROPERTIES" ${ARGN})
+  set(which)
+  foreach(option TEST_FILTER TEST_LIST)
+    if(ARG_${option})
+      list(APPEND which ${option} ${ARG_${option}})
+    endif()
+  endforeach()
+  gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 ${which} PROPERTIES TIMEOUT 300 ${ARG_PROPERTIES})
+endfunction()
