@@ -1,7 +1,9 @@
 #include "dorvane/connector.h"
 
 #include <exception>
+#include <new>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "automation/error.h"
@@ -16,6 +18,15 @@ using automation::RunTimeError;
 DbConnector::DbConnector() = default;
 DbConnector::~DbConnector() = default;
 
+namespace {
+
+/// The standard library has no words for its shortage.
+std::string reason_of(const std::exception& error) {
+  return dynamic_cast<const std::bad_alloc*>(&error) ? "there is not enough memory" : error.what();
+}
+
+}  // namespace
+
 /// The one trap of the connector: a failure becomes a result, its reason LastError.
 template <class Result, class Body>
 Result DbConnector::guarded(Result on_failure, Body&& body) {
@@ -23,7 +34,7 @@ Result DbConnector::guarded(Result on_failure, Body&& body) {
     if (!connection_) throw RunTimeError(automation::unspecified_failure, "no archive is open");
     return body();
   } catch (const std::exception& error) {
-    last_error_ = error.what();
+    last_error_ = reason_of(error);
     return on_failure;
   }
 }
@@ -35,7 +46,7 @@ bool DbConnector::Open(const std::string& url) {
     connection_ = open_connection(parse_url(url.empty() ? automation::environment_variable("VESTARA_DB") : url));
     return true;
   } catch (const std::exception& error) {
-    last_error_ = error.what();
+    last_error_ = reason_of(error);
     return false;
   }
 }

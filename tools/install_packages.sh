@@ -2,7 +2,7 @@
 # Installs the Debian packages of one purpose, saying which are missing: tools/install_packages.sh build|check|servers|windows
 set -euo pipefail
 
-build=(g++ cmake ninja-build pkg-config libsqlite3-dev libpq-dev libmariadb-dev libcli11-dev nlohmann-json3-dev libzip-dev)
+build=(g++ cmake ninja-build pkg-config libsqlite3-dev libpq-dev libmariadb-dev libcli11-dev nlohmann-json3-dev libzip-dev zlib1g-dev)
 check=("${build[@]}" git ccache libgtest-dev clang-format clang-tidy python3 zip valgrind
        python3-pandas python3-numpy mypy python3-setuptools python3-wheel python3-pip)
 # The database servers that the tests start, each in a folder of its own. procps ends them, util-linux changes the user.

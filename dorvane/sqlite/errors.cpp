@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <string>
 
 namespace dorvane::sqlite {
@@ -14,8 +15,15 @@ struct Advice {
   std::string_view text;
 };
 
+/// A file that cannot be opened: what the system says about it, where that is known.
+Advice advice_for_opening(int system_error) {
+  if (system_error == EMFILE || system_error == ENFILE)
+    return {67, "; too many files are open, in this process or on this machine (ulimit -n)"};
+  return {76, "; is the folder there, and may this user use it?"};
+}
+
 /// The platform's number for a primary result code, and a hint.
-Advice advice_for(int code) {
+Advice advice_for(int code, int system_error) {
   switch (code) {
     case SQLITE_FULL:
       return {61, "; free some space, nothing was changed"};
@@ -25,7 +33,7 @@ Advice advice_for(int code) {
     case SQLITE_BUSY:
       return {70, "; another program is changing the archive, try again when it is done"};
     case SQLITE_CANTOPEN:
-      return {76, "; is the folder there, and may this user use it?"};
+      return advice_for_opening(system_error);
     case SQLITE_NOMEM:
       return {7, ""};
     case SQLITE_NOTADB:
@@ -41,7 +49,7 @@ Advice advice_for(int code) {
 }  // namespace
 
 automation::RunTimeError last_failure(sqlite3* database, std::string_view statement) {
-  const Advice advice = advice_for(sqlite3_extended_errcode(database) & 0xFF);
+  const Advice advice = advice_for(sqlite3_extended_errcode(database) & 0xFF, sqlite3_system_errno(database));
   std::string text = "sqlite: " + std::string(sqlite3_errmsg(database)) + std::string(advice.text);
   if (!statement.empty()) {
     text.append("; in: ").append(statement.substr(0, shown_statement));

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <exception>
+#include <new>
 #include <variant>
 
 #include "hosts/vestara/command_line.h"
@@ -64,6 +65,9 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
   } catch (const Failure& failure) {
     err << "vestara: " << failure.what() << "\n";
     code = failure.code();
+  } catch (const std::bad_alloc&) {
+    err << "vestara: there is not enough memory for this, nothing was changed; other programs have to end first\n";
+    code = ExitCode::database;
   } catch (const std::exception& error) {
     err << "vestara: the archive cannot be worked on: " << error.what() << "\n";
     code = ExitCode::database;

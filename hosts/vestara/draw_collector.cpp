@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "automation/date.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/wheel_names.h"
 
@@ -20,6 +19,15 @@ std::string contradiction(const DrawRow& row, const DrawRow& earlier, uint32_t e
 
 }  // namespace
 
+void RejectedRows::add(uint32_t line, std::string reason) {
+  ++count_;
+  if (first_.size() == most_named && line >= first_.back().line) return;
+  const auto behind = std::upper_bound(first_.begin(), first_.end(), line,
+                                       [](uint32_t place, const RejectedRow& row) { return place < row.line; });
+  first_.insert(behind, {line, std::move(reason)});
+  if (first_.size() > most_named) first_.pop_back();
+}
+
 void DrawCollector::add(uint32_t line, const RowFields& fields) {
   std::string reason;
   const auto row = reader_.read(fields, reason);
@@ -30,7 +38,7 @@ void DrawCollector::add(uint32_t line, const RowFields& fields) {
 
 void DrawCollector::reject(uint32_t line, std::string reason) {
   ++draws_.read;
-  draws_.rejected.push_back({line, std::move(reason)});
+  draws_.rejected.add(line, std::move(reason));
 }
 
 void DrawCollector::drop_repeated() {
@@ -43,7 +51,7 @@ void DrawCollector::drop_repeated() {
     } else if (same_draw(draws_.rows.back(), row) && draws_.rows.back().contest == row.contest) {
       ++draws_.repeated;
     } else {
-      draws_.rejected.push_back({placed.line, contradiction(row, draws_.rows.back(), first_line)});
+      draws_.rejected.add(placed.line, contradiction(row, draws_.rows.back(), first_line));
     }
   }
 }
@@ -53,25 +61,7 @@ CollectedDraws DrawCollector::finish() {
   std::stable_sort(placed_.begin(), placed_.end(), by_place);
   draws_.rows.reserve(placed_.size());
   drop_repeated();
-  std::stable_sort(draws_.rejected.begin(), draws_.rejected.end(),
-                   [](const RejectedRow& left, const RejectedRow& right) { return left.line < right.line; });
-  number_contests(draws_.rows);
   return std::move(draws_);
-}
-
-void number_contests(std::vector<DrawRow>& rows) {
-  int32_t year = 0;
-  int32_t day = 0;
-  int16_t position = 0;
-  for (DrawRow& row : rows) {
-    if (position == 0 || row.day != day) {
-      const int32_t its_year = automation::civil_from_day(row.day).year;
-      position = static_cast<int16_t>(its_year == year ? position + 1 : 1);
-      year = its_year;
-      day = row.day;
-    }
-    if (row.contest == 0) row.contest = position;
-  }
 }
 
 }  // namespace vestara::host

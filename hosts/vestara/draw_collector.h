@@ -16,16 +16,30 @@ struct RejectedRow {
   std::string reason;
 };
 
-/// The draws of a file: sorted, each date and wheel once, all with a contest number.
-struct CollectedDraws {
-  std::vector<DrawRow> rows;
-  std::vector<RejectedRow> rejected;  ///< by line
-  size_t read = 0;                    ///< rows of the file, whatever became of them
-  size_t repeated = 0;                ///< rows that say again what an earlier one said
+/// Counts such places; keeps the first twenty, so that a file of nothing else takes no memory.
+class RejectedRows {
+ public:
+  void add(uint32_t line, std::string reason);
+
+  bool empty() const { return count_ == 0; }
+  size_t count() const { return count_; }
+  /// By line.
+  const std::vector<RejectedRow>& first() const { return first_; }
+
+ private:
+  size_t count_ = 0;
+  std::vector<RejectedRow> first_;
 };
 
-/// Takes the rows of a file one by one and sees what only the whole shows: repetitions, contradictions, contest
-/// numbers.
+/// The draws of a file: sorted, each date and wheel once. The contest number is 0 where the file has none.
+struct CollectedDraws {
+  std::vector<DrawRow> rows;
+  RejectedRows rejected;
+  size_t read = 0;      ///< rows of the file, whatever became of them
+  size_t repeated = 0;  ///< rows that say again what an earlier one said
+};
+
+/// Takes the rows of a file one by one and sees what only the whole shows: repetitions and contradictions.
 class DrawCollector {
  public:
   void add(uint32_t line, const RowFields& fields);
@@ -45,8 +59,5 @@ class DrawCollector {
   std::vector<Placed> placed_;
   CollectedDraws draws_;
 };
-
-/// Gives the rows without a contest number the position of their date in its calendar year. Rows sorted by date.
-void number_contests(std::vector<DrawRow>& rows);
 
 }  // namespace vestara::host

@@ -1,9 +1,10 @@
 #include "hosts/vestara/draw_file.h"
 
-#include "automation/text.h"
 #include "hosts/vestara/draw_formats.h"
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/foreign_file.h"
 #include "hosts/vestara/shown_text.h"
+#include "hosts/vestara/text_encoding.h"
 
 namespace vestara::host {
 namespace {
@@ -16,15 +17,26 @@ std::string_view first_full_line(std::string_view text) {
   return {};
 }
 
+/// Of the two that tables in CSV have.
+char separator_of(std::string_view line) { return line.find(';') == std::string_view::npos ? ',' : ';'; }
+
 void collect(DrawFormat format, std::string_view text, const std::string& name, DrawCollector& draws) {
   switch (format) {
     case DrawFormat::tsv:
-      return collect_tsv(text, draws);
+      return collect_table(text, {name, '\t'}, draws);
     case DrawFormat::csv:
-      return collect_csv(text, name, draws);
+      return collect_table(text, {name, separator_of(first_full_line(text))}, draws);
     case DrawFormat::update:
       return collect_update(text, draws);
   }
+}
+
+Failure unknown_form(std::string_view text, const std::string& name) {
+  if (const auto kind = foreign_kind(text))
+    return {ExitCode::file, name + " is " + std::string(kind->name) + "; " + std::string(kind->remedy)};
+  return {ExitCode::file, name + " holds no draws: line 1 begins " + shown(first_full_line(text)) +
+                              "; known are rows between tabs, CSV with \",\" or \";\" and with the header "
+                              "date,wheel,n1,n2,n3,n4,n5 or none, and update files"};
 }
 
 }  // namespace
@@ -46,18 +58,16 @@ std::optional<DrawFormat> recognise(std::string_view text) {
   if (line.find('\t') != std::string_view::npos) return DrawFormat::tsv;
   // The other two forms never hold a "#".
   if (text.substr(0, text.find('*')).find('#') != std::string_view::npos) return DrawFormat::update;
-  if (line.find(',') != std::string_view::npos) return DrawFormat::csv;
+  if (line.find_first_of(",;") != std::string_view::npos) return DrawFormat::csv;
   return std::nullopt;
 }
 
 DrawFile parse_draw_file(std::string_view text, const std::string& name) {
-  text = without_mark(text);
+  const auto decoded = from_utf16(text);
+  text = without_mark(decoded ? std::string_view(*decoded) : text);
   if (is_blank_line(text)) throw Failure(ExitCode::file, name + " is empty; a file of draws is needed");
-  const auto format = recognise(text);
-  if (!format)
-    throw Failure(ExitCode::file, name + " holds no draws: line 1 begins " + shown(first_full_line(text)) +
-                                      "; known are rows between tabs, CSV with the header "
-                                      "date,wheel,n1,n2,n3,n4,n5 and update files");
+  const auto format = foreign_kind(text) ? std::nullopt : recognise(text);
+  if (!format) throw unknown_form(text, name);
   DrawCollector draws;
   collect(*format, text, name, draws);
   DrawFile file{*format, draws.finish()};
@@ -68,11 +78,11 @@ DrawFile parse_draw_file(std::string_view text, const std::string& name) {
 void refuse_rejected(const DrawFile& file, const std::string& name) {
   const auto& rejected = file.draws.rejected;
   if (rejected.empty()) return;
-  std::string text = name + " has " + counted(rejected.size(), "row") + " in error, nothing was changed;";
+  std::string text = name + " has " + counted(rejected.count(), "row") + " in error, nothing was changed;";
   text += " a row is a date, a wheel and five different numbers of 1 to 90";
-  for (size_t i = 0; i < std::min(rejected.size(), most_named); ++i)
-    text += "\n  line " + std::to_string(rejected[i].line) + ": " + rejected[i].reason;
-  if (rejected.size() > most_named) text += "\n  and " + std::to_string(rejected.size() - most_named) + " more";
+  for (const RejectedRow& row : rejected.first()) text += "\n  line " + std::to_string(row.line) + ": " + row.reason;
+  if (rejected.count() > rejected.first().size())
+    text += "\n  and " + std::to_string(rejected.count() - rejected.first().size()) + " more";
   throw Failure(ExitCode::file, text);
 }
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "hosts/vestara/draw_file.h"
+#include "hosts/vestara/draw_format.h"
 #include "hosts/vestara/draw_row.h"
 
 namespace vestara::host {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/date.h"
+#include "hosts/vestara/contest_numbers.h"
+#include "hosts/vestara/draw_file.h"
 #include "hosts/vestara/synthetic_draws.h"
 
 namespace vestara::host {
@@ -41,6 +43,12 @@ TEST(DrawFileWriter, WritesEachForm) {
     EXPECT_EQ(written(some_draws(), DrawFileWriter(row.format, row.contest)), row.text);
 }
 
+TEST(DrawFileWriter, DayZeroHasADateFromTheStart) {
+  const std::vector<DrawRow> draws{{0, 1, 1, {1, 2, 3, 4, 5}}, {0, 1, 2, {1, 2, 3, 4, 5}}};
+  EXPECT_EQ(written(draws, DrawFileWriter(DrawFormat::tsv)),
+            "1899/12/30\tBA\t1\t2\t3\t4\t5\n1899/12/30\tCA\t1\t2\t3\t4\t5\n");
+}
+
 TEST(DrawFileWriter, WhatIsWrittenReadsBack) {
   std::vector<DrawRow> draws;
   synthetic_draws(7, automation::day_from_civil(2004, 12, 1), automation::day_from_civil(2005, 7, 31),
@@ -51,7 +59,8 @@ TEST(DrawFileWriter, WhatIsWrittenReadsBack) {
   number_contests(draws);
   for (const DrawFormat format : {DrawFormat::csv, DrawFormat::tsv, DrawFormat::update}) {
     const std::string text = written(draws, DrawFileWriter(format));
-    const DrawFile file = parse_draw_file(text, "x");
+    DrawFile file = parse_draw_file(text, "x");
+    number_contests(file.draws.rows);
     EXPECT_EQ(file.format, format);
     EXPECT_TRUE(file.draws.rejected.empty());
     ASSERT_EQ(file.draws.rows.size(), draws.size());

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "automation/text.h"
-#include "hosts/vestara/failure.h"
+#include "hosts/vestara/draw_columns.h"
 #include "hosts/vestara/shown_text.h"
 
 namespace vestara::host {
@@ -33,15 +34,6 @@ Fields cut(std::string_view row, char separator) {
 
 std::string_view without_trailing(std::string_view text) { return text.substr(0, text.find_last_not_of(white) + 1); }
 
-/// The date, the wheel and the numbers standing one behind the other.
-RowFields fields_from(const Fields& fields, size_t date) {
-  const auto& items = fields.items;
-  return {items[date],
-          items[date + 1],
-          {items[date + 2], items[date + 3], items[date + 4], items[date + 5], items[date + 6]},
-          {}};
-}
-
 std::string wrong_count(size_t found, size_t needed) {
   return counted(found, "field") + " where " + std::to_string(needed) + " are needed";
 }
@@ -52,53 +44,56 @@ std::string_view unquoted(std::string_view field) {
   return quoted ? field.substr(1, field.size() - 2) : field;
 }
 
-/// Where the header puts what.
-struct CsvColumns {
-  std::array<std::optional<size_t>, 7> required;  ///< date, wheel, n1 to n5
-  std::optional<size_t> contest;
-  size_t count = 0;
+/// The fields of a row of a table, without quotes, and without empty ones behind the last.
+Fields cut_table_row(std::string_view line, char separator) {
+  Fields fields = cut(line, separator);
+  for (size_t i = 0; i < std::min(fields.count, most_fields); ++i) fields.items[i] = unquoted(fields.items[i]);
+  while (fields.count > 0 && fields.count <= most_fields && fields.items[fields.count - 1].empty()) --fields.count;
+  return fields;
+}
+
+constexpr size_t usual_count = 7;
+constexpr DrawColumns usual_columns{{0, 1, 2, 3, 4, 5, 6}, std::nullopt, usual_count};
+
+/// What the first row of a table says about all of them.
+struct TableShape {
+  DrawColumns columns;
+  bool has_header = false;
 };
 
-constexpr std::array<std::string_view, 7> required_names{"date", "wheel", "n1", "n2", "n3", "n4", "n5"};
-
-/// The place that a column's name fills; nothing for a name that means nothing here.
-std::optional<size_t>* slot_of(CsvColumns& columns, std::string_view name) {
-  if (automation::equal_ignoring_case(name, "contest")) return &columns.contest;
-  for (size_t i = 0; i < required_names.size(); ++i)
-    if (automation::equal_ignoring_case(name, required_names[i])) return &columns.required[i];
-  return nullptr;
+/// Rows between tabs have the usual columns when nothing else is evident: their errors are named line by line.
+TableShape shape_of(const Fields& first, const DrawTable& table, const std::string& place) {
+  const std::span<const std::string_view> fields(first.items.data(), std::min(first.count, most_fields));
+  if (is_header(fields)) return {columns_of_header(fields, place), true};
+  if (const auto columns = columns_of_row(fields)) return {*columns, false};
+  if (table.separator == '\t') return {usual_columns, false};
+  return {columns_of_header(fields, place), true};
 }
 
-CsvColumns read_header(std::string_view line, uint32_t number, const std::string& name) {
-  const auto refuse = [&](const std::string& what) {
-    return Failure(ExitCode::file, name + ", line " + std::to_string(number) + ": " + what +
-                                       "; the header is date,wheel,n1,n2,n3,n4,n5, with or without contest");
-  };
-  const Fields fields = cut(line, ',');
-  CsvColumns columns;
-  columns.count = fields.count;
-  for (size_t i = 0; i < std::min(fields.count, most_fields); ++i) {
-    const std::string_view column = unquoted(fields.items[i]);
-    auto* slot = slot_of(columns, column);
-    if (!slot) throw refuse("column " + shown(column) + " is unknown");
-    if (*slot) throw refuse("column " + shown(column) + " comes twice");
-    *slot = i;
-  }
-  for (size_t i = 0; i < required_names.size(); ++i)
-    if (!columns.required[i]) throw refuse("column " + shown(required_names[i]) + " is missing");
-  return columns;
+/// An empty contest number at the end counts as a field.
+RowFields row_fields(const DrawColumns& columns, const Fields& fields) {
+  const auto field = [&](size_t place) { return fields.items[place]; };
+  const auto& places = columns.required;
+  RowFields row{field(places[0]), field(places[1]), {}, {}};
+  for (size_t i = 0; i < row.numbers.size(); ++i) row.numbers[i] = field(places[i + 2]);
+  if (columns.contest) row.contest = field(*columns.contest);
+  return row;
 }
 
-RowFields csv_fields(const CsvColumns& columns, const Fields& fields) {
-  const auto field = [&](size_t i) { return unquoted(fields.items[*columns.required[i]]); };
-  return {field(0),
-          field(1),
-          {field(2), field(3), field(4), field(5), field(6)},
-          columns.contest ? unquoted(fields.items[*columns.contest]) : std::string_view()};
+void collect_row(const DrawColumns& columns, const Fields& fields, uint32_t line, DrawCollector& draws) {
+  const bool lacks_contest = columns.contest == columns.count - 1 && fields.count == columns.count - 1;
+  if (fields.count == columns.count || lacks_contest)
+    draws.add(line, row_fields(columns, fields));
+  else
+    draws.reject(line, wrong_count(fields.count, columns.count));
 }
 
+/// A carriage return ends a line alone or before a line feed.
 uint32_t line_breaks(std::string_view text) {
-  return static_cast<uint32_t>(std::count(text.begin(), text.end(), '\n'));
+  uint32_t breaks = 0;
+  for (size_t i = 0; i < text.size(); ++i)
+    if (text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n")) ++breaks;
+  return breaks;
 }
 
 /// Field 0 holds no data, mostly the line break behind the record before.
@@ -107,10 +102,8 @@ void collect_record(std::string_view record, uint32_t line, DrawCollector& draws
   const Fields fields = cut(record, '#');
   line += line_breaks(fields.items[0]);
   if (fields.count < needed) return draws.reject(line, wrong_count(fields.count, needed));
-  RowFields row = fields_from(fields, 2);
-  row.contest = fields.items[1];
-  row.numbers[4] = without_trailing(row.numbers[4]);
-  draws.add(line, row);
+  const auto& items = fields.items;
+  draws.add(line, {items[2], items[3], {items[4], items[5], items[6], items[7], without_trailing(items[8])}, items[1]});
 }
 
 }  // namespace
@@ -121,42 +114,24 @@ std::string_view without_mark(std::string_view text) {
 }
 
 std::string_view take_line(std::string_view& rest) {
-  const size_t end = rest.find('\n');
-  std::string_view line = rest.substr(0, end);
-  rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  const size_t end = rest.find_first_of("\r\n");
+  const std::string_view line = rest.substr(0, end);
+  const size_t break_size = rest.substr(std::min(end, rest.size()), 2) == "\r\n" ? 2 : 1;
+  rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + break_size);
   return line;
 }
 
 bool is_blank_line(std::string_view line) { return line.find_first_not_of(white) == std::string_view::npos; }
 
-void collect_tsv(std::string_view text, DrawCollector& draws) {
-  constexpr size_t needed = 7;
-  for (uint32_t number = 1; !text.empty(); ++number) {
-    const std::string_view line = without_trailing(take_line(text));
-    if (line.empty()) continue;
-    const Fields fields = cut(line, '\t');
-    if (fields.count == needed)
-      draws.add(number, fields_from(fields, 0));
-    else
-      draws.reject(number, wrong_count(fields.count, needed));
-  }
-}
-
-void collect_csv(std::string_view text, const std::string& name, DrawCollector& draws) {
-  std::optional<CsvColumns> columns;
+void collect_table(std::string_view text, const DrawTable& table, DrawCollector& draws) {
+  std::optional<TableShape> shape;
   for (uint32_t number = 1; !text.empty(); ++number) {
     const std::string_view line = take_line(text);
     if (is_blank_line(line)) continue;
-    if (!columns) {
-      columns = read_header(line, number, name);
-      continue;
-    }
-    const Fields fields = cut(line, ',');
-    if (fields.count == columns->count)
-      draws.add(number, csv_fields(*columns, fields));
-    else
-      draws.reject(number, wrong_count(fields.count, columns->count));
+    const Fields fields = cut_table_row(line, table.separator);
+    const bool is_first = !shape;
+    if (is_first) shape = shape_of(fields, table, table.name + ", line " + std::to_string(number));
+    if (!is_first || !shape->has_header) collect_row(shape->columns, fields, number, draws);
   }
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/vestara/draw_file.h"
+#include "hosts/vestara/draw_format.h"
 #include "hosts/vestara/output.h"
 #include "hosts/vestara/terminal.h"
 

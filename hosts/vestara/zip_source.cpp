@@ -2,15 +2,15 @@
 
 #include <zip.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/file_source.h"
 
 namespace vestara::host {
 namespace {
-
-constexpr zip_uint64_t largest = zip_uint64_t{256} << 20;
 
 struct Discard {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -44,11 +44,27 @@ zip_uint64_t only_entry(zip_t* archive, const std::string& name) {
   std::vector<zip_uint64_t> files;
   for (zip_int64_t i = 0; i < zip_get_num_entries(archive, 0); ++i) {
     const char* path = zip_get_name(archive, static_cast<zip_uint64_t>(i), 0);
+    if (path && std::string_view(path) == "[Content_Types].xml")
+      throw Failure(ExitCode::file, name + " is an office document; save its sheet as CSV");
     if (path && !is_hidden(path)) files.push_back(static_cast<zip_uint64_t>(i));
   }
   if (files.empty()) throw unusable(name, "the zip holds no file");
   if (files.size() > 1) throw unusable(name, "the zip holds " + std::to_string(files.size()) + " files");
   return files.front();
+}
+
+/// The size is what the zip says: it may say anything, and memory is taken for what is really there. The checksum is
+/// compared when the end is read.
+std::string all_of(zip_file_t* entry, zip_uint64_t size, const std::string& name) {
+  std::string text;
+  std::array<char, 65536> block{};
+  zip_int64_t count = 0;
+  while ((count = zip_fread(entry, block.data(), block.size())) > 0) {
+    text.append(block.data(), static_cast<size_t>(count));
+    if (text.size() > size) break;
+  }
+  if (count != 0 || text.size() != size) throw unusable(name, "the zip is damaged");
+  return text;
 }
 
 }  // namespace
@@ -64,16 +80,10 @@ std::string only_file_of_zip(std::string_view bytes, const std::string& name) {
   zip_stat_t about;
   zip_stat_init(&about);
   if (zip_stat_index(archive.get(), index, 0, &about) != 0) throw unusable(name, zip_strerror(archive.get()));
-  if (about.size > largest) throw unusable(name, "the file in the zip is larger than 256 MiB");
+  if (about.size > largest_input) throw too_large(name);
   const Entry entry(zip_fopen_index(archive.get(), index, 0));
   if (!entry) throw unusable(name, zip_strerror(archive.get()));
-  std::string text(about.size, '\0');
-  const zip_int64_t count = zip_fread(entry.get(), text.data(), text.size());
-  if (count < 0 || static_cast<zip_uint64_t>(count) != about.size) throw unusable(name, "the zip is damaged");
-  // The checksum is compared when the end is read.
-  char beyond = 0;
-  if (zip_fread(entry.get(), &beyond, 1) != 0) throw unusable(name, "the zip is damaged");
-  return text;
+  return all_of(entry.get(), about.size, name);
 }
 
 }  // namespace vestara::host
