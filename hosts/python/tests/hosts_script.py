@@ -30,8 +30,9 @@ events = WithEvents(lotto, Watcher)
 lotto.DbType = 1
 lotto.FileUpdate = sys.argv[2]
 connector.BeginTrans()
-print("imported", lotto.UpdateTblStorico())
-connector.CommitTrans()
+imported = lotto.UpdateTblStorico()
+connector.CommitTrans() if imported else connector.RollbackTrans()
+print("imported", imported)
 print("draws", lotto.ContaEstrazioniStorico(), "from", lotto.GetMinDateStorico(), "to", lotto.GetMaxDateStorico())
 
 rs = lotto.LoadLottoEstr("5,12,33", 2, bSortASC=True)
