@@ -3,14 +3,12 @@
 #include <string>
 
 #include "automation/date.h"
+#include "hosts/vestara/day_literal.h"
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/shown_text.h"
-#include "vestara/foundation/sql_text.h"
 
 namespace vestara::host {
 namespace {
-
-std::string day_literal(int32_t day) { return sqlDateTime(automation::Date::from_day(day)); }
 
 int32_t count(const ArchiveSession& session, const std::string& what, const std::string& condition) {
   auto rows = session.rows("SELECT count(" + what + ") AS quante FROM storico WHERE " + condition);

@@ -1,82 +1,63 @@
 #include "hosts/vestara/archive_import.h"
 
-#include <algorithm>
-#include <span>
 #include <string>
 
-#include "automation/text.h"
-#include "hosts/vestara/draw_file_writer.h"
 #include "hosts/vestara/failure.h"
-#include "hosts/vestara/import_progress.h"
 #include "hosts/vestara/manual_marks.h"
-#include "hosts/vestara/temporary_file.h"
-#include "vestara/archive/history_text.h"
-#include "vestara/archive/lotto.h"
-#include "vestara/foundation/error_log.h"
-#include "vestara/foundation/schema.h"
+#include "hosts/vestara/removed_rows.h"
+#include "hosts/vestara/table_reader.h"
 
 namespace vestara::host {
 namespace {
 
-std::string update_text(std::span<const DrawRow> rows) {
-  constexpr size_t usual_record = 40;
-  std::string text;
-  text.reserve(rows.size() * usual_record);
-  DrawFileWriter writer(DrawFormat::update);
-  writer.begin(text);
-  for (const DrawRow& row : rows) writer.add(text, row);
-  return text;
-}
-
-/// The library's own import: it empties the archive and writes the whole thousands.
-void import_thousands(const ArchiveSession& session, std::span<const DrawRow> rows, std::ostream& err) {
-  const TemporaryFile file(update_text(rows));
-  cLotto lotto;
-  lotto.ActiveConnection(session.connector());
-  lotto.DbType(static_cast<int16_t>(DatabaseType::many_rows_per_insert));
-  lotto.FileUpdate(file.path());
-  const ImportProgress progress(lotto, err);
-  if (!lotto.UpdateTblStorico()) session.fail("the import did not work, nothing was changed, see " + log_path());
-}
-
-/// What the multi-row import leaves behind the last whole thousand.
-void import_remainder(const ArchiveSession& session, std::span<const DrawRow> rows) {
-  const auto remainder = rows.last(rows.size() % static_cast<size_t>(rows_per_statement));
-  if (remainder.empty()) return;
-  const std::string text = update_text(remainder);
-  std::string tuples;
-  for (const std::string_view record : automation::split(text, '*')) {
-    if (!tuples.empty()) tuples += ',';
-    tuples += history_tuple(parse_history_record(record));
-  }
-  if (!session.connector()->ExecuteSql(history_insert_statement(tuples)))
-    session.fail("the import did not work, nothing was changed");
-}
-
-void require_stored(const ArchiveSession& session, size_t rows) {
-  auto counted = session.rows("SELECT count(*) AS found FROM storico");
-  const auto stored = counted->at_end() ? 0 : counted->whole_number(counted->column("found"));
-  session.connector()->CloseRecordset(counted);
-  if (static_cast<size_t>(stored) == rows) return;
-  throw Failure(ExitCode::database, "the archive took " + std::to_string(stored) + " of " + std::to_string(rows) +
+void require_stored(const ArchiveSession& session, const ImportPlan& plan) {
+  const auto stored = static_cast<size_t>(row_count(session, archive_tables().front()));
+  const size_t needed = plan.held - plan.gone + plan.added;
+  if (stored == needed) return;
+  throw Failure(ExitCode::database, "the archive took " + std::to_string(stored) + " of " + std::to_string(needed) +
                                         " rows, nothing was changed; it must be empty after a DELETE and keep every "
                                         "row");
 }
 
+void carry_out(const ArchiveSession& session, const ImportPlan& plan, const InsertionProgress& progress) {
+  if (plan.action == ImportAction::rewrite) delete_all_draws(session);
+  for (const int32_t day : plan.cleared) delete_draws(session, day);
+  insert_draws(session, plan.stored, progress);
+  require_stored(session, plan);
+}
+
+/// The file of what goes, before it goes.
+std::optional<RemovedRows> backup_of(const ImportPlan& plan, const HeldDraws& held, const ImportRules& rules) {
+  const bool loses_blank = plan.action == ImportAction::rewrite && !held.blank.empty();
+  if (!rules.backup_url || (plan.removed.empty() && !loses_blank)) return std::nullopt;
+  return std::optional<RemovedRows>(std::in_place, removal_place(*rules.backup_url),
+                                    removal_of(plan.removed, loses_blank ? held.blank : std::vector<std::string>()));
+}
+
 }  // namespace
 
-ImportPlan replace_archive(const ArchiveSession& session, const std::vector<DrawRow>& rows, MissingManual missing,
-                           std::ostream& err) {
-  const ManualMarks marks(session);
+ImportPlan plan_for(const ArchiveSession& session, const std::vector<DrawRow>& rows, const ImportRules& rules) {
+  return plan_import(held_draws(session), ManualMarks(session).days(), rows, rules.mode, rules.missing_manual);
+}
+
+ImportOutcome import_draws(const ArchiveSession& session, const std::vector<DrawRow>& rows, const ImportRules& rules,
+                           const InsertionProgress& progress) {
+  ManualMarks marks(session);
   Transaction transaction(session);
-  ImportPlan plan = plan_import(held_draws(session), marks.days(), rows, missing);
-  import_thousands(session, plan.rows, err);
-  import_remainder(session, plan.rows);
-  require_stored(session, plan.rows.size());
-  for (const int32_t day : plan.old_marks)
-    if (!marks.remove(day)) session.fail("the import did not work, nothing was changed");
+  marks.look_again();
+  const HeldDraws held = held_draws(session);
+  ImportOutcome outcome{plan_import(held, marks.days(), rows, rules.mode, rules.missing_manual), {}};
+  const ImportPlan& plan = outcome.plan;
+  if (plan.action == ImportAction::refuse) return outcome;
+  auto backup = backup_of(plan, held, rules);
+  carry_out(session, plan, progress);
+  for (const int32_t day : plan.old_marks) marks.remove(day);
   transaction.commit();
-  return plan;
+  if (backup) {
+    backup->keep();
+    outcome.backup = backup->path();
+  }
+  return outcome;
 }
 
 }  // namespace vestara::host

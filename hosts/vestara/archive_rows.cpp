@@ -48,15 +48,18 @@ class DrawReader {
 
 }  // namespace
 
-size_t read_draws(const ArchiveSession& session, WheelOrder order, const std::function<bool(const DrawRow&)>& take) {
+size_t read_draws(const ArchiveSession& session, WheelOrder order, const std::function<bool(const DrawRow&)>& take,
+                  const std::function<void(RecordSet&)>& pass_over) {
   automation::Ref<RecordSet> rows = session.rows(draws_statement(order));
   DrawReader reader(*rows);
   size_t passed_over = 0;
   for (bool wanted = true; wanted && !rows->at_end(); rows->move_next()) {
-    if (const auto row = reader.read())
+    if (const auto row = reader.read()) {
       wanted = take(*row);
-    else
-      ++passed_over;
+      continue;
+    }
+    ++passed_over;
+    if (pass_over) pass_over(*rows);
   }
   session.connector()->CloseRecordset(rows);
   return passed_over;

@@ -5,6 +5,7 @@
 
 #include "hosts/vestara/archive_session.h"
 #include "hosts/vestara/draw_row.h"
+#include "vestara/foundation/recordset.h"
 
 namespace vestara::host {
 
@@ -12,7 +13,9 @@ namespace vestara::host {
 enum class WheelOrder : bool { by_enumerator, by_code };
 
 /// Hands over the draws of the archive, oldest first, until `take` says false. Returns how many rows were passed
-/// over because they lack a date, a known wheel or one of the five numbers: no draw was held there.
-size_t read_draws(const ArchiveSession& session, WheelOrder order, const std::function<bool(const DrawRow&)>& take);
+/// over because they lack a date, a known wheel or one of the five numbers: no draw was held there. Each of them goes
+/// to `pass_over`.
+size_t read_draws(const ArchiveSession& session, WheelOrder order, const std::function<bool(const DrawRow&)>& take,
+                  const std::function<void(RecordSet&)>& pass_over = {});
 
 }  // namespace vestara::host

@@ -20,7 +20,8 @@ void make_folder(const std::filesystem::path& file) {
 
 }  // namespace
 
-ArchiveSession::ArchiveSession(const std::string& url) : connector_(automation::make<dorvane::DbConnector>()) {
+ArchiveSession::ArchiveSession(const std::string& url)
+    : url_(url), connector_(automation::make<dorvane::DbConnector>()) {
   if (!connector_->Open(url)) fail("the archive cannot be opened");
 }
 

@@ -23,6 +23,8 @@ class ArchiveSession {
   static bool may_exist(const std::string& database);
 
   const automation::Ref<dorvane::DbConnector>& connector() const { return connector_; }
+  /// A second connection to the same archive.
+  ArchiveSession another() const { return ArchiveSession(url_); }
 
   /// The rows of a reading statement.
   automation::Ref<RecordSet> rows(std::string_view statement) const;
@@ -35,6 +37,7 @@ class ArchiveSession {
  private:
   explicit ArchiveSession(const std::string& url);
 
+  std::string url_;
   automation::Ref<dorvane::DbConnector> connector_;
 };
 

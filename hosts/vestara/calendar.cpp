@@ -58,6 +58,8 @@ bool is_draw_day(int32_t day) {
   return false;
 }
 
-bool is_drawn_on(int32_t wheel, int32_t day) { return day >= first_days().at(static_cast<size_t>(wheel - 1)); }
+int32_t first_draw_day(int32_t wheel) { return first_days().at(static_cast<size_t>(wheel - 1)); }
+
+bool is_drawn_on(int32_t wheel, int32_t day) { return day >= first_draw_day(wheel); }
 
 }  // namespace vestara::host

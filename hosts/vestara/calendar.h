@@ -8,6 +8,8 @@ namespace vestara::host {
 
 /// 1871-01-07.
 int32_t first_draw_day();
+/// The first draw of a wheel (1 to 11).
+int32_t first_draw_day(int32_t wheel);
 /// True when the rule of its time puts a draw on that day: Saturdays from the start, Wednesdays too from 1997-03-12,
 /// Tuesdays, Thursdays and Saturdays from 2005-06-21, Fridays too from 2023-07-07.
 bool is_draw_day(int32_t day);

@@ -28,10 +28,10 @@ TEST_F(Cli, ImportsSearchesAndExports) {
   folder_.file("a.csv", three_draws);
   const Outcome import = run("import @/a.csv --db sqlite:@/a.sqlite --format jsonl");
   EXPECT_EQ(import.code, 0) << import.err;
-  EXPECT_EQ(
-      import.out,
-      "{\"kind\":\"summary\",\"result\":\"imported\",\"file_form\":\"csv\",\"read\":3,\"added\":3,\"repeated\":0,"
-      "\"rejected\":0,\"first_date\":\"1871-01-07\",\"last_date\":\"2005-05-04\",\"held_before\":0,\"gone\":0}\n");
+  EXPECT_EQ(import.out,
+            "{\"kind\":\"summary\",\"result\":\"imported\",\"file_form\":\"csv\",\"read\":3,\"added\":3,\"changed\":0,"
+            "\"gone\":0,\"kept\":0,\"repeated\":0,\"rejected\":0,\"first_date\":\"1871-01-07\",\"last_date\":\"2005-05-"
+            "04\",\"held_before\":0,\"backup\":null}\n");
   EXPECT_EQ(import.err, "");
   EXPECT_EQ(archive(), three_draws);
   struct Row {
@@ -109,21 +109,27 @@ TEST_F(Cli, DescribesTheArchive) {
             "RN     Nazionale           1     1  2005-05-04  2005-05-04\n");
 }
 
-TEST_F(Cli, AnImportReplacesAndWarns) {
+TEST_F(Cli, AnImportReplacesWhenItIsToldToAndWarns) {
   folder_.file("a.csv", three_draws);
   folder_.file("b.csv", "date,wheel,n1,n2,n3,n4,n5\n2005-05-04,RN,15,71,1,2,3\n2005-05-07,RN,1,2,3,4,5\n");
   run("import @/a.csv --db sqlite:@/a.sqlite");
-  const std::string warning = "  1871-01-07, the whole draw (1 row)\n  2005-05-04 VE 71 4 5 6 7\n";
-  const Outcome dry = run("import --dry-run @/b.csv --db sqlite:@/a.sqlite --format csv");
+  const std::string lines = "\n  1871-01-07 FI 15 71 18 64 81\n  2005-05-04 VE 71 4 5 6 7\n";
+  for (const char* flag : {"", "--dry-run "}) {
+    const Outcome refused = run("import " + std::string(flag) + "@/b.csv --db sqlite:@/a.sqlite");
+    EXPECT_EQ(refused.code, 4);
+    EXPECT_TRUE(refused.err.ends_with(" takes the file alone" + lines)) << refused.err;
+    EXPECT_EQ(archive(), three_draws);
+  }
+  const Outcome dry = run("import --replace --dry-run @/b.csv --db sqlite:@/a.sqlite --format csv");
   EXPECT_EQ(dry.code, 0);
   EXPECT_NE(dry.out.find("result,\"checked, nothing changed\"\n"), std::string::npos) << dry.out;
-  EXPECT_NE(dry.out.find("added,1\nrepeated,0\nrejected,0\n"), std::string::npos) << dry.out;
-  EXPECT_TRUE(dry.out.ends_with("held_before,3\ngone,2\n\nmanual_date,in_file,result\n")) << dry.out;
-  EXPECT_TRUE(dry.err.ends_with("would go away, the file does not have them\n" + warning)) << dry.err;
+  EXPECT_NE(dry.out.find("added,1\nchanged,0\ngone,2\nkept,0\nrepeated,0\nrejected,0\n"), std::string::npos) << dry.out;
+  EXPECT_TRUE(dry.out.ends_with("held_before,3\nbackup,\n\nmanual_date,in_file,result\n")) << dry.out;
+  EXPECT_TRUE(dry.err.ends_with("would go away, the file does not have them" + lines)) << dry.err;
   EXPECT_EQ(archive(), three_draws);
-  const Outcome import = run("import @/b.csv --db sqlite:@/a.sqlite");
+  const Outcome import = run("import --replace @/b.csv --db sqlite:@/a.sqlite");
   EXPECT_EQ(import.code, 0);
-  EXPECT_TRUE(import.err.ends_with("went away, the file does not have them\n" + warning)) << import.err;
+  EXPECT_TRUE(import.err.ends_with("went away, the file does not have them" + lines)) << import.err;
   EXPECT_EQ(archive(), testing_support::bytes_of(folder_.path() / "b.csv"));
 }
 
@@ -165,9 +171,10 @@ TEST_F(Cli, AnArchiveOfAnotherProgramIsNotTouched) {
   EXPECT_EQ(before.out, "date,contest,wheel,n1,n2,n3,n4,n5\n1999-01-02,,CA,1,2,3,4,5\n");
   EXPECT_EQ(before.err, "vestara: warning: 2 rows without a whole draw left out\n");
   folder_.file("a.csv", three_draws);
-  const Outcome import = run("import @/a.csv --db sqlite:@/a.sqlite --format csv");
+  const Outcome import = run("import --replace @/a.csv --db sqlite:@/a.sqlite --format csv");
   EXPECT_EQ(import.code, 0) << import.err;
-  EXPECT_NE(import.out.find("held_before,3\ngone,3\n"), std::string::npos) << import.out;
+  EXPECT_NE(import.out.find("gone,3\nkept,0\n"), std::string::npos) << import.out;
+  EXPECT_NE(import.out.find("held_before,3\n"), std::string::npos) << import.out;
   EXPECT_EQ(archive(), three_draws);
   dorvane::DbConnector connector;
   ASSERT_TRUE(connector.Open("sqlite:" + folder_.path_to("a.sqlite")));

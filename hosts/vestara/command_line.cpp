@@ -46,6 +46,9 @@ struct Given {
   std::vector<std::string> reads;
   bool dry_run = false;
   bool keep_manual = false;
+  bool add = false;
+  bool no_backup = false;
+  bool yes = false;
   bool replace = false;
   bool ascending = false;
   bool statistics = false;
@@ -59,13 +62,22 @@ struct Given {
 };
 
 void add_import(CLI::App& program, Given& given) {
-  CLI::App& app =
-      add_command(program, "import", "Replace the archive by the draws of a file", "vestara import storico.zip");
+  CLI::App& app = add_command(
+      program, "import", "Bring the draws of a file into the archive",
+      "vestara import storico.zip\n\n"
+      "Without --add or --replace nothing is lost: the import is refused when a row of the archive would go\n"
+      "or change. A file that begins later than the archive and agrees with it on a hundred rows is added\n"
+      "to it. What is removed is kept in a file beside the archive, the last three times: its name ends in\n"
+      ".removed-TIME.csv, and import --add takes it.");
   app.add_option("FILE", given.file, "the operator's text file, CSV or an update file, plain or zipped; - is stdin")
       ->type_name("")
       ->required();
+  app.add_flag("--add", given.add, "keep what the file does not have; a row that differs refuses the import");
+  app.add_flag("--replace", given.replace, "the file takes the archive's place; asks at a terminal");
   app.add_flag("--dry-run", given.dry_run, "check the file and say what would change");
   app.add_flag("--keep-manual", given.keep_manual, "keep the draws entered by hand that the file does not have");
+  app.add_flag("--no-backup", given.no_backup, "do not keep what is removed");
+  app.add_flag("--yes", given.yes, "replace without asking");
 }
 
 void add_generate(CLI::App& program, Given& given) {
@@ -223,6 +235,20 @@ Failure usage_failure(const CLI::App& program, const CLI::ParseError& error) {
   return {ExitCode::usage, std::string(error.what()) + "; see vestara " + name_of(*command) + " --help"};
 }
 
+ImportOptions import_options(const Given& given) {
+  if (given.add && given.replace)
+    throw Failure(ExitCode::usage, "--add and --replace exclude each other; give one of them");
+  ImportOptions options;
+  options.file = given.file;
+  options.dry_run = given.dry_run;
+  if (given.add) options.mode = ImportMode::add;
+  if (given.replace) options.mode = ImportMode::replace;
+  if (given.keep_manual) options.missing_manual = MissingManual::keep;
+  if (given.no_backup) options.backup = Backup::none;
+  if (given.yes) options.consent = Consent::given;
+  return options;
+}
+
 SearchOptions search_options(const Given& given) {
   SearchOptions options = search_question(given.search);
   options.oldest_first = given.ascending;
@@ -284,8 +310,7 @@ RegistrationOptions registration_options(const Given& given) {
 Command command_of(const CLI::App& program, const Given& given, OutputFormat format) {
   const std::string name = program.get_subcommands().front()->get_name();
   const std::string inner = given_command(program)->get_name();
-  if (name == "import")
-    return ImportOptions{given.file, given.dry_run, given.keep_manual ? MissingManual::keep : MissingManual::lose};
+  if (name == "import") return import_options(given);
   if (name == "generate") return generate_options(given);
   if (name == "search") return search_options(given);
   if (name == "distances") return distances_options(given.study, format);

@@ -18,15 +18,25 @@ bool says_yes(std::istream& in) {
   return word == "y" || word == "yes";
 }
 
+bool can_ask(const std::ostream& err) { return is_terminal(err) && ::isatty(STDIN_FILENO) == 1; }
+
+void ask(const std::string& change, std::ostream& err) {
+  err << "vestara: " << change << "? [y/N] " << std::flush;
+  if (!says_yes(std::cin)) throw Failure(ExitCode::usage, "nothing was changed; y or yes does it");
+}
+
 }  // namespace
 
 void require_consent(Consent consent, const std::string& change, std::ostream& err) {
   if (consent == Consent::given) return;
-  if (!is_terminal(err) || ::isatty(STDIN_FILENO) != 1)
+  if (!can_ask(err))
     throw Failure(ExitCode::usage, "there is no terminal to ask whether to " + change +
                                        ", nothing was changed; --yes does it without asking");
-  err << "vestara: " << change << "? [y/N] " << std::flush;
-  if (!says_yes(std::cin)) throw Failure(ExitCode::usage, "nothing was changed; y or yes does it");
+  ask(change, err);
+}
+
+void ask_at_terminal(Consent consent, const std::string& change, std::ostream& err) {
+  if (consent == Consent::ask && can_ask(err)) ask(change, err);
 }
 
 }  // namespace vestara::host

@@ -12,4 +12,7 @@ enum class Consent : bool { ask, given };
 /// rows of 2005-02-09". Failure (usage) when the answer is another one, or when nobody can be asked.
 void require_consent(Consent consent, const std::string& change, std::ostream& err);
 
+/// The same, but where nobody can be asked the command line itself counts as consent.
+void ask_at_terminal(Consent consent, const std::string& change, std::ostream& err);
+
 }  // namespace vestara::host

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "hosts/vestara/command_parts.h"
+#include "hosts/vestara/draw_entry.h"
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/wheel_names.h"
@@ -27,13 +28,19 @@ void add_save(CLI::App& draw, DrawArguments& given) {
       add_command(draw, "save", "Store a draw entered by hand, in place of what the archive holds of its date",
                   "vestara draw save 2026-08-22 --BA 1,2,3,4,5 --CA 6,7,8,9,10 --FI 11,12,13,14,15 \\\n"
                   "    --GE 16,17,18,19,20 --MI 21,22,23,24,25 --NA 26,27,28,29,30 --PA 31,32,33,34,35 \\\n"
-                  "    --RM 36,37,38,39,40 --TO 41,42,43,44,45 --VE 46,47,48,49,50 --RN 51,52,53,54,55");
+                  "    --RM 36,37,38,39,40 --TO 41,42,43,44,45 --VE 46,47,48,49,50 --RN 51,52,53,54,55\n"
+                  "  vestara draw save 1871-01-14 --numbers \"VE 53,31,88,28,77 RM 1,2,3,4,5\" --yes\n\n"
+                  "The wheels are those that there were: eleven since 2005-05-04, ten since 1939-07-08, before that\n"
+                  "eight or seven. With fewer before 2005, and with a date in the future, it asks.");
   add_date(app, given)->required();
   value_option(app, "--contest", given.contest, "N", "contest number; without it, the place of the date in its year");
   for (size_t i = 0; i < given.wheels.size(); ++i)
     value_option(app, wheel_option(i), given.wheels[i], "NUMBERS",
                  std::string(wheel_name(static_cast<int32_t>(i) + 1)) + ": five, in order of extraction");
-  app.add_flag("--yes", given.yes, "replace without asking");
+  value_option(app, "--numbers", given.numbers, "LINE",
+               "instead: five for each wheel, BA first, or wheels each with their five behind them");
+  value_option(app, "--file", given.file, "FILE", "instead: the rows of DATE in a file as for import; - is stdin");
+  app.add_flag("--yes", given.yes, "store and replace without asking");
 }
 
 void add_delete(CLI::App& draw, DrawArguments& given) {
@@ -50,12 +57,12 @@ DrawShowOptions show_options(const DrawArguments& given) {
   return {std::nullopt, whole_value("--back", given.back, 1, std::numeric_limits<int32_t>::max())};
 }
 
-void require_all_wheels(const DrawArguments& given) {
-  std::string missing;
+std::vector<DrawRow> rows_by_option(const DrawArguments& given, int32_t day) {
+  std::vector<DrawRow> rows;
   for (size_t i = 0; i < given.wheels.size(); ++i)
-    if (given.wheels[i].empty()) missing.append(missing.empty() ? "" : ", ").append(wheel_option(i));
-  if (missing.empty()) return;
-  throw Failure(ExitCode::usage, "not given: " + missing + "; a draw is stored with all eleven wheels");
+    if (!given.wheels[i].empty())
+      rows.push_back({day, 0, static_cast<int8_t>(i + 1), drawn_numbers_value(wheel_option(i), given.wheels[i])});
+  return rows;
 }
 
 DrawSaveOptions save_options(const DrawArguments& given) {
@@ -64,10 +71,16 @@ DrawSaveOptions save_options(const DrawArguments& given) {
   if (!given.contest.empty())
     options.contest =
         static_cast<int16_t>(whole_value("--contest", given.contest, 1, std::numeric_limits<int16_t>::max()));
-  require_all_wheels(given);
-  for (size_t i = 0; i < given.wheels.size(); ++i)
-    options.numbers[i] = drawn_numbers_value(wheel_option(i), given.wheels[i]);
   options.consent = given.yes ? Consent::given : Consent::ask;
+  options.rows = rows_by_option(given, options.day);
+  options.file = given.file;
+  if ((options.rows.empty() ? 0 : 1) + (given.numbers.empty() ? 0 : 1) + (given.file.empty() ? 0 : 1) > 1)
+    throw Failure(ExitCode::usage, "numbers are given in two ways; give them by wheel, or --numbers, or --file");
+  if (!given.numbers.empty()) options.rows = read_draw_line(given.numbers, options.day);
+  if (!given.file.empty()) return options;
+  if (options.rows.empty())
+    throw Failure(ExitCode::usage, "no numbers are given; give them by wheel, or --numbers, or --file");
+  require_drawn_wheels(options.rows, options.day);
   return options;
 }
 

@@ -13,6 +13,8 @@ struct DrawArguments {
   std::string date;
   std::string back;
   std::string contest;
+  std::string numbers;
+  std::string file;
   std::array<std::string, 11> wheels;  ///< by enumerator, from 0
   bool yes = false;
 };

@@ -21,8 +21,9 @@ TEST(DrawArguments, AWholeDraw) {
   EXPECT_EQ(shown_day(options.day), "2026-08-22");
   EXPECT_EQ(options.contest, std::nullopt);
   EXPECT_EQ(options.consent, Consent::ask);
-  for (size_t i = 0; i < options.numbers.size(); ++i)
-    EXPECT_EQ(options.numbers[i], (std::array<int8_t, 5>{static_cast<int8_t>(i + 1), 50, 60, 70, 80}));
+  ASSERT_EQ(options.rows.size(), 11U);
+  for (size_t i = 0; i < options.rows.size(); ++i)
+    EXPECT_EQ(options.rows[i].numbers, (std::array<int8_t, 5>{static_cast<int8_t>(i + 1), 50, 60, 70, 80}));
   given.contest = "134";
   given.yes = true;
   const auto more = std::get<DrawSaveOptions>(draw_options("save", given));

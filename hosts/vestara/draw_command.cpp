@@ -1,20 +1,20 @@
 #include <variant>
+#include <vector>
 
+#include "automation/date.h"
 #include "hosts/vestara/archive_counts.h"
 #include "hosts/vestara/commands.h"
+#include "hosts/vestara/draw_entry.h"
+#include "hosts/vestara/draw_insertion.h"
 #include "hosts/vestara/draw_show.h"
 #include "hosts/vestara/manual_marks.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/wheel_names.h"
-#include "vestara/archive/draw_record.h"
 #include "vestara/archive/lotto.h"
-#include "vestara/foundation/error_log.h"
 #include "vestara/foundation/wheels.h"
 
 namespace vestara::host {
 namespace {
-
-using automation::Date;
 
 std::string rows_in_words(int32_t rows, int32_t day) {
   return "the " + counted(static_cast<size_t>(rows), "row") + " of " + shown_day(day);
@@ -28,57 +28,69 @@ void require_wheel_codes(const ArchiveSession& session) {
                    std::to_string(wheel) + ", nothing was changed");
 }
 
-automation::Ref<cEstrazione> record_of(const DrawSaveOptions& options, int16_t contest) {
-  constexpr int32_t first_position = 2;
-  auto draw = automation::make<cEstrazione>();
-  draw->DataEstrazione(Date::from_day(options.day));
-  draw->NumeroConcorso(contest);
-  for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) {
-    int32_t position = first_position;
-    for (const int8_t number : options.numbers.at(static_cast<size_t>(wheel - 1)))
-      draw->AddNumero(wheel, position++, std::to_string(number));
-  }
-  return draw;
-}
+/// What a save finds and does.
+struct Saved {
+  int16_t contest = 0;
+  int32_t replaced = 0;
+};
 
-/// The mark comes first and the draw has a transaction of its own: an end in between leaves a mark without a draw,
-/// never a draw without its mark.
-void store(const ArchiveSession& session, const DrawSaveOptions& options, int16_t contest) {
+/// The rows and the mark together, in place of what the archive holds of the day. `expected`: rows that may be
+/// replaced.
+Saved store(const ArchiveSession& session, const DrawSaveOptions& options, std::vector<DrawRow> rows,
+            int32_t expected) {
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
   require_wheel_codes(session);
   ManualMarks marks(session);
-  NewMark mark(session, marks, options.day);
-  if (!lotto.SalvaEstrazione(record_of(options, contest)))
-    session.fail("the draw could not be saved, nothing was changed, see " + log_path());
-  mark.keep();
+  marks.make_table();
+  Transaction transaction(session);
+  const Saved saved{options.contest ? *options.contest : position_in_year(session, options.day),
+                    rows_of_day(session, options.day)};
+  if (saved.replaced > expected && options.consent == Consent::ask)
+    throw Failure(ExitCode::database, "another program stored " + rows_in_words(saved.replaced, options.day) +
+                                          " meanwhile, nothing was changed; --yes replaces them");
+  for (DrawRow& row : rows) row.contest = saved.contest;
+  delete_draws(session, options.day);
+  insert_draws(session, rows);
+  marks.add(options.day);
+  transaction.commit();
+  return saved;
 }
 
 /// The rows and the mark together. Returns how many rows there were.
 int32_t remove(const ArchiveSession& session, int32_t day) {
-  const ManualMarks marks(session);
-  cLotto lotto;
-  lotto.ActiveConnection(session.connector());
+  ManualMarks marks(session);
   Transaction transaction(session);
+  marks.look_again();
   const int32_t rows = rows_of_day(session, day);
-  if (!lotto.DelEstrazione(Date::from_day(day)) || !marks.remove(day))
-    session.fail("the draw could not be deleted, nothing was changed");
+  delete_draws(session, day);
+  marks.remove(day);
   transaction.commit();
   return rows;
 }
 
+/// What is unusual about a draw is asked before what it replaces.
+void require_usual(const DrawSaveOptions& options, const std::vector<DrawRow>& rows, std::ostream& err) {
+  require_drawn_wheels(rows, options.day);
+  if (const std::string missing = missing_wheels(rows, options.day); !missing.empty())
+    require_consent(options.consent, "store the draw of " + shown_day(options.day) + " without " + missing, err);
+  if (options.day > automation::now().day())
+    require_consent(options.consent, "store a draw of " + shown_day(options.day) + ", which is in the future", err);
+}
+
 Report save(const DrawSaveOptions& options, const Context& context) {
+  const std::vector<DrawRow> rows = rows_to_save(options);
+  require_usual(options, rows, context.err);
   const ArchiveSession session = ArchiveSession::for_change(context.options.database);
-  const int32_t replaced = rows_of_day(session, options.day);
-  if (replaced != 0) require_consent(options.consent, "replace " + rows_in_words(replaced, options.day), context.err);
-  const int16_t contest = options.contest ? *options.contest : position_in_year(session, options.day);
-  store(session, options, contest);
+  const int32_t held = rows_of_day(session, options.day);
+  if (held != 0) require_consent(options.consent, "replace " + rows_in_words(held, options.day), context.err);
+  const Saved saved = store(session, options, rows, held);
   Report report;
-  report.facts = {{"result", replaced == 0 ? "saved" : "replaced"},
+  report.facts = {{"result", saved.replaced == 0 ? "saved" : "replaced"},
                   {"date", shown_day(options.day)},
-                  {"contest", int64_t{contest}},
-                  {"rows", int64_t{wheel_count}},
-                  {"replaced", int64_t{replaced}}};
+                  {"contest", int64_t{saved.contest}},
+                  {"rows", static_cast<int64_t>(rows.size())},
+                  {"replaced", int64_t{saved.replaced}}};
   return report;
 }
 

@@ -1,5 +1,6 @@
 #include "hosts/vestara/foreign_file.h"
 
+#include <algorithm>
 #include <array>
 
 #include "automation/text.h"
@@ -32,7 +33,7 @@ constexpr std::array<Beginning, 8> beginnings{
 std::optional<ForeignKind> foreign_kind(std::string_view bytes) {
   for (const Beginning& beginning : beginnings)
     if (bytes.starts_with(beginning.bytes)) return beginning.kind;
-  const std::string_view text = automation::trim(bytes.substr(0, 256));
+  const std::string_view text = bytes.substr(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
   for (const std::string_view tag : {"<!doctype", "<html", "<?xml", "<head"})
     if (automation::equal_ignoring_case(text.substr(0, tag.size()), tag)) return page;
   return std::nullopt;

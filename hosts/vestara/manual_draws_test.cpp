@@ -4,8 +4,6 @@
 
 #include <sstream>
 
-#include "hosts/vestara/import_plan.h"
-
 namespace vestara::host {
 namespace {
 
@@ -46,29 +44,6 @@ TEST(ManualDraws, BesideAFile) {
        "0 equal, 7 missing, 14 different"}};
   for (const Row& test : cases)
     EXPECT_EQ(in_words(compare_manual(test.marked, test.held, test.rows)), test.found) << test.name;
-}
-
-TEST(ManualDraws, PlansOfAnImport) {
-  const HeldDraws held{{row(0, 1, 1), row(7, 1, 1), row(7, 2, 1), row(14, 1, 1), row(21, 1, 1)}, 0};
-  const std::vector<int32_t> marked{7, 14, 28};
-  const std::vector<DrawRow> file{row(0, 1, 1), row(14, 1, 9), row(28, 1, 1)};
-  struct Row {
-    MissingManual missing;
-    std::vector<int32_t> days;
-    size_t added, gone;
-    std::vector<int32_t> old_marks;
-  };
-  for (const Row& test : {Row{MissingManual::lose, {0, 14, 28}, 2, 4, {7, 14, 28}},
-                          {MissingManual::keep, {0, 7, 7, 14, 28}, 2, 2, {14, 28}}}) {
-    const ImportPlan plan = plan_import(held, marked, file, test.missing);
-    std::vector<int32_t> days;
-    for (const DrawRow& planned : plan.rows) days.push_back(planned.day);
-    EXPECT_EQ(days, test.days);
-    EXPECT_EQ(plan.change.added, test.added);
-    EXPECT_EQ(plan.change.gone_rows(), test.gone);
-    EXPECT_EQ(plan.old_marks, test.old_marks);
-    EXPECT_EQ(in_words(plan.manual), "7 missing, 14 different");
-  }
 }
 
 TEST(ManualDraws, Fates) {

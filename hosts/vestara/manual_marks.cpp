@@ -4,8 +4,7 @@
 #include <string>
 
 #include "automation/coercion.h"
-#include "automation/error.h"
-#include "vestara/foundation/sql_text.h"
+#include "hosts/vestara/day_literal.h"
 
 namespace vestara::host {
 namespace {
@@ -25,8 +24,6 @@ bool has_marks(const ArchiveSession& session) {
   if (!can_read(session, "SELECT dtEstr FROM storico WHERE id<0")) session.fail("the archive cannot be read");
   return false;
 }
-
-std::string day_literal(int32_t day) { return sqlDateTime(automation::Date::from_day(day)); }
 
 }  // namespace
 
@@ -53,34 +50,22 @@ void ManualMarks::make_table() {
   has_table_ = true;
 }
 
-void ManualMarks::add(int32_t day) {
-  make_table();
-  execute("INSERT INTO vestara_manual_draws(dtEstr)VALUES(" + day_literal(day) + ")");
+// On a connection of its own: a statement that fails costs some engines the transaction.
+void ManualMarks::look_again() {
+  if (!has_table_) has_table_ = has_marks(session_.another());
+}
+
+void ManualMarks::add(int32_t day) const {
+  if (!holds(day)) execute("INSERT INTO vestara_manual_draws(dtEstr)VALUES(" + day_literal(day) + ")");
+}
+
+void ManualMarks::remove(int32_t day) const {
+  if (has_table_) execute("DELETE FROM vestara_manual_draws WHERE dtEstr=" + day_literal(day));
 }
 
 void ManualMarks::execute(const std::string& statement) const {
-  if (!session_.connector()->ExecuteSql(statement)) session_.fail("the draw cannot be marked as entered by hand");
-}
-
-bool ManualMarks::remove(int32_t day) const {
-  return !has_table_ ||
-         session_.connector()->ExecuteSql("DELETE FROM vestara_manual_draws WHERE dtEstr=" + day_literal(day));
-}
-
-NewMark::NewMark(const ArchiveSession& session, ManualMarks& marks, int32_t day)
-    : session_(session), marks_(marks), day_(day), is_new_(!marks.holds(day)) {
-  if (is_new_) marks.add(day);
-}
-
-NewMark::~NewMark() {
-  if (!is_new_) return;
-  try {
-    // A refused draw may have left its transaction open: the mark would come back with it.
-    session_.connector()->RollbackTrans();
-    marks_.remove(day_);
-  } catch (const automation::RunTimeError&) {
-    return;  // a mark without a draw means nothing
-  }
+  if (!session_.connector()->ExecuteSql(statement))
+    session_.fail("the draws entered by hand cannot be marked, nothing was changed");
 }
 
 }  // namespace vestara::host

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -13,8 +12,9 @@
 #include "automation/registration.h"
 #include "hosts/vestara/archive_copy.h"
 #include "hosts/vestara/confirmation.h"
-#include "hosts/vestara/draw_file.h"
 #include "hosts/vestara/draw_file_writer.h"
+#include "hosts/vestara/draw_row.h"
+#include "hosts/vestara/import_mode.h"
 #include "hosts/vestara/manual_draws.h"
 #include "hosts/vestara/number_options.h"
 #include "hosts/vestara/option_values.h"
@@ -26,10 +26,16 @@
 
 namespace vestara::host {
 
+/// Whether rows that go are kept in a file.
+enum class Backup : bool { none, file };
+
 struct ImportOptions {
   std::string file;  ///< "-" is standard input
   bool dry_run = false;
+  ImportMode mode = ImportMode::guarded;
   MissingManual missing_manual = MissingManual::lose;
+  Backup backup = Backup::file;
+  Consent consent = Consent::ask;
 };
 
 struct GenerateOptions {
@@ -91,8 +97,9 @@ struct DrawShowOptions {
 };
 struct DrawSaveOptions {
   int32_t day = 0;
-  std::optional<int16_t> contest;                   ///< without it, the place of the day in its year
-  std::array<std::array<int8_t, 5>, 11> numbers{};  ///< by enumerator, from 0
+  std::optional<int16_t> contest;  ///< without it, the place of the day in its year
+  std::vector<DrawRow> rows;       ///< of the wheels that were given; empty with `file`
+  std::string file;                ///< a file of draws; "-" is standard input
   Consent consent = Consent::ask;
 };
 struct DrawDeleteOptions {

@@ -248,12 +248,21 @@ void check_file(const std::string& bytes, Tally& tally) {
   tally.largest = std::max(tally.largest, size);
 }
 
+/// Files of one byte only, plain and packed: nothing but rows in error, or a single one.
+void check_monotonous_files(Tally& tally) {
+  for (const char byte : {'*', '#', '\n', '\r', ',', ';', '\t', '5', '/', ' '}) {
+    const std::string text = "#" + std::string(size_t{1} << 19, byte);
+    for (const std::string& file : {text, zip(text), gzip(text)}) check_file(file, tally);
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const long files = argc > 1 ? std::atol(argv[1]) : 3000;
   Random random(argc > 2 ? static_cast<uint64_t>(std::atoll(argv[2])) : 1);
   Tally tally;
+  check_monotonous_files(tally);
   std::vector<std::string> forms;
   for (long i = 0; i < files; ++i) {
     if (i % 500 == 0) {

@@ -125,10 +125,10 @@ class RoundTrip(CommandLine):
         self.assertEqual(out.read_bytes(), self.generated(1))
         self.assertNotEqual(self.generated(2), self.generated(1))
 
-    def test_an_import_replaces(self):
+    def test_an_import_replaces_when_it_is_told_to(self):
         self.imported(seed=1)
         second = self.write("second.txt", self.generated(2, last="2006-12-23"))
-        change = self.summary("import", second)
+        change = self.summary("import", "--replace", second)
         self.assertGreater(change["gone"], 0)
         self.assertIn(f"warning: {change['gone']} rows of the archive went away", self.errors)
         self.assertIn("more\n", self.errors)
@@ -147,6 +147,7 @@ class Sources(CommandLine):
             archive.writestr("folder/", b"")
             archive.writestr("folder/storico.txt", tsv)
         for name, stdin in (("-", tsv), ("-", packed.getvalue()), (self.write("a.zip", packed.getvalue()), b"")):
+            self.archive.unlink(missing_ok=True)
             self.expect(OK, "import", name, stdin=stdin)
             self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), tsv)
 
@@ -160,7 +161,12 @@ class Sources(CommandLine):
 
         damaged = bytearray(packed(a=self.generated()))
         damaged[200] ^= 0xFF
-        for content, why in ((packed(), "holds no file"), (packed(a="x", b="y"), "holds 2 files"),
+        target = io.BytesIO()
+        with zipfile.ZipFile(target, "w", zipfile.ZIP_STORED) as archive:
+            archive.writestr("a", self.generated())
+        other_bytes = bytearray(target.getvalue())
+        other_bytes[other_bytes.index(b"\t") + 4] ^= 0x01  # a digit: the draws would still be such
+        for content, why in ((bytes(other_bytes), "standard input: "), (packed(), "holds no file"), (packed(a="x", b="y"), "holds 2 files"),
                              (bytes(damaged), "standard input: "), (packed(a=b""), "is empty")):
             self.expect(FILE, "import", "-", stdin=content)
             self.assertIn(why, self.errors)
@@ -181,7 +187,7 @@ class Sources(CommandLine):
         lines = self.generated().splitlines(keepends=True)
         for count in (1, 999, 1000, 1001, 2000, 2001):
             text = b"".join(lines[:count])
-            self.assertEqual(self.summary("import", "-", stdin=text)["read"], count)
+            self.assertEqual(self.summary("import", "--replace", "-", stdin=text)["read"], count)
             self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), text)
 
 
@@ -226,7 +232,7 @@ class Failures(CommandLine):
         for extra in self.folder.glob("archive.sqlite-*"):
             extra.unlink()
         other = self.write("other.txt", self.generated(2))
-        self.expect(DATABASE, "--db", f"sqlite:{self.archive}?mode=ro", "import", other)
+        self.expect(DATABASE, "--db", f"sqlite:{self.archive}?mode=ro", "import", "--replace", other)
         self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), good)
 
     def test_a_database_that_does_not_keep_every_row(self):
@@ -237,7 +243,7 @@ class Failures(CommandLine):
             with contextlib.closing(sqlite3.connect(self.archive)) as database:
                 database.execute("CREATE TRIGGER breaks AFTER INSERT ON storico WHEN NEW.ruota='VE' "
                                  f"AND NEW.dtEstr>'2006-06-01' BEGIN {body}; END")
-            self.expect(DATABASE, "import", other)
+            self.expect(DATABASE, "import", "--replace", other)
             self.assertIn(why, self.errors)
             with contextlib.closing(sqlite3.connect(self.archive)) as database:
                 database.execute("DROP TRIGGER breaks")
@@ -248,7 +254,7 @@ class Failures(CommandLine):
         other = self.write("other.txt", self.generated(2))
         with contextlib.closing(sqlite3.connect(self.archive)) as database:
             database.execute("BEGIN IMMEDIATE")
-            self.expect(DATABASE, "--db", f"sqlite:{self.archive}?timeout=50", "import", other)
+            self.expect(DATABASE, "--db", f"sqlite:{self.archive}?timeout=50", "import", "--replace", other)
             self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), good)
 
     def test_a_dry_run_changes_nothing(self):
@@ -258,9 +264,10 @@ class Failures(CommandLine):
         self.assertFalse(self.archive.exists())
         self.imported(seed=1)
         before = self.archive.read_bytes()
-        second = self.summary("import", "--dry-run", new)
-        self.assertGreater(second["gone"], 0)
-        self.assertIn("would go away", self.errors)
+        second = self.summary("import", "--dry-run", "--replace", new)
+        self.assertEqual((second["gone"], second["added"], second["changed"]), (0, 0, first["read"]))
+        self.expect(FILE, "import", "--dry-run", new)
+        self.assertIn("would change", self.errors)
         self.assertEqual(self.archive.read_bytes(), before)
 
     def test_a_reader_that_leaves_early(self):
@@ -366,7 +373,7 @@ class Options(CommandLine):
             self.assertEqual(b"\033[1m" in shown, code is not None, variables)
 
     def test_progress_is_for_terminals(self):
-        path = self.imported()
+        path = self.write("draws.txt", self.generated())
         shown = self.on_terminal("import", path, stream="stderr")
         self.assertIn(b"\rimport [", shown)
         self.assertTrue(shown.endswith(b"\r\033[K"), shown)
@@ -378,7 +385,7 @@ class Interruption(CommandLine):
     def test_an_interrupted_import_takes_everything_back(self):
         good = self.imported().read_bytes()
         other = self.write("other.txt", self.generated(2, "1950-01-01", "2006-12-31"))
-        with subprocess.Popen([PROGRAM, "import", other], env=self.environment, stdout=subprocess.PIPE,
+        with subprocess.Popen([PROGRAM, "import", "--replace", other], env=self.environment, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL) as process:
             time.sleep(0.05)
             process.send_signal(signal.SIGINT)

@@ -4,6 +4,7 @@ import contextlib
 import datetime
 import json
 import os
+import pathlib
 import pty
 import shutil
 import sqlite3
@@ -11,7 +12,7 @@ import subprocess
 import time
 import unittest
 
-from command_line_test import DATABASE, NOTHING_FOUND, OK, PROGRAM, REAL_ARCHIVE, USAGE, CommandLine
+from command_line_test import DATABASE, FILE, NOTHING_FOUND, OK, PROGRAM, REAL_ARCHIVE, USAGE, CommandLine
 
 WHEELS = ["BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE", "RN"]
 HEADER = "date,wheel,n1,n2,n3,n4,n5\n"
@@ -39,7 +40,7 @@ def wheel_options(first=1, leave_out=()):
 class Draws(CommandLine):
     def setUp(self):
         super().setUp()
-        self.expect(OK, "import", "-", stdin=csv_of(draw_rows("2026-01-03", 1), draw_rows("2026-01-06", 2)).encode())
+        self.expect(OK, "import", "-", stdin=csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2)).encode())
 
     def save(self, date, first=1, *more, code=OK):
         done = self.expect(code, "--format", "json", "draw", "save", date, *wheel_options(first), *more)
@@ -83,69 +84,69 @@ class Draws(CommandLine):
 
 class Show(Draws):
     def test_by_date_and_from_the_end(self):
-        expected = {"date": "2026-01-06", "contest": 2,
+        expected = {"date": "2016-01-06", "contest": 2,
                     "wheels": [dict(zip(["wheel", "n1", "n2", "n3", "n4", "n5"], [name, *numbers(2, wheel)]))
                                for wheel, name in enumerate(WHEELS)]}
-        for words in (["2026-01-06"], ["6/1/2026"], ["--back", 1]):
+        for words in (["2016-01-06"], ["6/1/2016"], ["--back", 1]):
             self.assertEqual(self.summary("draw", "show", *words), expected)
-        self.assertEqual(self.summary("draw", "show", "--back", 2)["date"], "2026-01-03")
-        table = self.expect(OK, "draw", "show", "2026-01-03")
-        self.assertTrue(table.startswith("date     2026-01-03\ncontest  1\n\nwheel  n1  n2  n3  n4  n5\n"
+        self.assertEqual(self.summary("draw", "show", "--back", 2)["date"], "2016-01-03")
+        table = self.expect(OK, "draw", "show", "2016-01-03")
+        self.assertTrue(table.startswith("date     2016-01-03\ncontest  1\n\nwheel  n1  n2  n3  n4  n5\n"
                                          "BA      2  13  24  35  46\n"), table)
         self.assertEqual(len(table.splitlines()), 4 + len(WHEELS))
 
     def test_what_is_not_there(self):
-        for words in (["2026-01-04"], ["--back", 3]):
+        for words in (["2016-01-04"], ["--back", 3]):
             self.assertEqual(self.expect(NOTHING_FOUND, "draw", "show", *words), "")
             self.assertTrue(self.errors.startswith("vestara: the archive "), self.errors)
         self.sql("DELETE FROM storico")
         self.expect(NOTHING_FOUND, "draw", "show", "--back", 1)
 
     def test_only_the_wheels_that_took_part(self):
-        self.expect(OK, "import", "-", stdin=csv_of(draw_rows("1871-01-07", 3, ["FI", "VE"])).encode())
+        self.expect(OK, "import", "--replace", "-", stdin=csv_of(draw_rows("1871-01-07", 3, ["FI", "VE"])).encode())
         self.assertEqual([row["wheel"] for row in self.summary("draw", "show", "1871-01-07")["wheels"]], ["FI", "VE"])
         self.sql("UPDATE storico SET estr1=0,estr2=0,estr3=0,estr4=0,estr5=0 WHERE ruota='FI'")
         self.assertEqual(self.summary("draw", "show", "1871-01-07")["wheels"][0],
                          {"wheel": "FI", "n1": None, "n2": None, "n3": None, "n4": None, "n5": None})
 
     def test_a_draw_that_cannot_be_read(self):
-        self.sql("UPDATE storico SET ruota='XX' WHERE ruota='BA' AND dtEstr='2026-01-06'")
-        self.expect(DATABASE, "draw", "show", "2026-01-06")
+        self.sql("UPDATE storico SET ruota='XX' WHERE ruota='BA' AND dtEstr='2016-01-06'")
+        self.expect(DATABASE, "draw", "show", "2016-01-06")
         self.assertIn("cannot be read, see ", self.errors)
 
 
 class Save(Draws):
     def test_a_new_draw(self):
-        saved = self.save("8/1/2026", 3)
-        self.assertEqual(saved, {"result": "saved", "date": "2026-01-08", "contest": 3, "rows": 11, "replaced": 0})
-        self.assertEqual(self.contents(), csv_of(draw_rows("2026-01-03", 1), draw_rows("2026-01-06", 2),
-                                               draw_rows("2026-01-08", 3)))
-        self.assertEqual(self.marks(), ["2026-01-08"])
-        self.assertEqual(self.summary("draw", "show", "--back", 1)["date"], "2026-01-08")
+        saved = self.save("8/1/2016", 3)
+        self.assertEqual(saved, {"result": "saved", "date": "2016-01-08", "contest": 3, "rows": 11, "replaced": 0})
+        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2),
+                                               draw_rows("2016-01-08", 3)))
+        self.assertEqual(self.marks(), ["2016-01-08"])
+        self.assertEqual(self.summary("draw", "show", "--back", 1)["date"], "2016-01-08")
 
     def test_contest_numbers(self):
-        for date, more, contest in (("2026-01-04", [], 2), ("2026-01-10", [], 4), ("2025-12-30", [], 1),
-                                    ("2027-01-02", [], 1), ("2026-01-13", ["--contest", 32767], 32767)):
+        for date, more, contest in (("2016-01-04", [], 2), ("2016-01-10", [], 4), ("2015-12-30", [], 1),
+                                    ("2017-01-02", [], 1), ("2016-01-13", ["--contest", 32767], 32767)):
             self.assertEqual(self.save(date, 5, *more)["contest"], contest)
             self.assertEqual(self.contest(date), contest)
 
     def test_what_it_replaces(self):
         before = self.contents()
-        self.save("2026-01-06", 7, code=USAGE)
-        self.assertIn("whether to replace the 11 rows of 2026-01-06, nothing was changed; --yes ", self.errors)
+        self.save("2016-01-06", 7, code=USAGE)
+        self.assertIn("whether to replace the 11 rows of 2016-01-06, nothing was changed; --yes ", self.errors)
         self.assertEqual((self.contents(), self.marks()), (before, None))
-        words = ["draw", "save", "2026-01-06", *wheel_options(7)]
+        words = ["draw", "save", "2016-01-06", *wheel_options(7)]
         for answer in ("n\n", "\n", "yess\n", "\x04"):
             code, shown = self.answering(answer, *words)
             self.assertEqual(code, USAGE, shown)
-            self.assertIn("vestara: replace the 11 rows of 2026-01-06? [y/N] ", shown)
+            self.assertIn("vestara: replace the 11 rows of 2016-01-06? [y/N] ", shown)
             self.assertEqual(self.contents(), before)
         self.assertEqual(self.answering("Yes\n", *words)[0], OK)
-        self.assertEqual(self.contents(), csv_of(draw_rows("2026-01-03", 1), draw_rows("2026-01-06", 7)))
-        self.assertEqual(self.contest("2026-01-06"), 2)
-        again = self.save("2026-01-06", 8, "--yes")
+        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 7)))
+        self.assertEqual(self.contest("2016-01-06"), 2)
+        again = self.save("2016-01-06", 8, "--yes")
         self.assertEqual((again["result"], again["replaced"]), ("replaced", 11))
-        self.assertEqual(self.marks(), ["2026-01-06"])
+        self.assertEqual(self.marks(), ["2016-01-06"])
         self.assertEqual(len(self.sql("SELECT 1 FROM storico")), 22)
 
     def test_wrong_draws_change_nothing(self):
@@ -156,31 +157,74 @@ class Save(Draws):
                            ([*wheel_options(), "--VE", "1,2,3,4,91"], "number 91 is not one of 1 to 90; "),
                            ([*wheel_options(), "--TO", "1,2,3,2,5"], "number 2 comes twice; "),
                            ([*wheel_options(), "--contest", "0"], "--contest \"0\" cannot be; ")):
-            self.expect(USAGE, "draw", "save", "2026-01-06", "--yes", *words)
+            self.expect(USAGE, "draw", "save", "2016-01-06", "--yes", *words)
             self.assertIn(why, self.errors)
         self.assertEqual((self.contents(), self.marks()), (before, None))
 
     def test_a_refused_draw_takes_its_mark_back(self):
-        self.save("2026-01-10", 3)
+        self.save("2016-01-10", 3)
         before = self.contents()
         self.sql("CREATE TRIGGER breaks BEFORE INSERT ON storico WHEN NEW.ruota='VE' "
                  "BEGIN SELECT raise(ABORT,'no Venice today'); END")
-        for date in ("2026-01-08", "2026-01-06", "2026-01-10"):
+        for date in ("2016-01-08", "2016-01-06", "2016-01-10"):
             self.save(date, 4, "--yes", code=DATABASE)
-            self.assertIn("could not be saved, nothing was changed, see ", self.errors)
+            self.assertIn("the archive refuses the draws, nothing was changed: ", self.errors)
             self.assertIn("no Venice today", self.errors)
-            self.assertEqual((self.contents(), self.marks()), (before, ["2026-01-10"]))
+            self.assertEqual((self.contents(), self.marks()), (before, ["2016-01-10"]))
         self.sql("DROP TRIGGER breaks")
         self.sql("CREATE TRIGGER breaks BEFORE DELETE ON storico BEGIN SELECT raise(ABORT,'nothing goes'); END")
-        self.save("2026-01-06", 4, "--yes", code=DATABASE)
-        self.assertEqual((self.contents(), self.marks()), (before, ["2026-01-10"]))
+        self.save("2016-01-06", 4, "--yes", code=DATABASE)
+        self.assertEqual((self.contents(), self.marks()), (before, ["2016-01-10"]))
+
+    def test_the_wheels_that_there_were(self):
+        for date, leave_out, yes, code in (("2005-04-30", ["RN"], [], OK), ("1939-01-07", ["RN", "CA", "GE"], [], OK),
+                                           ("1944-05-06", ["RN", "VE", "TO"], ["--yes"], OK),
+                                           ("1944-05-13", ["RN", "VE"], [], USAGE), ("2005-04-30", [], [], USAGE)):
+            before = self.contents()
+            self.expect(code, "draw", "save", date, *wheel_options(5, leave_out), *yes)
+            if not leave_out:
+                self.assertIn("--RN does not go with 2005-04-30; its first draw was on 2005-05-04", self.errors)
+            wheels = [name for name in WHEELS if name not in leave_out]
+            expected = sorted([*before.splitlines(), *draw_rows(date, 5, wheels)]) if code == OK else None
+            self.assertEqual(sorted(self.contents().splitlines()), expected or sorted(before.splitlines()))
+        self.expect(USAGE, "draw", "save", "1944-05-13", *wheel_options(5, ["RN", "VE"]))
+        self.assertIn("store the draw of 1944-05-13 without VE, nothing was changed; --yes ", self.errors)
+
+    def test_numbers_as_a_line_or_a_file(self):
+        line = " ".join(str(number) for wheel in range(11) for number in numbers(3, wheel))
+        by_wheel = ";".join(f"{name} " + ",".join(map(str, numbers(4, wheel))) for wheel, name in enumerate(WHEELS))
+        self.expect(OK, "draw", "save", "2016-01-08", "--numbers", line)
+        self.expect(OK, "draw", "save", "2016-01-10", "--numbers", by_wheel)
+        file = self.write("draws.csv", csv_of(draw_rows("2016-01-13", 5), draw_rows("2016-01-15", 6)))
+        self.expect(OK, "draw", "save", "2016-01-13", "--file", file)
+        self.expect(OK, "draw", "save", "2016-01-15", "--file", "-", stdin=file.read_bytes())
+        self.assertEqual(self.contents(), csv_of(*(draw_rows(f"2016-01-{day:02}", first) for day, first in
+                                                   ((3, 1), (6, 2), (8, 3), (10, 4), (13, 5), (15, 6)))))
+        self.assertEqual(len(self.marks()), 4)
+        for words, code, why in ((["--file", file, "--numbers", line], USAGE, "numbers are given in two ways; "),
+                                 ([*wheel_options(), "--numbers", line], USAGE, "numbers are given in two ways; "),
+                                 ([], USAGE, "no numbers are given; "),
+                                 (["--numbers", "53,31,88,28,77"], USAGE, "these are 5 numbers; "),
+                                 (["--file", file], FILE, "has no draw of 2016-01-20; its dates are 2016-01-13 to 2016-01-15")):
+            self.expect(code, "draw", "save", "2016-01-20", *words)
+            self.assertIn(why, self.errors)
+
+    def test_a_date_in_the_future_asks(self):
+        date = (datetime.date.today() + datetime.timedelta(days=2)).isoformat()
+        words = ["draw", "save", date, *wheel_options(7)]
+        self.expect(USAGE, *words)
+        self.assertIn(f"store a draw of {date}, which is in the future, nothing was changed; --yes ", self.errors)
+        self.assertEqual(self.answering("n\n", *words)[0], USAGE)
+        self.assertEqual(len(self.sql("SELECT 1 FROM storico")), 22)
+        self.assertEqual(self.answering("y\n", *words)[0], OK)
+        self.assertEqual(self.save(date, 8, "--yes")["replaced"], 11)
 
     def test_archives_that_take_no_draw(self):
         missing = self.folder / "missing.sqlite"
-        self.expect(DATABASE, "--db", f"sqlite:{missing}", "draw", "save", "2026-01-08", *wheel_options())
+        self.expect(DATABASE, "--db", f"sqlite:{missing}", "draw", "save", "2016-01-08", *wheel_options())
         self.assertFalse(missing.exists())
         self.sql("DELETE FROM ruote WHERE ruotaAlias='TO'")
-        self.save("2026-01-08", 3, code=DATABASE)
+        self.save("2016-01-08", 3, code=DATABASE)
         self.assertIn("does not have TO as number 9, nothing was changed", self.errors)
         self.assertEqual((len(self.sql("SELECT 1 FROM storico")), self.marks()), (22, None))
 
@@ -188,100 +232,120 @@ class Save(Draws):
 class Delete(Draws):
     def test_it_asks(self):
         before = self.contents()
-        self.expect(USAGE, "draw", "delete", "2026-01-06")
-        self.assertIn("no terminal to ask whether to delete the 11 rows of 2026-01-06, nothing was changed; --yes ",
+        self.expect(USAGE, "draw", "delete", "2016-01-06")
+        self.assertIn("no terminal to ask whether to delete the 11 rows of 2016-01-06, nothing was changed; --yes ",
                       self.errors)
-        self.assertEqual(self.answering("no\n", "draw", "delete", "2026-01-06")[0], USAGE)
+        self.assertEqual(self.answering("no\n", "draw", "delete", "2016-01-06")[0], USAGE)
         self.assertEqual(self.contents(), before)
-        code, shown = self.answering("y\n", "draw", "delete", "2026-01-06")
+        code, shown = self.answering("y\n", "draw", "delete", "2016-01-06")
         self.assertEqual(code, OK, shown)
-        self.assertEqual(self.contents(), csv_of(draw_rows("2026-01-03", 1)))
-        self.expect(NOTHING_FOUND, "draw", "delete", "2026-01-06", "--yes")
+        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-03", 1)))
+        self.expect(NOTHING_FOUND, "draw", "delete", "2016-01-06", "--yes")
 
     def test_it_takes_the_mark_along(self):
-        self.save("2026-01-08", 3)
-        self.save("2026-01-10", 4)
-        self.assertEqual(self.summary("draw", "delete", "8/1/2026", "--yes"),
-                         {"result": "deleted", "date": "2026-01-08", "rows": 11})
-        self.assertEqual(self.marks(), ["2026-01-10"])
+        self.save("2016-01-08", 3)
+        self.save("2016-01-10", 4)
+        self.assertEqual(self.summary("draw", "delete", "8/1/2016", "--yes"),
+                         {"result": "deleted", "date": "2016-01-08", "rows": 11})
+        self.assertEqual(self.marks(), ["2016-01-10"])
         self.sql("CREATE TRIGGER breaks BEFORE DELETE ON vestara_manual_draws "
                  "BEGIN SELECT raise(ABORT,'nothing goes'); END")
         before = self.contents()
-        self.expect(DATABASE, "draw", "delete", "2026-01-10", "--yes")
-        self.assertIn("could not be deleted, nothing was changed: sqlite: nothing goes", self.errors)
-        self.assertEqual((self.contents(), self.marks()), (before, ["2026-01-10"]))
+        self.expect(DATABASE, "draw", "delete", "2016-01-10", "--yes")
+        self.assertIn("cannot be marked, nothing was changed: sqlite: nothing goes", self.errors)
+        self.assertEqual((self.contents(), self.marks()), (before, ["2016-01-10"]))
 
 
 class Imports(Draws):
     """By hand: 6 January (the file agrees), 8 January (it does not), 10 January (it has none)."""
 
-    OFFICIAL = [draw_rows("2026-01-03", 1), draw_rows("2026-01-06", 2), draw_rows("2026-01-08", 30)]
-    FATES = [("2026-01-06", "equal", "replaced"), ("2026-01-08", "different", "replaced")]
+    OFFICIAL = [draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2), draw_rows("2016-01-08", 30)]
+    FATES = [("2016-01-06", "equal", "replaced"), ("2016-01-08", "different", "replaced")]
 
     def setUp(self):
         super().setUp()
-        self.save("2026-01-06", 2, "--yes")
-        self.save("2026-01-08", 3)
-        self.save("2026-01-10", 4, "--contest", 77)
+        self.save("2016-01-06", 2, "--yes")
+        self.save("2016-01-08", 3)
+        self.save("2016-01-10", 4, "--contest", 77)
         self.official = self.write("official.csv", csv_of(*self.OFFICIAL))
 
     def imported(self, *options):
         done = self.summary("import", *options, self.official)
         return done, [tuple(row.values()) for row in done["manual_draws"]]
 
+    def test_a_lost_draw_refuses_the_import(self):
+        before = self.contents()
+        for flags in (["--dry-run"], []):
+            self.expect(FILE, "import", *flags, self.official)
+            self.assertIn("11 rows of 2016-01-10 would go, which the file does not have; they were entered by hand, "
+                          "--keep-manual keeps them", self.errors)
+            self.assertEqual((self.contents(), len(self.marks())), (before, 3))
+
     def test_without_keeping(self):
         for flags, verb in ((["--dry-run"], "would go"), ([], "went")):
             before = self.archive.read_bytes() if flags else None
-            done, fates = self.imported(*flags)
-            self.assertEqual(fates, [*self.FATES, ("2026-01-10", "missing", "lost")])
-            self.assertEqual((done["added"], done["gone"], done["held_before"]), (11, 22, 44))
-            self.assertIn(f"1 draw entered by hand {verb} away: 2026-01-10; --keep-manual ", self.errors)
+            done, fates = self.imported("--replace", *flags)
+            self.assertEqual(fates, [*self.FATES, ("2016-01-10", "missing", "lost")])
+            self.assertEqual([done[name] for name in ("added", "changed", "gone", "kept", "held_before")],
+                             [0, 11, 11, 0, 44])
+            self.assertIn(f"1 draw entered by hand {verb} away: 2016-01-10; --keep-manual ", self.errors)
             if flags:
                 self.assertEqual(self.archive.read_bytes(), before)
-                self.assertEqual(self.marks(), ["2026-01-06", "2026-01-08", "2026-01-10"])
+                self.assertEqual(self.marks(), ["2016-01-06", "2016-01-08", "2016-01-10"])
         self.assertEqual(self.contents(), csv_of(*self.OFFICIAL))
         self.assertEqual(self.marks(), [])
         self.assertEqual(self.imported()[1], [])
         self.assertEqual(self.errors, "")
 
     def test_with_keeping(self):
-        for flags, verb in ((["--dry-run"], "would go"), ([], "went")):
-            done, fates = self.imported("--keep-manual", *flags)
-            self.assertEqual(fates, [*self.FATES, ("2026-01-10", "missing", "kept")])
-            self.assertEqual((done["read"], done["added"], done["gone"]), (33, 11, 11))
-            self.assertIn(f"warning: 11 rows of the archive {verb} away", self.errors)
-            self.assertNotIn("by hand", self.errors)
-        self.assertEqual(self.contents(), csv_of(*self.OFFICIAL, draw_rows("2026-01-10", 4)))
-        self.assertEqual((self.marks(), self.contest("2026-01-10")), (["2026-01-10"], 77))
-        self.assertEqual(self.imported("--keep-manual")[1], [("2026-01-10", "missing", "kept")])
+        for words in (["--add"], ["--keep-manual"]):
+            for flags in (["--dry-run"], []):
+                if words == ["--add"] and not flags:
+                    continue
+                done, fates = self.imported(*words, *flags)
+                self.assertEqual(fates, [*self.FATES, ("2016-01-10", "missing", "kept")])
+                self.assertEqual([done[name] for name in ("read", "added", "changed", "gone", "kept")],
+                                 [33, 0, 11, 0, 11])
+                self.assertEqual(self.errors, "")
+        self.assertEqual(self.contents(), csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 4)))
+        self.assertEqual((self.marks(), self.contest("2016-01-10")), (["2016-01-10"], 77))
+        self.assertEqual(self.imported("--keep-manual")[1], [("2016-01-10", "missing", "kept")])
         self.assertEqual(self.errors, "")
-        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2026-01-10", 5)))
-        self.assertEqual(self.imported("--keep-manual")[1], [("2026-01-10", "different", "replaced")])
-        self.assertEqual((self.marks(), self.contest("2026-01-10")), ([], 4))
+        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 5)))
+        self.assertEqual(self.imported("--keep-manual")[1], [("2016-01-10", "different", "replaced")])
+        self.assertEqual((self.marks(), self.contest("2016-01-10")), ([], 4))
+
+    def test_what_gave_way_is_kept_in_a_file(self):
+        done, _ = self.imported("--keep-manual")
+        kept = pathlib.Path(done["backup"])
+        rows = [row.replace("2016-01-08,", "2016-01-08,3,") + "\n" for row in draw_rows("2016-01-08", 3)]
+        self.assertEqual(kept.read_text(), HEADER.replace("date,", "date,contest,") + "".join(rows))
+        self.expect(OK, "import", "--replace", kept)
+        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-08", 3)))
 
     def test_a_kept_draw_goes_into_its_place(self):
-        self.write("official.csv", csv_of(draw_rows("2026-01-03", 1), draw_rows("2026-01-13", 9)))
+        self.write("official.csv", csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-13", 9)))
         fates = self.imported("--keep-manual")[1]
         self.assertEqual([fate for _, _, fate in fates], ["kept"] * 3)
         self.assertEqual(self.contents(),
-                         csv_of(draw_rows("2026-01-03", 1), draw_rows("2026-01-06", 2), draw_rows("2026-01-08", 3),
-                                draw_rows("2026-01-10", 4), draw_rows("2026-01-13", 9)))
+                         csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2), draw_rows("2016-01-08", 3),
+                                draw_rows("2016-01-10", 4), draw_rows("2016-01-13", 9)))
 
     def test_part_of_a_draw_in_the_file_is_the_draw(self):
-        self.write("official.csv", csv_of(draw_rows("2026-01-10", 4, ["BA", "CA"])))
-        self.assertEqual(self.imported("--keep-manual")[1][-1], ("2026-01-10", "different", "replaced"))
-        self.assertEqual(len(self.sql("SELECT 1 FROM storico WHERE dtEstr='2026-01-10'")), 2)
+        self.write("official.csv", csv_of(draw_rows("2016-01-10", 4, ["BA", "CA"])))
+        self.assertEqual(self.imported("--add")[1][-1], ("2016-01-10", "different", "replaced"))
+        self.assertEqual(len(self.sql("SELECT 1 FROM storico WHERE dtEstr='2016-01-10'")), 2)
 
     def test_marks_without_a_draw_mean_nothing(self):
-        self.sql("DELETE FROM storico WHERE dtEstr='2026-01-10'")
-        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2026-01-10", 4)))
+        self.sql("DELETE FROM storico WHERE dtEstr='2016-01-10'")
+        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 4)))
         self.assertEqual(self.imported("--keep-manual")[1], self.FATES)
         self.assertEqual(self.marks(), [])
 
     def test_many_rows(self):
-        tsv = self.generated(1, "2004-01-01", "2025-12-31")
+        tsv = self.generated(1, "2004-01-01", "2015-12-31")
         self.official.write_bytes(tsv)
-        done, fates = self.imported("--keep-manual")
+        done, fates = self.imported("--replace", "--keep-manual")
         self.assertEqual((len(fates), done["gone"]), (3, 11))
         self.assertEqual(len(self.sql("SELECT 1 FROM storico")), tsv.count(b"\n") + 33)
 
@@ -290,17 +354,17 @@ class Imports(Draws):
         self.sql("CREATE TRIGGER breaks BEFORE DELETE ON vestara_manual_draws "
                  "BEGIN SELECT raise(ABORT,'nothing goes'); END")
         self.expect(DATABASE, "import", "--keep-manual", self.official)
-        self.assertIn("the import did not work, nothing was changed: sqlite: nothing goes", self.errors)
+        self.assertIn("cannot be marked, nothing was changed: sqlite: nothing goes", self.errors)
         self.assertEqual((self.contents(), len(self.marks())), (before, 3))
 
     def test_an_interrupted_import_takes_everything_back(self):
         official = "".join(row.replace("-", "/").replace(",", "\t") + "\n" for row in self.OFFICIAL[1])
-        many = self.write("many.txt", self.generated(2, "1950-01-01", "2025-12-31") + official.encode())
-        words = ["import", "--keep-manual", many]
+        many = self.write("many.txt", self.generated(2, "1950-01-01", "2015-12-31") + official.encode())
+        words = ["import", "--replace", "--keep-manual", many]
         copy = f"sqlite:{shutil.copy(self.archive, self.folder / 'copy.sqlite')}"
         self.expect(OK, "--db", copy, *words)
-        before = (self.contents("--contest"), ["2026-01-06", "2026-01-08", "2026-01-10"])
-        after = (self.contents("--contest", "--db", copy), ["2026-01-08", "2026-01-10"])
+        before = (self.contents("--contest"), ["2016-01-06", "2016-01-08", "2016-01-10"])
+        after = (self.contents("--contest", "--db", copy), ["2016-01-08", "2016-01-10"])
         for pause in (0.05, 0.2, 0.5, 1):
             with subprocess.Popen([PROGRAM, *words], env=self.environment, stdout=subprocess.DEVNULL,
                                   stderr=subprocess.DEVNULL) as process:
@@ -310,8 +374,8 @@ class Imports(Draws):
 
     def test_an_archive_that_never_had_a_draw_by_hand(self):
         self.sql("DROP TABLE vestara_manual_draws")
-        done, fates = self.imported("--keep-manual")
-        self.assertEqual((fates, done["gone"], self.marks()), ([], 22, None))
+        done, fates = self.imported("--replace", "--keep-manual")
+        self.assertEqual((fates, done["gone"], done["changed"], self.marks()), ([], 11, 11, None))
 
 
 class Saved(Draws):
@@ -364,7 +428,7 @@ class Saved(Draws):
         self.assertEqual("".join(row["name"] for row in self.summary("saved", "list")["searches"]), "debac")
 
     def test_a_run_is_the_search(self):
-        self.imported(seed=3)
+        self.expect(OK, "import", "--replace", self.write("draws.txt", self.generated(3)))
         for words, code in ((["5,12,33"], OK), (["5", "12", "33", "--hits", "ambo"], OK),
                             (["1,90", "--wheels", "rn,BA", "--from", "2005-01-01"], OK),
                             (["7", "--wheels", "cities", "--to", "2005-12-31"], OK),
@@ -411,12 +475,12 @@ class Saved(Draws):
 @unittest.skipUnless(REAL_ARCHIVE.is_file(), "the real archive is not here: VESTARA_REAL_ARCHIVE names it")
 class RealArchive(Draws):
     def test_the_real_archive(self):
-        self.expect(OK, "import", REAL_ARCHIVE)
+        self.expect(OK, "import", "--replace", REAL_ARCHIVE)
         wheels = {row["wheel"]: row for row in self.summary("draw", "show", "2005-02-09")["wheels"]}
         self.assertEqual((len(wheels), wheels["VE"]["n1"]), (10, 53))
         self.assertEqual(self.summary("draw", "show", "--back", 1)["date"], "2026-08-21")
         newest = self.contest("2026-08-21")
-        self.assertEqual(self.save("2026-08-22", 1)["contest"], newest + 1)
+        self.assertEqual(self.save("2026-08-22", 1, "--yes")["contest"], newest + 1)
         done = self.summary("import", "--keep-manual", REAL_ARCHIVE)
         self.assertEqual((done["added"], done["gone"]), (0, 0))
         self.assertEqual(self.summary("draw", "show", "--back", 1)["date"], "2026-08-22")
