@@ -289,21 +289,23 @@ class Failures(CommandLine):
         self.assertEqual(done.returncode, FILE)
         self.assertIn(b"No space left", done.stderr)
 
-
-class Options(CommandLine):
     def test_a_file_that_may_not_grow_is_said(self):
         good = self.imported().read_bytes()
         more = self.write("more.txt", self.generated(last="2026-12-31"))
         self.assertTrue(more.read_bytes().startswith(good))
-        for size in (4096, self.archive.stat().st_size, self.archive.stat().st_size + 65536):
+        # What does not fit: the program's own temporary file, the first rows, the rows behind twice the archive.
+        fits = self.archive.stat().st_size
+        for size, code in ((65536, FILE), (fits + 600_000, DATABASE), (fits * 2, DATABASE)):
             with self.subTest(size=size):
-                self.expect(DATABASE, "import", more, preexec_fn=limited_to(size))
+                self.expect(code, "import", more, preexec_fn=limited_to(size))
                 self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), good)
         out = self.folder / "out.txt"
-        self.expect(FILE, "export", "--output", out, preexec_fn=limited_to(1000))
+        self.expect(FILE, "export", "--output", out, preexec_fn=limited_to(65536))
         self.assertFalse(out.exists())
         self.expect(OK, "import", more)
 
+
+class Options(CommandLine):
     def test_common_options_stand_before_and_after(self):
         self.imported()
         del self.environment["VESTARA_DB"]
