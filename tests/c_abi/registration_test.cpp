@@ -208,9 +208,16 @@ TEST_F(Registration, ARefusedClassFileIsNamedByTheErrorOfItsClass) {
   }
 }
 
+Ref<Object> nothing_yet() { return {}; }
+
+/// An address in this program, which then has a class to register.
+const void* class_of_this_program() {
+  register_class({"Tests.cOwn", nothing_yet});
+  return reinterpret_cast<const void*>(&nothing_yet);
+}
+
 TEST_F(Registration, NothingIsRegisteredWhereOthersMayWrite) {
-  ASSERT_TRUE(create_object("Vestara.cLotto"));
-  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  const void* inside = class_of_this_program();
   const fs::path folder = registration_folder(Scope::user);
   fs::create_directories(folder);
   ASSERT_EQ(chmod(folder.c_str(), 0777), 0);
@@ -219,31 +226,29 @@ TEST_F(Registration, NothingIsRegisteredWhereOthersMayWrite) {
 }
 
 TEST_F(Registration, ClassFilesAreTheUsersOwnWhateverTheMaskSays) {
-  ASSERT_TRUE(create_object("Vestara.cLotto"));
-  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  const void* inside = class_of_this_program();
   for (const mode_t mask : {0000, 0002, 0077}) {
     const mode_t before = umask(mask);
     register_library(inside, Scope::user);
     umask(before);
     const fs::path folder = registration_folder(Scope::user);
     EXPECT_EQ(static_cast<int>(fs::status(folder).permissions()), 0755) << mask;
-    EXPECT_EQ(static_cast<int>(fs::status(folder / "vestara.clotto.class").permissions()), 0644) << mask;
-    EXPECT_TRUE(refused_class_files("Vestara.cLotto").empty());
+    EXPECT_EQ(static_cast<int>(fs::status(folder / "tests.cown.class").permissions()), 0644) << mask;
+    EXPECT_TRUE(refused_class_files("Tests.cOwn").empty());
     fs::remove_all(folder_.path() / "data");
   }
 }
 
 TEST_F(Registration, AClassFileIsReplacedWhole) {
-  ASSERT_TRUE(create_object("Vestara.cLotto"));
-  const void* inside = reinterpret_cast<const void*>(loaded_classes().front().create);
+  const void* inside = class_of_this_program();
   const fs::path folder = registration_folder(Scope::user);
-  register_class_file(folder, "vestara.clotto");
+  register_class_file(folder, "tests.cown");
   const fs::path old_text = folder / "old";
-  fs::create_hard_link(folder / "vestara.clotto.class", old_text);
+  fs::create_hard_link(folder / "tests.cown.class", old_text);
   const std::string before = testing_support::bytes_of(old_text);
   register_library(inside, Scope::user);
   EXPECT_EQ(testing_support::bytes_of(old_text), before);
-  EXPECT_NE(testing_support::bytes_of(folder / "vestara.clotto.class"), before);
+  EXPECT_NE(testing_support::bytes_of(folder / "tests.cown.class"), before);
 }
 
 TEST_F(Registration, TheLibraryFolderOfTheEnvironmentGoesFirst) {
