@@ -67,10 +67,10 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
   std::vector<std::string> CheckFile();
 
   int32_t ConnectionState() override;
-  /// Refuses a statement that would write.
+  /// One SELECT, WITH or VALUES. Refuses what writes, waits, takes locks, changes settings or reaches files.
   bool OpenRecordset(automation::Ref<vestara::RecordSet>& rows, std::string_view statement) override;
   void CloseRecordset(automation::Ref<vestara::RecordSet>& rows) override;
-  /// Refuses several statements, and the statements of transactions and settings.
+  /// One change of rows (of the archive's tables as literals), or of a table, index, view or trigger; nothing else.
   bool ExecuteSql(std::string_view statement) override;
   int32_t GetMaxId(std::string_view table, std::string_view column) override;
   automation::Ref<vestara::RecordSet> GetRecordset(std::string_view statement) override;

@@ -41,6 +41,14 @@ RunTimeError refused(std::string_view what, std::string_view why) {
   return {5, automation::concatenated({"not authorized: ", what, why})};
 }
 
+/// Two words that together count a sequence on, or put a table's file elsewhere.
+bool is_harmful_pair(const std::vector<Token>& tokens, size_t place) {
+  if (place + 1 >= tokens.size()) return false;
+  const Token& second = tokens[place + 1];
+  return (is(tokens[place], "next") && is(second, "value")) ||
+         (is_one_of(tokens[place], {"data", "index"}) && is(second, "directory"));
+}
+
 /// The name that a token stands for, when it is one.
 std::string name_of(const Token& token) { return is_name(token) ? automation::lower_case(bare_name(token)) : ""; }
 
@@ -70,9 +78,8 @@ bool Wall::is_parameter(const Tokens& tokens, size_t place) const {
 bool Wall::does_harm(const Tokens& tokens, size_t place) const {
   const std::string name = name_of(tokens[place]);
   if (name.empty()) return false;
-  const bool next_value = place + 1 < tokens.size() && is(tokens[place], "next") && is(tokens[place + 1], "value");
   const bool called = place + 1 < tokens.size() && tokens[place + 1].text == "(";
-  return next_value || contains(prohibitions_.names, name) || (called && functions_.contains(name));
+  return is_harmful_pair(tokens, place) || contains(prohibitions_.names, name) || (called && functions_.contains(name));
 }
 
 void Wall::require_harmless(std::string_view statement, const Tokens& tokens) const {

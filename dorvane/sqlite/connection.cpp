@@ -122,8 +122,7 @@ void SqliteConnection::close_side_doors() {
   }
 }
 
-int SqliteConnection::authorize(void* self, int action, const char* first, const char* second, const char*,
-                                const char*) {
+int SqliteConnection::authorize(void* self, int action, const char*, const char* second, const char*, const char*) {
   const auto& connection = *static_cast<SqliteConnection*>(self);
   const Permission permission = connection.permission_;
   if (permission == Permission::anything) return SQLITE_OK;
@@ -134,12 +133,11 @@ int SqliteConnection::authorize(void* self, int action, const char* first, const
       return SQLITE_OK;
     case SQLITE_FUNCTION:
       return connection.refused_functions_.contains(automation::lower_case(second)) ? SQLITE_DENY : SQLITE_OK;
-    case SQLITE_PRAGMA:
-      return only_tells(first, second) ? SQLITE_OK : SQLITE_DENY;
     case SQLITE_TRANSACTION:
     case SQLITE_SAVEPOINT:
     case SQLITE_ATTACH:
     case SQLITE_DETACH:
+    case SQLITE_PRAGMA:
     case SQLITE_ANALYZE:
     case SQLITE_CREATE_VTABLE:
       return SQLITE_DENY;

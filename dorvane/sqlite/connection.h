@@ -41,7 +41,7 @@ class SqliteConnection final : public Connection {
   /// `lost`: the engine gave the transaction up, or never began it. Nothing runs until the next transaction call.
   enum class Transaction : uint8_t { none, open, lost };
 
-  static int authorize(void* self, int action, const char* first, const char* second, const char*, const char*);
+  static int authorize(void* self, int action, const char*, const char* second, const char*, const char*);
   /// Gives a statement its permission while it is prepared and stepped, which can prepare further ones.
   class Permitting;
 

@@ -59,20 +59,6 @@ bool only_computes(std::string_view function) {
   return function.starts_with("json") || std::find(known.begin(), known.end(), function) != known.end();
 }
 
-bool only_tells(std::string_view pragma, const char* argument) {
-  constexpr auto with_argument = std::to_array<std::string_view>(
-      {"foreign_key_check", "foreign_key_list", "index_info", "index_list", "index_xinfo", "integrity_check",
-       "quick_check", "table_info", "table_list", "table_xinfo"});
-  constexpr auto alone = std::to_array<std::string_view>(
-      {"application_id", "collation_list", "compile_options", "database_list", "encoding", "freelist_count",
-       "function_list", "module_list", "page_count", "page_size", "pragma_list", "synchronous", "user_version"});
-  const auto is_in = [&](const auto& names) {
-    return std::any_of(names.begin(), names.end(),
-                       [&](std::string_view name) { return automation::equal_ignoring_case(name, pragma); });
-  };
-  return is_in(with_argument) || (!argument && is_in(alone));
-}
-
 TextReading reading_of(std::string_view column_name, const char* declared_type) {
   if (!declared_type) return TextReading::iso_dates;
   const std::string type = automation::lower_case(declared_type);

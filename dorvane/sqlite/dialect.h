@@ -23,8 +23,6 @@ std::string translate(std::string_view statement);
 
 /// Of the functions that the engine does not call harmless: it computes and no more.
 bool only_computes(std::string_view function);
-/// A PRAGMA that changes nothing and runs nothing, as tables of pragma_… names ask it.
-bool only_tells(std::string_view pragma, const char* argument);
 
 /// Dates are text to SQLite. A column is read as dates when its declared type says so or is unknown, or when it
 /// bears the name of one of the archive's date columns.

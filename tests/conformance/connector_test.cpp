@@ -313,6 +313,44 @@ TEST_P(ConnectorTest, TiesComeInOneOrder) {
   EXPECT_EQ(rows(one_wheel + "ASC"), (Lines{"4", "5", "3"}));
 }
 
+TEST_P(ConnectorTest, AnOrderForTiesBreaksNoStatement) {
+  add(1, "2005-02-09", "VE");
+  add(1, "2005-02-09", "BA");
+  add(2, "2005-02-12", "BA");
+  ASSERT_TRUE(execute("INSERT INTO tSistemaDetail(id,idSis)VALUES(1,1),(2,1),(3,1)"));
+  struct Row {
+    const char* statement;
+    Lines rows;
+  };
+  const std::vector<Row> table{
+      {"SELECT ruota,count(*) FROM storico GROUP BY ruota HAVING count(*)>0 ORDER BY count(*) DESC", {"BA 2", "VE 1"}},
+      {"SELECT upper(ruota),count(*) FROM storico GROUP BY upper(ruota) HAVING count(*)>1 ORDER BY count(*)", {"BA 2"}},
+      {"SELECT dtEstr FROM storico UNION SELECT dtEstr FROM storico ORDER BY dtEstr", {"09/02/2005", "12/02/2005"}},
+      {"SELECT s.id,d.id FROM storico s JOIN tSistemaDetail d ON d.id=s.id ORDER BY dtEstr DESC",
+       {"3 3", "1 1", "2 2"}},
+      {"SELECT d.id FROM tSistemaDetail d JOIN storico s ON d.id=s.id AND s.id<>1 ORDER BY dtEstr", {"2", "3"}},
+      {"SELECT max(dtEstr) AS dtEstr FROM storico ORDER BY dtEstr", {"12/02/2005"}},
+      {"SELECT count(*) AS n,max(dtEstr) AS dtEstr FROM storico GROUP BY concorsoNumero ORDER BY dtEstr",
+       {"2 09/02/2005", "1 12/02/2005"}},
+      {"SELECT DISTINCT dtEstr FROM storico ORDER BY dtEstr DESC", {"12/02/2005", "09/02/2005"}},
+      {"SELECT DISTINCT dtEstr,concorsoNumero+1 AS next FROM storico ORDER BY dtEstr",
+       {"09/02/2005 2", "12/02/2005 3"}},
+      {"SELECT DISTINCT a.dtEstr,abs(a.concorsoNumero) AS concorsoNumero FROM storico a ORDER BY a.dtEstr",
+       {"09/02/2005 1", "12/02/2005 2"}},
+      // Known only by asking: the table that stands first has no key of that name.
+      {"SELECT storico.dtEstr FROM (SELECT dtEstr,ruota FROM storico WHERE ruota='VE') storico ORDER BY dtEstr",
+       {"09/02/2005"}},
+      {"WITH storico AS (SELECT 5 AS dtEstr) SELECT dtEstr FROM storico ORDER BY dtEstr", {"5"}},
+      {"SELECT ruota FROM storico s CROSS JOIN (SELECT 1 AS one) o GROUP BY ruota,dtEstr ORDER BY dtEstr DESC,ruota",
+       {"BA", "BA", "VE"}}};
+  for (const Row& row : table) EXPECT_EQ(rows(row.statement), row.rows) << connector_->LastError();
+  connector_->BeginTrans();
+  for (const Row& row : table) EXPECT_EQ(rows(row.statement), row.rows) << connector_->LastError();
+  add(3, "2005-02-15", "BA");
+  connector_->CommitTrans();
+  EXPECT_EQ(one("SELECT count(*) FROM storico"), "4") << "what was tried within the transaction took nothing of it";
+}
+
 TEST_P(ConnectorTest, CloseRecordsetEmptiesTheReference) {
   Ref<RecordSet> set;
   ASSERT_TRUE(connector_->OpenRecordset(set, "SELECT 1 AS n"));
