@@ -72,10 +72,11 @@ SqliteConnection::SqliteConnection(const Url& url) : wall_(prohibitions) {
   // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
   const Settings settings = settings_of(url);
   open_file(url.location, settings.open_flags);
+  // First of all: whatever looks at the file may have to wait for another program.
+  sqlite3_busy_timeout(database_.get(), settings.timeout);
   close_side_doors();
   install_like(database_.get());
   sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
-  sqlite3_busy_timeout(database_.get(), settings.timeout);
   run("PRAGMA synchronous=" + settings.durability, Permission::anything);
   run("PRAGMA analysis_limit=1000", Permission::anything);
   // The first real look at the file: it says now, not at the first question, that this is no archive.

@@ -1,6 +1,6 @@
 """Draws are saved by hand, deleted and imported by six programs at once. Afterwards a date has a mark exactly when its
-draw was entered by hand. VESTARA_PROGRAM is the command line; VESTARA_ROUNDS says how often, and VESTARA_TEST_POSTGRESQL
-and VESTARA_TEST_MARIADB are URLs of databases that the test may empty."""
+draw was entered by hand. VESTARA_PROGRAM is the command line; VESTARA_ROUNDS says how often;
+VESTARA_TEST_POSTGRESQL and VESTARA_TEST_MARIADB are URLs of databases that the test may empty."""
 
 import concurrent.futures
 import os
@@ -42,7 +42,8 @@ class DrawsAndMarks(unittest.TestCase):
                                                     for row in rows(date, OFFICIAL)) + "\n", encoding="ascii")
 
     def run_program(self, *words, codes=(0,), **more):
-        done = subprocess.run([PROGRAM, *words], env=self.environment, capture_output=True, text=True, check=False, **more)
+        done = subprocess.run([PROGRAM, *words], env=self.environment, capture_output=True, text=True, check=False,
+                              **more)
         self.assertIn(done.returncode, codes, (words, done.stderr))
         return done.stdout
 

@@ -1,6 +1,6 @@
 """import, end to end: what may go, what is joined, what is kept of it. VESTARA_PROGRAM is the command line.
-VESTARA_TEST_POSTGRESQL and VESTARA_TEST_MARIADB are URLs of databases that the tests may empty; without them their tests
-are skipped."""
+VESTARA_TEST_POSTGRESQL and VESTARA_TEST_MARIADB are URLs of databases that the tests may empty; without them their
+tests are skipped."""
 
 import contextlib
 import gzip
@@ -87,7 +87,8 @@ class WhatGoes(Imports):
         self.expect(OK, "import", "-", stdin=older)
         done = self.summary("import", "-", stdin=later)
         self.assertEqual(self.figures(done), ("joined", new_rows, 0, 0, before))
-        self.assertIn(f"agrees with it on {after - new_rows} rows; {before} rows that it does not have stay", self.errors)
+        self.assertIn(f"agrees with it on {after - new_rows} rows; {before} rows that it does not have stay",
+                      self.errors)
         self.assertEqual((self.held(), self.backups()), (tsv, []))
         contests = self.expect(OK, "export", "--contest").splitlines()
         place = len({line.split(b"\t")[0] for line in later.splitlines()})
@@ -189,8 +190,8 @@ class OnSqlite(Imports):
         self.expect(OK, "import", "-", stdin=tsv)
         with contextlib.closing(sqlite3.connect(self.archive)) as database:
             database.execute("UPDATE storico SET estr1=NULL WHERE id=1")
-            database.execute("INSERT INTO storico SELECT 900000,dtEstr,ruota,11,12,13,14,15,concorsoNumero FROM storico "
-                             "WHERE id=2")
+            database.execute("INSERT INTO storico SELECT 900000,dtEstr,ruota,11,12,13,14,15,concorsoNumero "
+                             "FROM storico WHERE id=2")
             database.commit()
         done = self.summary("import", "--replace", "-", stdin=later)
         self.assertEqual((done["gone"], done["held_before"]), (before + 1, before + after + 1))
@@ -221,7 +222,8 @@ class Sources(Imports):
         stars = self.write("stars.gz", gzip.compress(b"*" * (256 << 20 | 1), 1))
         for words, stdin in (([stars], None), (["-"], "pipe")):
             if stdin:
-                with subprocess.Popen(["head", "-c", str((256 << 20) + 1), "/dev/zero"], stdout=subprocess.PIPE) as zeros:
+                endless = ["head", "-c", str((256 << 20) + 1), "/dev/zero"]
+                with subprocess.Popen(endless, stdout=subprocess.PIPE) as zeros:
                     done = subprocess.run([PROGRAM, "import", "-"], env=self.environment, stdin=zeros.stdout,
                                           capture_output=True, check=False)
                     zeros.stdout.close()
@@ -240,8 +242,8 @@ class Sources(Imports):
     def test_a_process_without_descriptors_says_so(self):
         file = self.write("draws.txt", self.generated())
         for most in range(4, 20):
-            done = subprocess.run([PROGRAM, "import", file], env=self.environment, capture_output=True, check=False,
-                                  preexec_fn=lambda limit=most: resource.setrlimit(resource.RLIMIT_NOFILE, (limit, limit)))
+            done = self.run_program("import", file, preexec_fn=lambda limit=most: resource.setrlimit(
+                resource.RLIMIT_NOFILE, (limit, limit)))
             if done.returncode == OK:
                 break
             self.assertIn(b"too many files are open, in this process or on this machine", done.stderr.lower())
@@ -254,8 +256,8 @@ class Sources(Imports):
         said = set()
         for megabytes in range(24, 200, 4):
             limit = megabytes << 20
-            done = subprocess.run([PROGRAM, "import", file], env=self.environment, capture_output=True, check=False,
-                                  preexec_fn=lambda bytes=limit: resource.setrlimit(resource.RLIMIT_AS, (bytes, bytes)))
+            done = self.run_program("import", file, preexec_fn=lambda bytes=limit: resource.setrlimit(
+                resource.RLIMIT_AS, (bytes, bytes)))
             said.add(done.stderr.split(b",")[0])
         self.assertIn(b"vestara: there is not enough memory for this", said)
         self.assertFalse([text for text in said if b"bad_alloc" in text], said)

@@ -93,4 +93,5 @@ class Examples(InFolder):
     def test_the_script_of_the_front_page(self) -> None:
         script = example(PROJECT / "README.md", 'Set archive = CreateObject("Dorvane.DbConnector")')
         self.assertIn("If lotto.UpdateTblStorico Then\n", script)
-        self.check_both_files(as_python(script.replace("C:/lotto/archive.sqlite", "lotto.sqlite").replace("C:/lotto/", "")))
+        here = script.replace("C:/lotto/archive.sqlite", "lotto.sqlite").replace("C:/lotto/", "")
+        self.check_both_files(as_python(here))
