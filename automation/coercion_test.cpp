@@ -172,6 +172,15 @@ TEST(Coercion, AnObjectThatStandsForNothingIsAnError) {
   }
 }
 
+TEST(Coercion, SinglesHaveSevenDigitsAsText) {
+  const struct {
+    float value;
+    const char* text;
+  } rows[] = {{0.1F, "0.1"}, {1.2345678F, "1.234568"}, {16777216.0F, "1.677722E+07"}, {123456.7F, "123456.7"},
+              {-0.0F, "0"},  {1.0F / 3, "0.3333333"}};
+  for (const auto& row : rows) EXPECT_EQ(to_text(row.value), row.text);
+}
+
 TEST(Coercion, TheEndsOfTheRanges) {
   const double largest = std::numeric_limits<float>::max();
   const struct {

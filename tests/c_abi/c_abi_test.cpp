@@ -336,6 +336,57 @@ TEST_F(CAbi, AStridedWalkStaysInsideTheArray) {
   EXPECT_EQ(au_array_numbers(&array, 100, 0, 0, nullptr, nullptr), AU_OK);
 }
 
+TEST_F(CAbi, ArraysAreMadeOfSensibleShapesOnly) {
+  const struct {
+    au_kind element;
+    int32_t count;
+    au_status status;
+  } rows[] = {{AU_EMPTY, 0, AU_OK},
+              {AU_EMPTY, 1, AU_OK},
+              {AU_EMPTY, -1, AU_RAISED},
+              {AU_EMPTY, INT32_MIN, AU_RAISED},
+              {AU_ARRAY, 1, AU_OK},
+              {AU_EMPTY - 1, 1, AU_BAD_ARGUMENT},
+              {AU_ARRAY + 1, 1, AU_BAD_ARGUMENT}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.element << " " << row.count);
+    Value array;
+    const au_bound bound{0, row.count};
+    EXPECT_EQ(au_make_array(&array, row.element, &bound, 1), row.status);
+    EXPECT_EQ(array.kind, row.status == AU_OK ? AU_ARRAY : AU_EMPTY);
+    if (row.status == AU_RAISED) {
+      EXPECT_EQ(au_last_error().number, 9);
+    }
+  }
+}
+
+TEST_F(CAbi, AShapeFillsNoMoreThanItsRoom) {
+  Value array;
+  const au_bound bounds[] = {{0, 2}, {1, 3}};
+  ASSERT_EQ(au_make_array(&array, AU_EMPTY, bounds, 2), AU_OK);
+  for (const size_t room : {0U, 1U, 2U, 3U}) {
+    au_bound found[3] = {{-7, -7}, {-7, -7}, {-7, -7}};
+    ASSERT_EQ(au_array_shape(&array, nullptr, found, room, nullptr), AU_OK);
+    for (size_t i = 0; i < 3; ++i) EXPECT_EQ(found[i].lower != -7, i < room && i < 2) << room << " " << i;
+  }
+}
+
+TEST(CAbiCalls, ATableOfTheSameMajorVersionIsTaken) {
+  const struct {
+    uint32_t version;
+    au_status status;
+  } rows[] = {{0x00010000, AU_OK},          {0x00010001, AU_OK},          {0x0001ffff, AU_OK},
+              {0x0000ffff, AU_BAD_VERSION}, {0x00020000, AU_BAD_VERSION}, {0, AU_BAD_VERSION}};
+  for (const auto& row : rows) {
+    au_host_class table = echo_class;
+    table.version = row.version;
+    Echo echo;
+    au_object* object = nullptr;
+    EXPECT_EQ(au_create_host_object(&table, &echo, &object), row.status) << row.version;
+    if (object) au_release(object);
+  }
+}
+
 TEST_F(CAbi, TheYieldHookCanBeTakenOut) {
   int calls = 0;
   const auto error_of_a_yield = [] { return testing_support::error_of([] { automation::yield_to_host(); }); };

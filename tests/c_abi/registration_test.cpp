@@ -216,6 +216,17 @@ const void* class_of_this_program() {
   return reinterpret_cast<const void*>(&nothing_yet);
 }
 
+TEST_F(Registration, AnIdentifierMayNameItsVersion) {
+  class_of_this_program();
+  const struct {
+    const char* identifier;
+    int32_t error;
+  } rows[] = {{"Tests.cOwn", 0},    {"tests.COWN", 0},       {"Tests.cOwn.1", 0}, {"Tests.cOwn.2", 429},
+              {"Tests.cOwn.", 429}, {"Tests.cOwn.1.1", 429}, {".1", 429}};
+  for (const auto& row : rows)
+    EXPECT_EQ(testing_support::error_of([&] { create_object(row.identifier); }), row.error) << row.identifier;
+}
+
 TEST_F(Registration, NothingIsRegisteredWhereOthersMayWrite) {
   const void* inside = class_of_this_program();
   const fs::path folder = registration_folder(Scope::user);
@@ -312,9 +323,11 @@ TEST_F(Registration, WritesFindsLoadsAndRemoves) {
   const Ref<Object> lotto = create_object("Vestara.cLotto");
   ASSERT_TRUE(lotto);
   const std::string library = libraries_for("Vestara.cLotto").at(0);
-  const auto known = loaded_classes();
-  ASSERT_FALSE(known.empty());
-  const void* inside = reinterpret_cast<const void*>(known[0].create);
+  const auto& known = loaded_classes();
+  const auto entry = std::find_if(known.begin(), known.end(),
+                                  [](const RegisteredClass& each) { return each.identifier == "Vestara.cLotto"; });
+  ASSERT_NE(entry, known.end());
+  const void* inside = reinterpret_cast<const void*>(entry->create);
 
   const auto written = register_library(inside, Scope::user);
   ASSERT_FALSE(written.empty());
