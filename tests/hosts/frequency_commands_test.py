@@ -268,7 +268,7 @@ class Table(Studies):
         rows = [row for row in self.draws.rows if row[1] != "VE" or row[0] < "2006-12-01"]
         text = "date,wheel,n1,n2,n3,n4,n5\n" + "".join(f"{day},{wheel},{','.join(map(str, numbers))}\n"
                                                       for day, wheel, numbers in rows)
-        self.expect(OK, "import", self.write("without.csv", text))
+        self.expect(OK, "import", "--replace", self.write("without.csv", text))
         newest = next(row for row in self.summary("table", "--as-of", "2006-12-31", "--per-wheel")["lines"]
                       if row["wheel"] == "VE")
         self.assertEqual(newest["wheel_delay"], 0)
