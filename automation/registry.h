@@ -8,6 +8,9 @@
 #include "automation/object.h"
 #include "automation/ref.h"
 
+// Any thread may call these, at the same time as others. The object that comes out belongs to the thread that asked
+// for it.
+
 namespace automation {
 
 struct ClassDescription;
@@ -28,7 +31,7 @@ AUTOMATION_API void register_class(RegisteredClass entry);
 AUTOMATION_API Ref<Object> create_object(std::string_view identifier);
 
 /// The classes of the loaded libraries, in the order in which they were registered.
-AUTOMATION_API const std::vector<RegisteredClass>& loaded_classes();
+AUTOMATION_API std::vector<RegisteredClass> loaded_classes();
 
 /// Makes `Class` known: one static of this type per class, in the library that has it.
 template <class Class>

@@ -1,24 +1,36 @@
 #include "automation/yield.h"
 
+#include <atomic>
 #include <utility>
+
+#include "automation/process_wide.h"
 
 namespace automation {
 namespace {
 
-std::function<void()>& hook() {
-  static std::function<void()> installed;
-  return installed;
+/// Never destroyed: a loop of another thread may yield while the process ends.
+ProcessWide<std::function<void()>>& hook() {
+  static auto* const installed = new ProcessWide<std::function<void()>>;
+  return *installed;
 }
+
+/// Loops without a hook, most of them, take no lock.
+std::atomic<bool> has_hook{false};
 
 }  // namespace
 
 void yield_to_host() {
-  // A copy: the hook may take itself away while it runs.
-  if (const auto installed = hook()) installed();
+  if (!has_hook.load(std::memory_order_relaxed)) return;
+  // A copy: the hook may take itself away while it runs, or another thread may.
+  if (const auto installed = hook().get()) installed();
 }
 
 std::function<void()> set_yield_hook(std::function<void()> replacement) {
-  return std::exchange(hook(), std::move(replacement));
+  hook().update([&](std::function<void()>& installed) {
+    std::swap(installed, replacement);
+    has_hook.store(static_cast<bool>(installed), std::memory_order_relaxed);
+  });
+  return replacement;
 }
 
 }  // namespace automation

@@ -8,7 +8,10 @@ if(VESTARA_WERROR)
   add_compile_options(-Werror)
 endif()
 
-if(VESTARA_SANITIZE)
+if(VESTARA_SANITIZE STREQUAL "thread")
+  add_compile_options(-fsanitize=thread)
+  add_link_options(-fsanitize=thread)
+elseif(VESTARA_SANITIZE)
   # vptr checks need every class's type information exported; the libraries hide theirs.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined -fno-sanitize=vptr)

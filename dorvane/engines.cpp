@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "automation/process_wide.h"
 #include "automation/text.h"
 #include "dorvane/connection.h"
 
@@ -13,21 +14,22 @@ struct Known {
   Engine::Open open;
 };
 
-/// Filled before main, by whatever engines are linked in.
-std::vector<Known>& engines() {
-  static std::vector<Known> known;
-  return known;
+/// Filled while libraries are loaded, by whatever engines they have. Never destroyed: another thread may still open a
+/// connection while the process ends.
+automation::ProcessWide<std::vector<Known>>& engines() {
+  static auto* const known = new automation::ProcessWide<std::vector<Known>>;
+  return *known;
 }
 
 }  // namespace
 
 Engine::Engine(std::string_view scheme, std::string_view example, Open open) {
-  engines().push_back({scheme, example, open});
+  engines().update([&](std::vector<Known>& known) { known.push_back({scheme, example, open}); });
 }
 
 std::unique_ptr<Connection> open_connection(const Url& url) {
   std::string examples;
-  for (const Known& engine : engines()) {
+  for (const Known& engine : engines().get()) {
     if (engine.scheme == url.scheme) return engine.open(url);
     examples.append(examples.empty() ? "" : ", ").append(engine.example);
   }

@@ -11,8 +11,11 @@
  *   au_clear(&result);
  *   au_release(lotto);
  *
- * Threads: an object belongs to the thread that created it. Text is UTF-8, with a length and, where this library made
- * it, a NUL behind it.
+ * Threads: each function may be called on any thread, at the same time as others. An object, with what it was given and
+ * what it handed out (its connector, its record sets), belongs to one thread at a time; another thread may have it
+ * between two calls. Objects that do not share these are independent. au_retain and au_release may meet other calls.
+ *
+ * Text is UTF-8, with a length and, where this library made it, a NUL behind it.
  */
 
 #include <stddef.h>
@@ -178,7 +181,8 @@ AU_API void* au_host_of(const au_host_class* table, au_object* object);
 AU_API void au_raise(int32_t number, const char* description, const char* source);
 
 /* Called by long loops, so that the host stays responsive. Anything but 0 ends the loop with error 18. Null takes the
- * hook out. */
+ * hook out. There is one hook for the process. It runs on each thread whose loop yields, on several at once when
+ * several do, and may still be running on another thread when this returns: `host` must outlive that. */
 typedef int (*au_yield_hook)(void* host);
 AU_API void au_set_yield_hook(au_yield_hook hook, void* host);
 /* For hooks that cost more than the rows they interrupt: on each thread the hook runs once in so many milliseconds,

@@ -92,7 +92,7 @@ std::string found_by(const std::string& identifier, const std::string& library) 
 }
 
 bool is_loaded(const std::string& identifier) {
-  const auto& classes = automation::loaded_classes();
+  const auto classes = automation::loaded_classes();
   return std::any_of(classes.begin(), classes.end(), [&](const RegisteredClass& entry) {
     return automation::equal_ignoring_case(entry.identifier, identifier);
   });

@@ -17,13 +17,14 @@ Table canonical_wheels() {
 }
 
 CanonicalWheels::CanonicalWheels() {
-  auto& tables = vestara::wheel_tables();
+  vestara::WheelTables tables;
   tables.RuoteEnumByAlias.emplace();
   int32_t wheel = 0;
   for (const char* alias : aliases) {
     tables.RuoteAliasByEnum.at(static_cast<size_t>(++wheel)) = alias;
     tables.RuoteEnumByAlias->add(alias, static_cast<int16_t>(wheel));
   }
+  vestara::replace_wheel_tables(std::move(tables));
 }
 
 }  // namespace testing_support

@@ -17,7 +17,7 @@ class UnloadedWheels {
   ~UnloadedWheels() { reset(); }
   UnloadedWheels(const UnloadedWheels&) = delete;
   UnloadedWheels& operator=(const UnloadedWheels&) = delete;
-  static void reset() { vestara::wheel_tables() = {}; }
+  static void reset() { vestara::replace_wheel_tables({}); }
 };
 
 /// The eleven wheels loaded, and forgotten after the test.

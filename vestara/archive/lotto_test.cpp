@@ -98,7 +98,7 @@ TEST_F(LottoTest, ConnectionThatIsNotOpenDoesNot) {
     lotto_.ActiveConnection(recorder_);
     EXPECT_EQ(recorder_->take(), Calls{"ConnectionState"});
   }
-  EXPECT_FALSE(wheel_tables().RuoteEnumByAlias);
+  EXPECT_FALSE(wheel_tables()->RuoteEnumByAlias);
 }
 
 TEST_F(LottoTest, EmptyConnectionOnlyClearsIt) {

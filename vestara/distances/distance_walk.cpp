@@ -9,7 +9,6 @@
 #include "automation/yield.h"
 #include "vestara/foundation/draw_columns.h"
 #include "vestara/foundation/wheel_grid.h"
-#include "vestara/foundation/wheels.h"
 
 namespace vestara {
 namespace {
@@ -22,14 +21,14 @@ struct Draw {
 
 class DrawsOfWheels {
  public:
-  explicit DrawsOfWheels(RecordSet& rows) : wheel_(rows.column("ruota")) {}
+  explicit DrawsOfWheels(RecordSet& rows) : wheel_(rows) {}
   Draw enter(RecordSet& row) {
-    const int16_t wheel = wheel_of(row.text(wheel_));
+    const int16_t wheel = wheel_.wheel(row);
     return {wheel_group(wheel), draws_.at(wheel)++};
   }
 
  private:
-  Column wheel_;
+  WheelColumn wheel_;
   PerWheel<int32_t> draws_;
 };
 

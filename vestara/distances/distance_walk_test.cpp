@@ -273,9 +273,11 @@ TEST_F(WalkTest, TablesAreAskedRowByRow) {
   EXPECT_EQ(error_, 0);
   EXPECT_EQ(wheels({{"BA", 1, 2, 3, 4, 5}}), Lines{});
   EXPECT_EQ(error_, 91);
-  auto& by_alias = wheel_tables().RuoteEnumByAlias.emplace();
+  WheelTables tables;
+  auto& by_alias = tables.RuoteEnumByAlias.emplace();
   by_alias.add("TU", 12);
   by_alias.add("AO", 3);
+  replace_wheel_tables(std::move(tables));
   EXPECT_EQ(wheels({{"AO", 1, 1, 1, 1, 1}, {"TU", 2, 2, 2, 2, 2}}), Lines{"3 1: 0 0 0 0 0"});
   EXPECT_EQ(error_, 9) << "there is no wheel 12";
 }

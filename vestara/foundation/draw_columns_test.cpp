@@ -16,7 +16,7 @@ TEST(DrawColumns, AreFoundByNameInTheOrderTheyWereDrawn) {
                         {{1, 50, 40, 30, 20, 10, "BA"}, {2, 55, 45, 35, 25, 15, "RN"}}});
   const DrawColumns columns(rows);
   rows.move_next();
-  EXPECT_EQ(rows.text(columns.wheel), "RN");
+  EXPECT_EQ(columns.wheel.alias(rows), "RN");
   int32_t expected = 5;
   for (const Column number : columns.numbers) EXPECT_EQ(rows.whole_number(number), expected += 10);
   EXPECT_EQ(number_columns(rows)[4].index, 1);

@@ -113,7 +113,8 @@ std::string FormatRuoteToSql(std::string_view wheels, WheelChoice choice) {
   return trapped("mDB.FormatRuoteToSql()", std::string(), [&] {
     if (choice == WheelChoice::listed) return quoted_wheels(wheels);
     std::string list;
-    for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) list += "'" + alias_of(wheel) + "',";
+    const auto tables = wheel_tables();
+    for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) list += "'" + tables->alias_of(wheel) + "',";
     list.pop_back();
     return list;
   });

@@ -142,7 +142,9 @@ TEST(FormatRuoteToSql, AllWheelsComeFromTheTable) {
   const UnloadedWheels unloaded;
   EXPECT_EQ(FormatRuoteToSql("BA", WheelChoice::all), "'','','','','','','','','','',''");
   const CanonicalWheels loaded;
-  wheel_tables().RuoteAliasByEnum[12] = "TT";
+  WheelTables tables = *wheel_tables();
+  tables.RuoteAliasByEnum[12] = "TT";
+  replace_wheel_tables(std::move(tables));
   for (const char* ignored : {"", "BA", "x,y"})
     EXPECT_EQ(FormatRuoteToSql(ignored, WheelChoice::all), "'BA','CA','FI','GE','MI','NA','PA','RM','TO','VE','RN'");
 }

@@ -2,9 +2,10 @@
 
 #include <utility>
 
+#include "automation/case_folding.h"
 #include "automation/coercion.h"
 #include "automation/error.h"
-#include "automation/text.h"
+#include "automation/process_wide.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
 
@@ -25,38 +26,28 @@ void read_wheels(RecordSet& rows, WheelTables& tables) {
   }
 }
 
-}  // namespace
+using Shared = std::shared_ptr<const WheelTables>;
 
-namespace {
-
-/// The bytes of a short alias as one number, so that it is compared at once.
-uint64_t code_of(std::string_view alias) {
-  uint64_t code = 0;
-  if (alias.size() > sizeof code) return code;
-  for (const char byte : alias) code = code << 8U | static_cast<unsigned char>(byte);
-  return code;
+/// Never destroyed: loads of other threads may still run while the process ends.
+automation::ProcessWide<Shared>& current_tables() {
+  static auto* const tables = new automation::ProcessWide<Shared>(std::make_shared<const WheelTables>());
+  return *tables;
 }
 
 }  // namespace
 
-size_t WheelEnumerators::slot_of(uint64_t code) { return static_cast<size_t>(code % guess_count); }
-
 const WheelEnumerators::Entry* WheelEnumerators::find(std::string_view alias) const {
-  const uint64_t code = code_of(alias);
-  if (const size_t place = guesses_[slot_of(code)]; code != 0 && place < entries_.size()) {
-    const Entry& guess = entries_[place];
-    if (guess.code == code && guess.alias.size() == alias.size()) return &guess;
-  }
+  // Archives mostly write their aliases as `ruote` does: eleven comparisons of two bytes.
   for (const Entry& entry : entries_)
-    if (automation::equal_ignoring_case(entry.alias, alias)) return &entry;
+    if (entry.alias == alias) return &entry;
+  for (const Entry& entry : entries_)
+    if (automation::equal_folded(entry.alias, alias)) return &entry;
   return nullptr;
 }
 
 void WheelEnumerators::add(std::string_view alias, int16_t wheel) {
   if (find(alias)) throw automation::duplicate_key();
-  const uint64_t code = code_of(alias);
-  guesses_[slot_of(code)] = static_cast<uint8_t>(entries_.size());
-  entries_.push_back({code, std::string(alias), wheel});
+  entries_.push_back({std::string(alias), wheel});
 }
 
 int16_t WheelEnumerators::at(std::string_view alias) const {
@@ -65,30 +56,49 @@ int16_t WheelEnumerators::at(std::string_view alias) const {
   return entry->wheel;
 }
 
-WheelTables& wheel_tables() {
-  static WheelTables tables;
-  return tables;
-}
-
-const std::string& alias_of(int32_t wheel) {
+const std::string& WheelTables::alias_of(int32_t wheel) const {
   if (wheel < 1 || wheel > 12) throw automation::subscript_out_of_range();
-  return wheel_tables().RuoteAliasByEnum[static_cast<size_t>(wheel)];
+  return RuoteAliasByEnum[static_cast<size_t>(wheel)];
 }
 
-int16_t wheel_of(std::string_view alias) {
-  const auto& by_alias = wheel_tables().RuoteEnumByAlias;
-  if (!by_alias) throw automation::object_not_set();
-  return by_alias->at(alias);
+int16_t WheelTables::wheel_of(std::string_view alias) const {
+  if (!RuoteEnumByAlias) throw automation::object_not_set();
+  return RuoteEnumByAlias->at(alias);
 }
+
+std::shared_ptr<const WheelTables> wheel_tables() { return current_tables().get(); }
+
+void replace_wheel_tables(WheelTables tables) {
+  current_tables().exchange(std::make_shared<const WheelTables>(std::move(tables)));
+}
+
+std::string alias_of(int32_t wheel) { return wheel_tables()->alias_of(wheel); }
+
+int16_t wheel_of(std::string_view alias) { return wheel_tables()->wheel_of(alias); }
 
 int32_t wheel_argument(const automation::Variant& wheel) {
   return automation::is_numeric(wheel) ? automation::to_long(wheel) : wheel_of(automation::to_text(wheel));
 }
 
+namespace {
+
+void replace_tables(RecordSet& rows) {
+  WheelTables tables = *wheel_tables();
+  try {
+    read_wheels(rows, tables);
+  } catch (...) {
+    replace_wheel_tables(std::move(tables));
+    throw;
+  }
+  replace_wheel_tables(std::move(tables));
+}
+
+}  // namespace
+
 bool PreloadRuoteAlias(const automation::Ref<DbConnector>& connector) {
   return trapped("mPrecarica.PreloadRuoteAlias()", false, [&] {
     return walk_rows(connector, "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote", [](RecordSet& rows) {
-      if (!rows.at_end()) read_wheels(rows, wheel_tables());
+      if (!rows.at_end()) replace_tables(rows);
     });
   });
 }

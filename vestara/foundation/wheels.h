@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,39 +25,44 @@ class VESTARA_API WheelEnumerators {
 
  private:
   struct Entry {
-    uint64_t code;  ///< the alias's bytes, as far as it has eight at most, and 0 otherwise
     std::string alias;
     int16_t wheel;
   };
   const Entry* find(std::string_view alias) const;
-  static size_t slot_of(uint64_t code);
 
   std::vector<Entry> entries_;
-  /// The place of the entry that an alias may be, by its code. So many keep the eleven wheels apart.
-  static constexpr size_t guess_count = 39;
-  std::array<uint8_t, guess_count> guesses_{};
 };
 
-/// The two look-ups between a wheel's alias ("BA") and its enumerator (1). One pair per process, shared by all
-/// objects, overwritten by every preload.
-struct WheelTables {
+/// The two look-ups between a wheel's alias ("BA") and its enumerator (1).
+struct VESTARA_API WheelTables {
   /// Aliases by enumerator 1 to 12; place 0 is never used. Nobody reads 12, though a row may fill it.
   std::array<std::string, 13> RuoteAliasByEnum;
   /// Nothing until a first preload read a row.
   std::optional<WheelEnumerators> RuoteEnumByAlias;
-};
-VESTARA_API WheelTables& wheel_tables();
 
-/// The alias of a wheel. Error 9 outside 1..12.
-VESTARA_API const std::string& alias_of(int32_t wheel);
-/// The enumerator behind an alias. Error 91 before the first preload, 5 for an unknown alias.
+  /// The alias of a wheel. Error 9 outside 1..12.
+  const std::string& alias_of(int32_t wheel) const;
+  /// The enumerator behind an alias. Error 91 before the first preload, 5 for an unknown alias.
+  int16_t wheel_of(std::string_view alias) const;
+};
+
+// One pair of tables serves the whole process and all its threads: each preload replaces it as a whole. A load takes
+// the tables once and keeps them to its end, whatever is preloaded meanwhile, on its own thread or another.
+
+/// The tables of this moment; they never change. Never null.
+VESTARA_API std::shared_ptr<const WheelTables> wheel_tables();
+/// Makes these the tables of the process.
+VESTARA_API void replace_wheel_tables(WheelTables tables);
+
+/// One look into the tables of this moment; the errors are those of WheelTables.
+VESTARA_API std::string alias_of(int32_t wheel);
 VESTARA_API int16_t wheel_of(std::string_view alias);
 /// The enumerator that a member's argument means: itself when it is numeric, otherwise the one behind the alias.
 int32_t wheel_argument(const automation::Variant& wheel);
 
-/// Fills the tables from `ruote`. True when the table was read to its end, also when it is empty (the tables
-/// then keep what they hold). False when it could not be opened, and after an error: an enumerator outside
-/// 1..12, a Null, a second equal alias; what was read before stays.
+/// Replaces the tables by those of `ruote`; an alias that no row replaces stays. True when the table was read to its
+/// end, also when it is empty (the tables then stay). False when it could not be opened, and after an error: an
+/// enumerator outside 1..12, a Null, a second equal alias; what was read before it counts.
 VESTARA_API bool PreloadRuoteAlias(const automation::Ref<DbConnector>& connector);
 /// The same, when there is a connector and it is open: what assigning one does.
 void preload_if_open(const automation::Ref<DbConnector>& connector);

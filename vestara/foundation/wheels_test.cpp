@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/log_capture.h"
+#include "tests/support/recordset.h"
 #include "tests/support/values.h"
+#include "vestara/foundation/draw_columns.h"
 #include "vestara/foundation/query.h"
 
 namespace vestara {
@@ -12,6 +14,7 @@ namespace {
 using automation::make;
 using automation::Null;
 using automation::Variant;
+using testing_support::CanonicalWheels;
 using testing_support::ConnectorRef;
 using testing_support::error_of;
 using testing_support::FailingConnector;
@@ -44,7 +47,7 @@ class WheelsTest : public testing::Test {
     connector->default_answer = testing_support::canonical_wheels();
     return PreloadRuoteAlias(make<FailingConnector>(connector, plan));
   }
-  const std::string& alias(size_t wheel) { return wheel_tables().RuoteAliasByEnum.at(wheel); }
+  std::string alias(size_t wheel) { return wheel_tables()->RuoteAliasByEnum.at(wheel); }
 
   UnloadedWheels unloaded_;
   LogCapture log_;
@@ -65,7 +68,7 @@ TEST_F(WheelsTest, LoadsBothLookUpsWithOneStatement) {
   }
   EXPECT_EQ(alias_of(12), "");
   EXPECT_EQ(wheel_of("ba"), 1);
-  EXPECT_EQ(wheel_tables().RuoteEnumByAlias->at("rN"), 11);
+  EXPECT_EQ(wheel_tables()->RuoteEnumByAlias->at("rN"), 11);
   EXPECT_EQ(error_of([] { alias_of(0); }), 9);
   EXPECT_EQ(error_of([] { alias_of(13); }), 9);
   EXPECT_EQ(error_of([] { wheel_of("XX"); }), 5);
@@ -74,7 +77,7 @@ TEST_F(WheelsTest, LoadsBothLookUpsWithOneStatement) {
 
 TEST_F(WheelsTest, EmptyTableIsTrueAndLeavesBothAsTheyWere) {
   EXPECT_TRUE(preload_table(Table{}));
-  EXPECT_FALSE(wheel_tables().RuoteEnumByAlias);
+  EXPECT_FALSE(wheel_tables()->RuoteEnumByAlias);
   EXPECT_EQ(error_of([] { wheel_of("BA"); }), 91);
   preload({{1, "BA"}});
   EXPECT_TRUE(preload_table(Table{}));
@@ -216,6 +219,32 @@ TEST(WheelEnumerators, AliasesIgnoreCase) {
   wheels.add("a long alias", 3);
   EXPECT_EQ(wheels.at("A long Alias"), 3);
   EXPECT_EQ(error_of([&] { wheels.at(std::string_view("\0BA", 3)); }), 5);
+}
+
+TEST(WheelEnumerators, AliasesIgnoreCaseBeyondAscii) {
+  WheelEnumerators wheels;
+  wheels.add("FORLÌ", 1);
+  wheels.add("Ωmega", 2);
+  wheels.add("МОСКВА", 3);
+  EXPECT_EQ(wheels.at("forlì"), 1);
+  EXPECT_EQ(wheels.at("ωMEGA"), 2);
+  EXPECT_EQ(wheels.at("москва"), 3);
+  EXPECT_EQ(error_of([&] { wheels.add("forlÌ", 4); }), 457);
+  EXPECT_EQ(error_of([&] { wheels.at("FORLI"); }), 5);
+}
+
+TEST(WheelColumn, ReadsByTheTablesOfItsBeginning) {
+  const CanonicalWheels loaded;
+  testing_support::MemoryRecordSet rows({{"ruota"}, {{"CA"}, {"ca"}, {"XX"}}});
+  const WheelColumn column(rows);
+  replace_wheel_tables({});
+  EXPECT_EQ(column.wheel(rows), 2);
+  EXPECT_EQ(error_of([&] { WheelColumn(rows).wheel(rows); }), 91);
+  rows.move_next();
+  EXPECT_EQ(column.wheel(rows), 2);
+  rows.move_next();
+  EXPECT_EQ(error_of([&] { column.wheel(rows); }), 5);
+  EXPECT_EQ(column.alias(rows), "XX");
 }
 
 TEST(WheelEnumerators, ManyAliasesAreFoundBesideEachOther) {

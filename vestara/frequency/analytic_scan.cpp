@@ -55,8 +55,8 @@ std::vector<AnalyticLine> scan_analytic_lines(RecordSet& rows) {
   DateCount dates;
   for (int32_t met = 0; !rows.at_end(); rows.move_next()) {
     const int16_t delay = dates.at(rows.value(date));
-    const std::string alias(rows.text(columns.wheel));
-    const int16_t wheel = wheel_of(alias);
+    const std::string alias(columns.wheel.alias(rows));
+    const int16_t wheel = columns.wheel.wheel(rows);
     std::string numbers = new_numbers(rows, columns.numbers, wheel, delay, delays, met);
     if (!numbers.empty())
       lines.push_back({automation::to_date(rows.value(date)), std::move(numbers), delay, alias, wheel});

@@ -41,7 +41,7 @@ Ranking<int16_t> scan_delays(RecordSet& rows, WheelGrid<int16_t>& delays) {
   const DrawColumns columns(rows);
   PerWheel<automation::Int16> draws;
   for (int32_t set = 0; set < all_cells && !rows.at_end();) {
-    const int16_t wheel = wheel_of(rows.text(columns.wheel));
+    const int16_t wheel = columns.wheel.wheel(rows);
     automation::Int16& drawn = draws.at(wheel);
     for (const Column column : columns.numbers) {
       const int32_t number = rows.whole_number(column);

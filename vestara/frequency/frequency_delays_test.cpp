@@ -231,7 +231,7 @@ TEST_F(FrequencyDelaysTest, AnOpenConnectorFillsTheWheelTables) {
     scripted_->state = state;
     frequency_.ActiveConnection(recorder_);
     EXPECT_EQ(recorder_->take(), Calls{"ConnectionState"}) << state;
-    EXPECT_FALSE(wheel_tables().RuoteEnumByAlias);
+    EXPECT_FALSE(wheel_tables()->RuoteEnumByAlias);
   }
   scripted_->state = 1;
   frequency_.ActiveConnection(recorder_);

@@ -2,7 +2,7 @@
 
 #include "automation/doubles.h"
 #include "automation/int16.h"
-#include "vestara/foundation/wheels.h"
+#include "vestara/foundation/draw_columns.h"
 
 namespace vestara {
 namespace {
@@ -11,11 +11,11 @@ namespace {
 template <class Pair>
 void walk_pairs(RecordSet& rows, Pair pair) {
   if (rows.at_end()) return;
-  const Column wheel = rows.column("ruota");
+  const WheelColumn wheel(rows);
   const Column number = rows.column("estrazione");
   const Column count = rows.column("num");
   for (; !rows.at_end(); rows.move_next()) {
-    const int16_t of_wheel = wheel_of(rows.text(wheel));  // the first that fails is the error: in this order
+    const int16_t of_wheel = wheel.wheel(rows);  // the first that fails is the error: in this order
     const int32_t of_number = rows.whole_number(number);
     pair(of_wheel, of_number, rows.whole_number(count));
   }
