@@ -16,11 +16,17 @@ namespace {
 
 /// The day of the draw that lies `back` draws back, 1 being the newest.
 int32_t day_of_draw(const ArchiveSession& session, cLotto& lotto, int32_t back) {
-  const auto date = automation::date_in(lotto.GetDataEstrazioneDaConta(back));
-  if (date) return date->day();
-  if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
-  throw Failure(ExitCode::nothing_found, "the archive does not go back " + counted(static_cast<size_t>(back), "draw") +
-                                             "; vestara archive says what it holds");
+  // Not by GetDataEstrazioneDaConta: it takes a draw before the oldest for an error and logs it.
+  const auto draws = lotto.LoadLottoEstr();
+  if (!draws) session.fail("the archive cannot be read");
+  if (draws->record_count() < back)
+    throw Failure(ExitCode::nothing_found, "the archive does not go back " +
+                                               counted(static_cast<size_t>(back), "draw") +
+                                               "; vestara archive says what it holds");
+  draws->move(back - 1);
+  const auto date = automation::date_in(draws->value(draws->column("dtEstr")));
+  if (!date) session.fail("the archive holds a draw without a date; vestara doctor names it");
+  return date->day();
 }
 
 /// Absent where nothing was drawn.

@@ -94,6 +94,38 @@ class CommandLine(unittest.TestCase):
         return shown
 
 
+class ErrorLog(CommandLine):
+    """A load that meets a number which there is not writes an entry."""
+
+    def logged(self, **environment):
+        self.imported()
+        with contextlib.closing(sqlite3.connect(self.archive)) as archive, archive:
+            archive.execute("UPDATE storico SET estr1 = 91 WHERE id = 1")
+        del self.environment["VESTARA_LOG_DIR"]
+        self.environment |= environment
+        self.expect(DATABASE, "delays")
+
+    def test_lies_in_the_state_folder(self):
+        for variables, place in (({"XDG_STATE_HOME": "{}/state"}, "state/vestara"),
+                                 ({"XDG_STATE_HOME": "", "HOME": "{}/home"}, "home/.local/state/vestara"),
+                                 ({"XDG_STATE_HOME": "relative", "HOME": "{}/home2"}, "home2/.local/state/vestara"),
+                                 ({"VESTARA_LOG_DIR": "{}/scratch", "HOME": "{}/home3"}, "scratch")):
+            self.setUp()
+            self.logged(**{name: value.format(self.folder) for name, value in variables.items()})
+            entry = (self.folder / place / "ErrVestara.log").read_bytes()
+            self.assertIn(b"- Procedura: cFrequenza.LoadRitardi()\r\nDesc.: Subscript out of range\r\n", entry)
+
+    def test_a_pipe_or_a_link_in_its_place_is_left_alone(self):
+        victim = self.write("victim", "kept")
+        log = self.scratch / "ErrVestara.log"
+        os.mkfifo(log)
+        self.logged(VESTARA_LOG_DIR=str(self.scratch))
+        log.unlink()
+        log.symlink_to(victim)
+        self.expect(DATABASE, "delays", timeout=60)
+        self.assertEqual(victim.read_bytes(), b"kept")
+
+
 class RoundTrip(CommandLine):
     def test_every_form_leads_back_to_the_same_bytes(self):
         tsv = self.generated()

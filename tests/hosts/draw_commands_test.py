@@ -101,6 +101,7 @@ class Show(Draws):
             self.assertTrue(self.errors.startswith("vestara: the archive "), self.errors)
         self.sql("DELETE FROM storico")
         self.expect(NOTHING_FOUND, "draw", "show", "--back", 1)
+        self.assertFalse((self.folder / "ErrVestara.log").exists(), "what is not found is no error")
 
     def test_only_the_wheels_that_took_part(self):
         self.expect(OK, "import", "--replace", "-", stdin=csv_of(draw_rows("1871-01-07", 3, ["FI", "VE"])).encode())

@@ -8,6 +8,7 @@
 
 #include "automation/date.h"
 #include "tests/support/log_capture.h"
+#include "tests/support/values.h"
 
 namespace vestara {
 namespace {
@@ -121,6 +122,97 @@ TEST(ErrorLog, FolderComesFromTheEnvironment) {
   EXPECT_FALSE(bytes_of(folder.path() / "ErrVestara.log").empty());
   ::unsetenv("VESTARA_LOG_DIR");
   EXPECT_EQ(log_path(), usual.string());
+}
+
+std::string entry_of(std::string_view label, std::string_view description) {
+  return log_entry(label, RunTimeError(6, std::string(description)), testing_support::moment({2005, 2, 9, 10, 5, 1}));
+}
+
+TEST(ErrorLog, EveryMomentHasATime) {
+  const struct {
+    automation::Date moment;
+    const char* text;
+  } rows[] = {{testing_support::day(2005, 2, 9), "09/02/2005 00:00:00"},
+              {testing_support::moment({2005, 2, 9, 0, 0, 1}), "09/02/2005 00:00:01"},
+              {testing_support::moment({2026, 12, 31, 23, 59, 59}), "31/12/2026 23:59:59"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(log_entry("a()", RunTimeError(6), row.moment),
+              std::string(row.text) + "- Procedura: a()\r\nDesc.: Overflow\r\nErrore N.: 6");
+}
+
+TEST(ErrorLog, NoTextForgesAnEntryOrGivesOrders) {
+  const struct {
+    const char *what, *text, *shown;
+  } rows[] = {{"an entry in an entry", "x\r\nErrore N.: 6\r\n\r\n09/02/2005- Procedura: y()",
+               "x??Errore N.: 6????09/02/2005- Procedura: y()"},
+              {"line feed", "a\nb", "a?b"},
+              {"a terminal's sequence", "\033]0;t\a", "?]0;t?"},
+              {"in C1", "a\u009B2Jb", "a?2Jb"},
+              {"direction", "\u202Egol.\u2066", "?gol.?"},
+              {"no UTF-8", "a\xFF\xC3", "a??"},
+              {"ordinary letters", "perch\u00E9 \u03A9", "perch\u00E9 \u03A9"}};
+  for (const auto& row : rows) {
+    const std::string plain = "09/02/2005 10:05:01- Procedura: ";
+    EXPECT_EQ(entry_of("a()", row.text), plain + "a()\r\nDesc.: " + row.shown + "\r\nErrore N.: 6") << row.what;
+    EXPECT_EQ(entry_of(row.text, ""), plain + row.shown + "\r\nDesc.: \r\nErrore N.: 6") << row.what;
+  }
+}
+
+TEST(ErrorLog, EntriesAreBounded) {
+  const LogCapture log;
+  log_error(std::string(100000, 'l'), RunTimeError(6, std::string(100000, 'd')));
+  EXPECT_EQ(log.entries().at(0).label, std::string(200, 'l') + "\x85");
+  EXPECT_EQ(log.entries().at(0).description, std::string(2000, 'd') + "\x85");
+}
+
+TEST(ErrorLog, IsRotatedAtFourMebibytesAndKeepsOnePredecessor) {
+  const LogCapture log;
+  constexpr size_t largest = size_t{4} << 20U;
+  const std::string full(largest - 10, 'x');
+  const TemporaryFolder folder;
+  set_log_folder(folder.path().string());
+  folder.file("ErrVestara.log", full);
+  folder.file("ErrVestara.log.1", "older");
+  log_error("a()", RunTimeError(6));
+  EXPECT_TRUE(bytes_of(folder.path() / "ErrVestara.log.1") == full);
+  EXPECT_LT(bytes_of(folder.path() / "ErrVestara.log").size(), 100U);
+  log_error("b()", RunTimeError(6));
+  EXPECT_LT(bytes_of(folder.path() / "ErrVestara.log").size(), 200U);
+}
+
+TEST(ErrorLog, LiesInTheStateFolderWhereTheUsualOneCannotBeWritten) {
+  const struct {
+    const char *state_home, *home, *expected;
+  } rows[] = {{"/s", "/h", "/s/vestara"},
+              {"", "/h", "/h/.local/state/vestara"},
+              {"s", "/h", "/h/.local/state/vestara"},
+              {"", "", ""},
+              {"s", "h", ""},
+              {"./s", "~", ""}};
+  const TemporaryFolder usable;
+  const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+  for (const auto& row : rows) {
+    ::setenv("XDG_STATE_HOME", row.state_home, 1);
+    ::setenv("HOME", row.home, 1);
+    EXPECT_EQ(state_folder(), row.expected) << row.state_home << ' ' << row.home;
+    const std::string fallback =
+        row.expected[0] ? std::string(row.expected) + "/ErrVestara.log" : "/no/such/ErrVestara.log";
+    EXPECT_EQ(writable_log("/no/such"), fallback);
+    EXPECT_EQ(writable_log(usable.path().string()), usable.path_to("ErrVestara.log"));
+  }
+  ::unsetenv("XDG_STATE_HOME");
+  ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST(ErrorLog, TheStateFolderIsMadeWithItsFirstEntry) {
+  const TemporaryFolder folder;
+  ::setenv("XDG_STATE_HOME", folder.path_to("state").c_str(), 1);
+  set_log_folder(state_folder());
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "state"));
+  log_error("a()", RunTimeError(6));
+  EXPECT_FALSE(bytes_of(folder.path() / "state" / "vestara" / "ErrVestara.log").empty());
+  set_log_folder({});
+  ::unsetenv("XDG_STATE_HOME");
 }
 
 }  // namespace
