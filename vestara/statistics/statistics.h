@@ -31,17 +31,18 @@ class VESTARA_API cStatistiche final : public automation::Object {
   /// Hands the connector on to Distanze.
   void ActiveConnection(automation::Ref<DbConnector> connector);
 
-  // Draws that held so many of the numbers.
+  // Single numbers, pairs … quintuples of the numbers that the draws held: a draw with three of them has three
+  // numbers, three pairs and one triple.
   int32_t EstrAmbate() const { return single_; }
-  void EstrAmbate(int32_t draws) { single_ = draws; }
+  void EstrAmbate(int32_t count) { single_ = count; }
   int32_t EstrAmbi() const { return pairs_; }
-  void EstrAmbi(int32_t draws) { pairs_ = draws; }
+  void EstrAmbi(int32_t count) { pairs_ = count; }
   int32_t EstrTerni() const { return triples_; }
-  void EstrTerni(int32_t draws) { triples_ = draws; }
+  void EstrTerni(int32_t count) { triples_ = count; }
   int32_t EstrQuaterne() const { return quadruples_; }
-  void EstrQuaterne(int32_t draws) { quadruples_ = draws; }
+  void EstrQuaterne(int32_t count) { quadruples_ = count; }
   int32_t EstrCinquine() const { return quintuples_; }
-  void EstrCinquine(int32_t draws) { quintuples_ = draws; }
+  void EstrCinquine(int32_t count) { quintuples_ = count; }
 
   int16_t EstrNumeriGiocatiQta() const { return numbers_played_; }
   void EstrNumeriGiocatiQta(int16_t count) { numbers_played_ = count; }
