@@ -38,6 +38,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/VestaraConfigVersion.cmak
 install(FILES ${PROJECT_BINARY_DIR}/VestaraConfig.cmake ${PROJECT_BINARY_DIR}/VestaraConfigVersion.cmake
         DESTINATION ${package_folder} COMPONENT Development)
 
+file(RELATIVE_PATH prefix_of_pc_files /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+string(REGEX REPLACE "/$" "" prefix_of_pc_files "${prefix_of_pc_files}")
 foreach(package vestara dorvane)
   configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
