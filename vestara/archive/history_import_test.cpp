@@ -139,6 +139,15 @@ TEST_F(HistoryImportTest, FileThatCannotBeOpenedIsAFailure) {
   }
 }
 
+TEST_F(HistoryImportTest, FileWithoutAFolderIsError76) {
+  const std::string file = folder_.file("no folder", "x");
+  for (const std::string& path : {folder_.path_to("missing/x"), file + "/x"}) {
+    lotto_.FileUpdate(path);
+    EXPECT_FALSE(lotto_.UpdateTblStorico());
+    EXPECT_EQ(log_.take(), Calls{label + std::string("76")}) << path;
+  }
+}
+
 TEST_F(HistoryImportTest, RecordsThatFail) {
   const std::string good = records(1);
   const struct {

@@ -165,5 +165,17 @@ TEST_F(LateBound, TheImportRunsOverAScriptsConnector) {
   EXPECT_EQ(statements_[0], "DELETE FROM storico");
 }
 
+TEST(LateBoundRecordSet, IsOpenInEveryStateButZero) {
+  const struct {
+    Variant state;
+    bool open;
+  } rows[] = {{0, false}, {1, true}, {5, true}, {9, true}, {-1, true}, {"0", false}, {"4", true}, {false, false}};
+  for (const auto& row : rows) {
+    const auto object = automation::make<ScriptObject>();
+    object->members["State"] = [&](auto) { return row.state; };
+    EXPECT_EQ(late_bound_recordset(object)->is_open(), row.open) << testing::PrintToString(row.state);
+  }
+}
+
 }  // namespace
 }  // namespace vestara

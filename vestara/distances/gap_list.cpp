@@ -13,6 +13,7 @@ void GapList::restart(DateOrder order) {
   order_ = order;
   items_.clear();
   wheels_.clear();
+  places_.clear();
 }
 
 void GapList::add(const Hit& hit, int32_t draws) {
@@ -28,12 +29,12 @@ void GapList::add(const Hit& hit, int32_t draws) {
 void GapList::add_trailing(int32_t draws) { items_.push_back({.draws = draws, .is_trailing = true}); }
 
 uint16_t GapList::wheel_place(std::string_view alias) {
-  const auto place = std::find(wheels_.begin(), wheels_.end(), alias) - wheels_.begin();
-  if (place == static_cast<std::ptrdiff_t>(wheels_.size())) {
-    if (wheels_.size() > UINT16_MAX) throw automation::overflow();
-    wheels_.emplace_back(alias);
-  }
-  return static_cast<uint16_t>(place);
+  if (const auto known = places_.find(alias); known != places_.end()) return known->second;
+  if (wheels_.size() > UINT16_MAX) throw automation::overflow();
+  const auto place = static_cast<uint16_t>(wheels_.size());
+  wheels_.emplace_back(alias);
+  places_.emplace(alias, place);
+  return place;
 }
 
 const GapList::Item& GapList::item(int32_t index) const {

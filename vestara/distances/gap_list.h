@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -65,11 +67,13 @@ class VESTARA_API GapList {
   const Item& item(int32_t index) const;
   automation::Variant reached_date(int32_t index) const;
   automation::Variant previous_date(int32_t index) const;
+  /// Error 6 for more aliases than places.
   uint16_t wheel_place(std::string_view alias);
 
   DateOrder order_ = DateOrder::newest_first;
   std::vector<Item> items_;
   std::vector<std::string> wheels_;
+  std::map<std::string, uint16_t, std::less<>> places_;  ///< of the aliases in wheels_
 };
 
 /// Means and extremes of a list.

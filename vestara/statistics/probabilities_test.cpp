@@ -27,23 +27,26 @@ TEST_F(ProbabilitiesTest, KnownPercentages) {
     const char* what;
     int16_t numbers, hits, wheels;
     double percent;
-  } rows[] = {{"one number: one in eighteen", 1, 1, 1, 100.0 / 18},
-              {"ambo secco: one in 400.5", 2, 2, 1, 100 / 400.5},
-              {"terno secco: one in 11748", 3, 3, 1, 100.0 / 11748},
-              {"quaterna secca: one in 511038", 4, 4, 1, 100.0 / 511038},
-              {"cinquina secca", 5, 5, 1, 100.0 / 43949268},
-              {"one number on all wheels", 1, 1, 11, 46.6738071389},
-              {"an ambo of five numbers", 5, 2, 1, 2.3295632592},
-              {"ninety numbers always hit", 90, 5, 1, 100},
-              {"no numbers never do", 0, 1, 1, 0},
-              {"86 numbers leave too few others", 86, 1, 1, 100},
-              {"k of 0 is that of 1", 7, 0, 3, 71.1674237337},
-              {"and below 0", 7, -5, 3, 71.1674237337},
-              {"no wheels are one", 1, 1, 0, 100.0 / 18},
-              {"and below 0", 1, 1, -3, 100.0 / 18},
-              {"more than five of five: the sum stops at four", 5, 7, 1, 100.0 / 43949268},
-              {"more numbers than there are", 91, 1, 1, (1 + 1.0 / 43949268) * 100},
-              {"fewer than none: below 0", -1, 1, 1, (1 - 46504458.0 / 43949268) * 100}};
+  } rows[] = {
+      {"one number: one in eighteen", 1, 1, 1, 100.0 / 18},
+      {"ambo secco: one in 400.5", 2, 2, 1, 100 / 400.5},
+      {"terno secco: one in 11748", 3, 3, 1, 100.0 / 11748},
+      {"quaterna secca: one in 511038", 4, 4, 1, 100.0 / 511038},
+      {"cinquina secca", 5, 5, 1, 100.0 / 43949268},
+      {"one number on all wheels", 1, 1, 11, 46.6738071389},
+      {"an ambo of five numbers", 5, 2, 1, 2.3295632592},
+      {"ninety numbers always hit", 90, 5, 1, 100},
+      {"no numbers never do", 0, 1, 1, 0},
+      {"86 numbers leave too few others", 86, 1, 1, 100},
+      {"k of 0 is that of 1", 7, 0, 3, 71.1674237337},
+      {"and below 0", 7, -5, 3, 71.1674237337},
+      {"no wheels are one", 1, 1, 0, 100.0 / 18},
+      {"and below 0", 1, 1, -3, 100.0 / 18},
+      {"more than five of five: the sum stops at four", 5, 7, 1, 100.0 / 43949268},
+      {"certain on one wheel, so on three", 90, 5, 3, 100},
+      {"more than certain: no root of a negative number", 100, 1, 3, 100 * (1 - std::pow(-2002.0 / 43949268, 3))},
+      {"more numbers than there are", 91, 1, 1, (1 + 1.0 / 43949268) * 100},
+      {"fewer than none: below 0", -1, 1, 1, (1 - 46504458.0 / 43949268) * 100}};
   for (const auto& row : rows)
     EXPECT_NEAR(statistics_.CalcolaPercTeorica(row.numbers, row.hits, row.wheels), row.percent, 1e-9) << row.what;
   EXPECT_EQ(log_.bytes(), "");
