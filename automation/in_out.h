@@ -11,6 +11,7 @@ template <class T>
 class InOut {
  public:
   InOut(T& variable) : target_(&variable) {}
+  InOut(const T& value) : own_(value), target_(&own_) {}
   InOut(T&& value = T{}) : own_(std::move(value)), target_(&own_) {}
   template <class U>
   requires(!std::is_same_v<std::remove_cvref_t<U>, T> && std::is_constructible_v<T, U>) InOut(U&& value)

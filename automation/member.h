@@ -326,9 +326,9 @@ class Argument<InOut<T>> {
   using Type = TypeOf<T>;
   explicit Argument(Variant& given) : given_(given), value_(convert<T>(given)), before_(value_) {}
   InOut<T> value() { return InOut<T>(value_); }
-  /// The caller's variable keeps its type as long as its value did not change.
+  /// The caller's variable keeps its type as long as its value did not change; a flag comes back as what ran.
   void write_back() {
-    if (!(value_ == before_)) given_ = Variant(std::move(value_));
+    if (std::is_same_v<T, bool> || !(value_ == before_)) given_ = Variant(std::move(value_));
   }
 
  private:
@@ -342,14 +342,20 @@ Variant invoke_member(Object& self, [[maybe_unused]] std::span<Variant> given, s
   auto& object = static_cast<Class&>(self);
   std::tuple<Argument<Arguments>...> arguments{Argument<Arguments>(given[Index])...};
   const auto write_back = [&] { (std::get<Index>(arguments).write_back(), ...); };
-  if constexpr (std::is_void_v<Result>) {
-    (object.*Function)(std::get<Index>(arguments).value()...);
+  try {
+    if constexpr (std::is_void_v<Result>) {
+      (object.*Function)(std::get<Index>(arguments).value()...);
+      write_back();
+      return {};
+    } else {
+      Variant result = outgoing((object.*Function)(std::get<Index>(arguments).value()...));
+      write_back();
+      return result;
+    }
+  } catch (...) {
+    // A variable passed by reference holds what the member left in it, by whatever way the member ends.
     write_back();
-    return {};
-  } else {
-    Variant result = outgoing((object.*Function)(std::get<Index>(arguments).value()...));
-    write_back();
-    return result;
+    throw;
   }
 }
 

@@ -65,7 +65,13 @@ void invoke(Object& object, int32_t id, au_invoke_kind kind, au_value* values, s
   Frame frame(values, count);
   // The member may let the last reference go that the host's other code holds.
   const Ref<Object> alive(&object);
-  const Variant answer = object.invoke(id, invoke_kind(kind), frame.arguments(), names);
+  Variant answer;
+  try {
+    answer = object.invoke(id, invoke_kind(kind), frame.arguments(), names);
+  } catch (...) {
+    frame.give_back();
+    throw;
+  }
   frame.give_back();
   if (result) to_value(answer, *result);
 }

@@ -25,6 +25,16 @@ DISPID parameter_id(const ClassDescription& description, int32_t member, std::st
   return DISPID_UNKNOWN;
 }
 
+/// What the member left in variables passed by reference goes back also when it raises.
+Variant answer_of(Object& object, DISPID id, InvokeKind kind, Frame& frame) {
+  try {
+    return object.invoke(id, kind, frame.arguments(), frame.names());
+  } catch (...) {
+    frame.give_back();
+    throw;
+  }
+}
+
 std::string full_name(const ClassDescription& description) {
   return std::string(description.library).append(".").append(description.name);
 }
@@ -113,7 +123,7 @@ HRESULT Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* given,
     if (id == DISPID_NEWENUM && is_walked(description)) return new_enumerator(object, result);
     const InvokeKind kind = kind_of(flags, *given);
     Frame frame(description, id, kind, *given);
-    const Variant answer = object->invoke(id, kind, frame.arguments(), frame.names());
+    const Variant answer = answer_of(*object, id, kind, frame);
     frame.give_back();
     if (result) to_value(answer, *result);
     return S_OK;

@@ -24,7 +24,7 @@ namespace {
 constexpr int32_t first_position = 2;
 
 void add_row(RecordSet& row, const DrawColumns& columns, Column key_column, cEstrazione& draw) {
-  const int32_t wheel = wheel_of(row.text(columns.wheel));
+  const int32_t wheel = columns.wheel.wheel(row);
   const int32_t key = automation::to_long(row.value(key_column));
   int32_t position = first_position;
   for (const Column number : columns.numbers)
@@ -47,10 +47,19 @@ Ref<cEstrazione> read_draw(RecordSet& rows) {
 Variant cLotto::GetDataEstrazioneDaConta(int32_t nEstrazioniPrec, const Variant& daDataNow) {
   return trapped("cLotto.GetDataEstrazioneDaConta()", Variant(), [&]() -> Variant {
     // A missing date stays missing: the listing then has no upper bound, on purpose.
-    const Ref<RecordSet> rows = LoadLottoEstr("", 0, "", GetMinDateStorico(), daDataNow);
+    Ref<RecordSet> rows = LoadLottoEstr("", 0, "", GetMinDateStorico(), daDataNow);
     if (!rows) return {};
-    rows->move(automation::checked_long(int64_t{nEstrazioniPrec} - 1));
-    return automation::to_date(automation::to_text(rows->value(rows->column("dtEstr"))));
+    const Ref<DbConnector> held(&connector());
+    std::string date;
+    try {
+      rows->move(automation::checked_long(int64_t{nEstrazioniPrec} - 1));
+      date = automation::to_text(rows->value(rows->column("dtEstr")));
+    } catch (...) {
+      held->CloseRecordset(rows);
+      throw;
+    }
+    held->CloseRecordset(rows);
+    return automation::to_date(date);
   });
 }
 

@@ -319,7 +319,7 @@ TEST_F(DrawsBackTest, CountsFromTheNewestDraw) {
     EXPECT_EQ(log_.take(), row.log) << row.what;
     EXPECT_EQ(recorder_->take(), (Calls{std::string("OpenRecordset ") + minimum, "CloseRecordset",
                                         "OpenRecordset " + counting(from_oldest), "CloseRecordset",
-                                        "OpenRecordset " + dates(from_oldest)}));
+                                        "OpenRecordset " + dates(from_oldest), "CloseRecordset"}));
   }
 }
 
@@ -339,7 +339,7 @@ TEST_F(DrawsBackTest, LastDateBoundsTheListing) {
     SCOPED_TRACE(row.what);
     list(row.where, {{179, day(2026, 11, 13)}});
     EXPECT_EQ(lotto_.GetDataEstrazioneDaConta(1, row.now), Variant(day(2026, 11, 13)));
-    EXPECT_EQ(recorder_->take().back(), "OpenRecordset " + dates(row.where));
+    EXPECT_EQ(recorder_->take().end()[-2], "OpenRecordset " + dates(row.where));
   }
   EXPECT_EQ(log_.bytes(), "");
 }

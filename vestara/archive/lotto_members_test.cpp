@@ -133,8 +133,14 @@ TEST_F(LottoLateBoundTest, SearchWritesTheFlagBack) {
   EXPECT_EQ(given_.back(), Variant(true));
   EXPECT_EQ(call("loadlottoestr", {false}, {"bTutteLeEstrazioni"}), "Object");
   EXPECT_EQ(given_.back(), Variant(true));
-  EXPECT_EQ(call("LoadLottoEstr", {"5,12", 2, "BA", Null{}, Null{}, 0}), "Object");
-  EXPECT_EQ(given_.back(), Variant(0));
+  const struct {
+    Variant given;
+    bool after;
+  } rows[] = {{0, false}, {5, true}, {"True", true}, {"False", false}, {automation::Empty{}, false}, {-1, true}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(call("LoadLottoEstr", {"5,12", 2, "BA", Null{}, Null{}, row.given}), "Object");
+    EXPECT_EQ(given_.back(), Variant(row.after));
+  }
   EXPECT_EQ(call("LoadLottoEstr", {"5", "BA"}, {"sRuote"}), "Object");
   EXPECT_EQ(call("LoadLottoEstr"), "Object");
   EXPECT_EQ(call("LoadLottoEstr", {"5", 70000}), "error 6");

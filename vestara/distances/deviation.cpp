@@ -1,5 +1,7 @@
 #include "vestara/distances/deviation.h"
 
+#include <algorithm>
+
 #include "automation/coercion.h"
 #include "automation/doubles.h"
 #include "automation/error.h"
@@ -13,15 +15,21 @@ struct Sums {
   double count = 0;
   double sum = 0;
   double squares = 0;
+  double first = 0;
+  bool are_equal = true;
 
   void add(double value) {
+    if (count == 0) first = value;
+    are_equal = are_equal && value == first;
     ++count;
     sum = automation::finite(sum + value);
     squares = automation::finite(squares + automation::finite(value * value));
   }
   double root_over(double divisor) const {
     const double residue = squares - automation::quotient(automation::finite(sum * sum), count);
-    return automation::square_root(automation::quotient(residue, divisor));
+    // Binary fractions may leave a residue where there is none, or one below zero.
+    const double deviating = are_equal ? 0 : std::max(residue, 0.0);
+    return automation::square_root(automation::quotient(deviating, divisor));
   }
 };
 

@@ -20,10 +20,10 @@ void cDistanze::ActiveConnection(Ref<DbConnector> connector) { connector_ = std:
 
 void cDistanze::LoadDistanze(const std::string& sNum, int16_t combinazioneTipo, const std::string& sRuote,
                              const Variant& dtDa, const Variant& dtA, automation::InOut<bool> bTutteLeEstrazioni,
-                             bool bTutteLeRuote, bool bSortASC) {
-  const DateOrder order = date_order(bSortASC);
+                             bool bTutteLeRuote, automation::InOut<bool> bSortASC) {
+  const DateOrder order = date_order(*bSortASC);
   gaps_.restart(order);
-  trapped(bSortASC ? "cDistanze.LoadDistanzeASC()" : "cDistanze.LoadDistanzeDESC()", [&] {
+  trapped(*bSortASC ? "cDistanze.LoadDistanzeASC()" : "cDistanze.LoadDistanzeDESC()", [&] {
     if (sNum.empty()) *bTutteLeEstrazioni = true;
     const std::string wheels =
         bTutteLeRuote && *bTutteLeEstrazioni ? std::string() : FormatRuoteToSql(sRuote, WheelChoice::listed);

@@ -58,12 +58,13 @@ class VESTARA_API cDistanze final : public automation::Object {
 
   /// Finds the gaps of the numbers `sNum` ("5,12,33"), `combinazioneTipo` of which make a hit, on the wheels
   /// `sRuote` ("BA,NA", "" for all). `bTutteLeRuote` drops the wheels only together with `bTutteLeEstrazioni`, which
-  /// comes back True when there are no numbers. `bSortASC` walks from the oldest draw forward.
+  /// comes back True when there are no numbers. `bSortASC` walks from the oldest draw forward, and
+  /// comes back as the direction that ran.
   void LoadDistanze(const std::string& sNum = {}, int16_t combinazioneTipo = 0, const std::string& sRuote = {},
                     const automation::Variant& dtDa = automation::Missing{},
                     const automation::Variant& dtA = automation::Missing{},
                     automation::InOut<bool> bTutteLeEstrazioni = false, bool bTutteLeRuote = false,
-                    bool bSortASC = false);
+                    automation::InOut<bool> bSortASC = false);
 
  private:
   automation::Ref<DbConnector> connector_;

@@ -343,19 +343,24 @@ TEST_F(HitDistancesByName, ValuesHaveTheirTypes) {
   for (const auto& row : rows) EXPECT_EQ(call(row.member, row.index), row.value) << row.member;
 }
 
-TEST_F(HitDistancesByName, LoadWritesTheFlagBackAndLeavesTheDirection) {
+TEST_F(HitDistancesByName, LoadWritesBothFlagsBackAsTheyRan) {
   const struct {
     const char* numbers;
-    Variant all_draws, ascending, all_draws_after;
-  } rows[] = {{"", false, false, true},
-              {"", false, true, true},
-              {"5", false, true, false},
-              {"5", true, false, true},
-              {"5", 0, -1, 0}};
+    Variant all_draws, ascending, all_draws_after, ascending_after;
+  } rows[] = {{"", false, false, true, false},
+              {"", false, true, true, true},
+              {"5", false, true, false, true},
+              {"5", true, false, true, false},
+              {"5", 0, -1, false, true},
+              {"5", 5, 5, true, true},
+              {"5", "True", "False", true, false},
+              {"5", "1", 0.5, true, true},
+              {"", 5, automation::Empty{}, true, false},
+              {"5", automation::Empty{}, int16_t{0}, false, false}};
   for (const auto& row : rows) {
     EXPECT_EQ(call("LoadDistanze", {row.numbers, 1, "", null, missing, row.all_draws, false, row.ascending}), "Empty");
     EXPECT_EQ(given_[5], row.all_draws_after);
-    EXPECT_EQ(given_[7], row.ascending);
+    EXPECT_EQ(given_[7], row.ascending_after);
     EXPECT_EQ(given_[0], Variant(row.numbers));
   }
   EXPECT_EQ(call("LoadDistanze"), "Empty");
@@ -363,6 +368,14 @@ TEST_F(HitDistancesByName, LoadWritesTheFlagBackAndLeavesTheDirection) {
   EXPECT_TRUE(gaps_.ISSortASC());
   EXPECT_EQ(call("LoadDistanze", {"5", 40000}), "error 6");
   EXPECT_EQ(log_.bytes(), "");
+}
+
+TEST_F(HitDistancesByName, FlagsComeBackAlsoWhenTheLoadFails) {
+  gaps_.ActiveConnection(Ref<DbConnector>());
+  EXPECT_EQ(call("LoadDistanze", {"", 1, "", null, missing, 0, false, 5}), "Empty");
+  EXPECT_EQ(given_[5], Variant(true));
+  EXPECT_EQ(given_[7], Variant(true));
+  EXPECT_EQ(log_.take(), Calls{"cDistanze.LoadDistanzeASC() 91"});
 }
 
 }  // namespace

@@ -297,7 +297,7 @@ TEST_F(NumberDistancesTest, StandardDeviation) {
               {"a word", Array(VariantKind::empty, 0, {1, "x"}), true, true, 0, 13},
               {"Null", Array(VariantKind::empty, 0, {null}), false, false, 0, 94},
               {"no array", 5, true, true, 0, 13},
-              {"rounding", Array(VariantKind::empty, 0, {0.1, 0.1, 0.1}), true, true, 0, 5}};
+              {"equal values with a residue", Array(VariantKind::empty, 0, {0.1, 0.1, 0.1}), true, true, 0.1, 0}};
   for (const auto& row : rows) {
     EXPECT_DOUBLE_EQ(distances_.StandardDeviation(row.numbers, row.sample, row.ignore_empty), row.deviation)
         << row.what;

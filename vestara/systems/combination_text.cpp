@@ -55,7 +55,6 @@ std::string distinct_elements(std::string_view combinations) {
 std::vector<std::string> converted_lines(std::string_view combinations, std::span<const std::string_view> old_elements,
                                          std::span<const std::string_view> new_elements) {
   std::vector<std::string> lines;
-  if (old_elements.size() != new_elements.size()) return lines;
   std::map<int32_t, std::string_view> replacements;
   for (size_t i = 0; i < old_elements.size(); ++i) {
     const int32_t number = automation::to_long(Variant(old_elements[i]));

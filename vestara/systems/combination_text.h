@@ -19,7 +19,7 @@ VESTARA_API std::string_view trimmed_to_digits(std::string_view combinations);
 VESTARA_API std::string distinct_elements(std::string_view combinations);
 
 /// The lines rewritten onto other numbers: each element replaced by the new one that stands where it stands among
-/// the distinct elements. Lines that become empty are left out; no lines when the two lists differ in length.
+/// the distinct elements. Lines that become empty are left out. Both lists are equally long.
 /// Error 13 for an element that is no number, 9 for a negative one and for one that is not among the old ones.
 std::vector<std::string> converted_lines(std::string_view combinations, std::span<const std::string_view> old_elements,
                                          std::span<const std::string_view> new_elements);

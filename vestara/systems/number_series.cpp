@@ -74,6 +74,19 @@ Array random_series(int32_t count, int32_t least, int32_t most, Repetition repet
           repetition == Repetition::allowed ? draw_any(urn, numbers) : draw_distinct(urn, numbers, size)};
 }
 
+namespace {
+
+/// The first pass of a sort by exchanges. It looks at every element: one that is no number is met here, and what was
+/// exchanged before it stays.
+void exchange_once(std::vector<Variant>& items) {
+  for (size_t i = 0; i + 1 < items.size(); ++i) {
+    const int32_t number = automation::to_long(items[i]);
+    if (number > automation::to_long(items[i + 1])) std::swap(items[i], items[i + 1]);
+  }
+}
+
+}  // namespace
+
 void sort_by_number(Variant& array) {
   if (array.is_object()) {
     Variant plain = automation::to_plain(array);
@@ -86,6 +99,7 @@ void sort_by_number(Variant& array) {
   if (elements->bounds().size() != 1) throw automation::subscript_out_of_range();
   std::vector<Variant>& items = elements->items();
   if (items.size() < 2) return;
+  exchange_once(items);
   std::vector<std::pair<int32_t, size_t>> order;  // the number of each element, and where it was
   order.reserve(items.size());
   for (const Variant& item : items) order.emplace_back(automation::to_long(item), order.size());

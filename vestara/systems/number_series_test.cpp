@@ -98,6 +98,11 @@ TEST_F(NumberSeriesTest, EqualBoundsRepeatTheirNumber) {
   EXPECT_EQ(series(1, -7, -7), (std::vector<int32_t>{-7}));
 }
 
+TEST_F(NumberSeriesTest, TheLargestRangeIsAllowed) {
+  const int32_t last = (1 << 30) - 1;
+  for (const int32_t least : {0, -last, smallest}) EXPECT_EQ(series(5, least, least + last, true).size(), 5U) << least;
+}
+
 TEST_F(NumberSeriesTest, RepetitionDoesHappen) {
   const auto numbers = series(91, 1, 90, true);
   EXPECT_LT(std::set(numbers.begin(), numbers.end()).size(), numbers.size());
@@ -151,6 +156,7 @@ TEST_F(NumberSeriesTest, ErrorsReachTheCallerWithoutAnEntry) {
               {most_random_numbers + 1, 1, 90, true, 7},
               {largest, 1, largest, false, 7},
               {1, 0, 1 << 30, false, 7},
+              {1, 0, 1 << 30, true, 7},
               {1, smallest, largest, false, 7}};
   for (const auto& row : rows) {
     SCOPED_TRACE(std::to_string(row.count) + " of " + std::to_string(row.least) + " to " + std::to_string(row.most));
@@ -244,27 +250,33 @@ TEST_F(NumberSeriesTest, BoundsAndDeclaredKindStay) {
   }
 }
 
-TEST_F(NumberSeriesTest, WhatCannotBeSortedStaysAsItWas) {
+TEST_F(NumberSeriesTest, WhatWasExchangedBeforeAFailureStays) {
   const auto of = [](Values items) { return Variant(Array(VariantKind::empty, 0, std::move(items))); };
   const struct {
     Variant given;
     int32_t error;
-  } rows[] = {{of({3, 2, "word"}), 13},
-              {of({"word", 1}), 13},
-              {of({2, 1, ""}), 13},
-              {of({2, 1, "1,5"}), 13},
-              {of({2, 1, Null{}}), 94},
-              {of({2, 1, 3e9}), 6},
-              {of({2, 1, "-99999999999"}), 6},
-              {of({2, 1, of({0})}), 13},
-              {5, 13},
-              {"3,2,1", 13},
-              {Empty{}, 13}};
+    Variant left;
+  } rows[] = {{of({3, 2, "word"}), 13, of({2, 3, "word"})},
+              {of({9, 1, 5, 2, "word", 7, 3}), 13, of({1, 5, 2, 9, "word", 7, 3})},
+              {of({1, 2, "word", 0}), 13, of({1, 2, "word", 0})},
+              {of({"word", 1}), 13, of({"word", 1})},
+              {of({2, 1, ""}), 13, of({1, 2, ""})},
+              {of({2, 1, "1,5"}), 13, of({1, 2, "1,5"})},
+              {of({2, 1, Null{}}), 94, of({1, 2, Null{}})},
+              {of({Null{}, "word"}), 94, of({Null{}, "word"})},
+              {of({2, 1, 3e9}), 6, of({1, 2, 3e9})},
+              {of({2, 1, "-99999999999"}), 6, of({1, 2, "-99999999999"})},
+              {of({2, 1, of({0})}), 13, of({1, 2, of({0})})},
+              {5, 13, 5},
+              {"3,2,1", 13, "3,2,1"},
+              {Empty{}, 13, Empty{}}};
   for (const auto& row : rows) {
     SCOPED_TRACE(describe(row.given));
     Variant array = row.given;
     EXPECT_EQ(error_of([&] { systems_.ArrNumbersSort(array); }), row.error);
-    EXPECT_EQ(array, row.given);
+    EXPECT_EQ(array, row.left);
+    EXPECT_EQ(call("ArrNumbersSort", {row.given}), "error " + std::to_string(row.error));
+    EXPECT_EQ(given_[0], row.left);
   }
   EXPECT_EQ(log_.bytes(), "");
 }

@@ -70,11 +70,12 @@ Array cSistemi::GetSisNumsConvert(const std::string& sCombi, const std::string& 
                                   InOut<std::string> sCombiRes) const {
   const Array nothing(automation::VariantKind::text, 0, std::vector<Variant>());
   return trapped("cSistemi.GetSisNumsConvert()", nothing, [&] {
-    sCombiRes->clear();
     const std::string combinations = CombiTextFilter(sCombi);
     const std::string old_numbers = GetCombiNumbers(combinations);
-    const std::vector<std::string> lines =
-        converted_lines(combinations, automation::split(old_numbers, ','), automation::split(sNumsNew, ','));
+    const std::vector<std::string_view> old_elements = automation::split(old_numbers, ',');
+    const std::vector<std::string_view> new_elements = automation::split(sNumsNew, ',');
+    if (old_elements.size() != new_elements.size()) return nothing;
+    const std::vector<std::string> lines = converted_lines(combinations, old_elements, new_elements);
     *sCombiRes = joined_lines(lines);
     return Array(automation::VariantKind::text, 0, std::vector<Variant>(lines.begin(), lines.end()));
   });
@@ -84,7 +85,6 @@ Ref<RecordSet> cSistemi::GetSistemaCombi(int32_t lIdSis, const std::string& sNum
                                          InOut<std::string> sResCombi) const {
   return trapped("cSistemi.GetSistemaCombi()", Ref<RecordSet>(), [&] {
     const std::vector<std::string_view> numbers = automation::split(sNumeri, ',');
-    sResCombi->clear();
     Ref<RecordSet> rows = required(connector_).GetRecordset(system_combinations_statement(lIdSis));
     if (rows) *sResCombi = joined_lines(stored_lines(*rows, numbers));
     return rows;

@@ -58,10 +58,13 @@ class Members(InFolder):
             self.lotto.LoadLottoEstr(numbers, 1, bTutteLeEstrazioni=holder)
             self.assertIs(holder.value, after, (before, numbers))
 
-    def test_a_variable_that_did_not_change_keeps_its_type(self) -> None:
+    def test_a_flag_comes_back_as_what_ran_and_other_variables_keep_their_type(self) -> None:
         holder = ByRef(1)
         self.lotto.LoadLottoEstr("", 1, bTutteLeEstrazioni=holder)
-        self.assertIs(type(holder.value), int)
+        self.assertIs(holder.value, True)
+        count = ByRef(1.0)
+        Dispatch("Vestara.cSistemi").CombinazioniIntegraliString("7", 1, count)
+        self.assertIs(type(count.value), float)
 
     def test_texts_are_handed_back(self) -> None:
         texts = ByRef("L'anno"), ByRef("1,2"), ByRef("BA")

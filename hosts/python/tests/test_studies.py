@@ -23,6 +23,10 @@ class Studies(InFolder):
         self.assertEqual(gaps.DateLast(3).date(), date(2026, 1, 2))
         self.assertEqual((gaps.GetMaxDistance, gaps.GetMaxDistanceDays), (1, days))
         self.raises(9, lambda: gaps.Distance(4))
+        for given, expected in ((5, True), (1, True), ("True", True), (0, False), (None, False), (False, False)):
+            direction = ByRef(given)
+            gaps.LoadDistanze("5", 1, bSortASC=direction)
+            self.assertIs(direction.value, expected)
         gaps.LoadDistanze("", 2, bTutteLeEstrazioni=everything)
         self.assertEqual((everything.value, gaps.ItemCount, gaps.Distance(1)), (True, 1, 3))
 

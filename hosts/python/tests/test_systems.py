@@ -42,9 +42,9 @@ class Systems(InFolder):
             numbers = ByRef(given)
             self.systems.ArrNumbersSort(numbers)
             self.assertEqual(list(numbers.value), expected)
-        words = ByRef([2, "word", 1])
+        words = ByRef([3, 2, "word", 1])
         self.raises(13, lambda: self.systems.ArrNumbersSort(words))
-        self.assertEqual(list(words.value), [2, "word", 1])
+        self.assertEqual(list(words.value), [2, 3, "word", 1], "what was exchanged before stays")
 
     def test_combinations(self) -> None:
         count = ByRef(0)

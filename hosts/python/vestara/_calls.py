@@ -97,7 +97,9 @@ def invoke(
             kind = PUTREF
         names, size = _names_of(named) if named else (None, _NONE)
         if call_library(handle, member, kind, frame.arguments, frame.size, names, size, frame.result_reference):
-            raise take_pending() or _errors.last_failure()
+            failure = take_pending() or _errors.last_failure()
+            frame.read_back(given)
+            raise failure
         answer = frame.take_result()
         frame.read_back(given)
     except BaseException:
@@ -137,13 +139,15 @@ def _take(count: int) -> _Frame:
 
 
 def _read_back(slot: Value, holder: ByRef) -> None:
-    """Takes over what the member left; a variable that it did not change keeps its Python type."""
+    """Takes over what the member left; a variable that it did not change keeps its Python type, a flag is a bool."""
     if slot.kind == MISSING or (slot.kind in (TEXT, OBJECT) and not slot.owned):
         return
     before, found = holder.value, read(slot)
     if isinstance(before, list) and isinstance(found, tuple):
         holder.value = list(found)
-    elif not (isinstance(found, (bool, int, float, str)) and found == before):
+    elif isinstance(found, bool) != isinstance(before, bool) or not (
+        isinstance(found, (int, float, str)) and found == before
+    ):
         holder.value = found
 
 

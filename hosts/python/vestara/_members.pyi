@@ -333,7 +333,7 @@ class cDistanze(Dispatched):
         dtA: Any = ...,
         bTutteLeEstrazioni: Union[bool, ByRef, Marker] = ...,
         bTutteLeRuote: Union[bool, Marker] = ...,
-        bSortASC: Union[bool, Marker] = ...,
+        bSortASC: Union[bool, ByRef, Marker] = ...,
     ) -> None: ...
 
 class cDistanze2(Dispatched):
