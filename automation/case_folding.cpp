@@ -56,7 +56,8 @@ bool equal_folded(std::string_view left, std::string_view right) {
   while (!left.empty() && !right.empty()) {
     const Utf8Character a = first_character(left);
     const Utf8Character b = first_character(right);
-    if (a.whole != b.whole || folded(a.code) != folded(b.code)) return false;
+    const bool equal = a.whole && b.whole ? folded(a.code) == folded(b.code) : a.whole == b.whole && a.code == b.code;
+    if (!equal) return false;
     left.remove_prefix(a.size);
     right.remove_prefix(b.size);
   }

@@ -6,7 +6,7 @@
 namespace automation {
 namespace {
 
-std::string quoted(std::string_view text) {
+std::string json_text(std::string_view text) {
   std::string result = "\"";
   for (const char c : text) {
     if (c == '"' || c == '\\') {
@@ -23,7 +23,7 @@ std::string quoted(std::string_view text) {
   return result += '"';
 }
 
-std::string field(std::string_view name, std::string_view json) { return quoted(name).append(":").append(json); }
+std::string field(std::string_view name, std::string_view json) { return json_text(name).append(":").append(json); }
 
 std::string_view truth(bool value) { return value ? "true" : "false"; }
 
@@ -36,21 +36,23 @@ std::string list(const Rows& rows, Write write) {
 
 std::string parameter_json(const Parameter& row) {
   const std::string value = default_text(row.default_value);
-  return "{" + field("name", quoted(row.name)) + "," + field("type", quoted(type_name(row.type, row.class_name))) +
-         "," + field("passing", row.passing == Passing::by_value ? "\"by value\"" : "\"by reference\"") + "," +
-         field("optional", truth(row.optional)) + "," + field("default", value.empty() ? "null" : quoted(value)) + "," +
-         field("writes_back", truth(row.writes_back)) + "}";
+  return "{" + field("name", json_text(row.name)) + "," +
+         field("type", json_text(type_name(row.type, row.class_name))) + "," +
+         field("passing", row.passing == Passing::by_value ? "\"by value\"" : "\"by reference\"") + "," +
+         field("optional", truth(row.optional)) + "," + field("default", value.empty() ? "null" : json_text(value)) +
+         "," + field("writes_back", truth(row.writes_back)) + "}";
 }
 
 std::string member_json(const Member& row) {
-  return "{" + field("id", std::to_string(row.id)) + "," + field("kind", quoted(kind_name(row.kind))) + "," +
-         field("name", quoted(row.name)) + "," + field("parameters", list(row.parameters(), parameter_json)) + "," +
-         field("result", quoted(type_name(row.result, row.result_class))) + "," + field("help", quoted(row.help)) + "}";
+  return "{" + field("id", std::to_string(row.id)) + "," + field("kind", json_text(kind_name(row.kind))) + "," +
+         field("name", json_text(row.name)) + "," + field("parameters", list(row.parameters(), parameter_json)) + "," +
+         field("result", json_text(type_name(row.result, row.result_class))) + "," +
+         field("help", json_text(row.help)) + "}";
 }
 
 std::string event_json(const Event& row) {
-  return "{" + field("id", std::to_string(row.id)) + "," + field("name", quoted(row.name)) + "," +
-         field("parameters", list(row.parameters(), parameter_json)) + "," + field("help", quoted(row.help)) + "}";
+  return "{" + field("id", std::to_string(row.id)) + "," + field("name", json_text(row.name)) + "," +
+         field("parameters", list(row.parameters(), parameter_json)) + "," + field("help", json_text(row.help)) + "}";
 }
 
 }  // namespace
@@ -82,11 +84,11 @@ std::string default_text(const DefaultValue& value) {
 }
 
 std::string describe_json(const ClassDescription& description) {
-  return "{" + field("library", quoted(description.library)) + "," + field("class", quoted(description.name)) + "," +
-         field("interface", quoted(description.interface_name)) + "," +
-         field("event_interface", quoted(description.event_interface)) + "," + field("help", quoted(description.help)) +
-         "," + field("members", list(description.members, member_json)) + "," +
-         field("events", list(description.events, event_json)) + "}";
+  return "{" + field("library", json_text(description.library)) + "," + field("class", json_text(description.name)) +
+         "," + field("interface", json_text(description.interface_name)) + "," +
+         field("event_interface", json_text(description.event_interface)) + "," +
+         field("help", json_text(description.help)) + "," + field("members", list(description.members, member_json)) +
+         "," + field("events", list(description.events, event_json)) + "}";
 }
 
 }  // namespace automation

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from datetime import date
 
-from vestara import ByRef, Dispatch
+from vestara import ByRef, Dispatch, Empty
 
 from .support import InFolder, archive, lotto_on
 
@@ -23,7 +23,7 @@ class Studies(InFolder):
         self.assertEqual(gaps.DateLast(3).date(), date(2026, 1, 2))
         self.assertEqual((gaps.GetMaxDistance, gaps.GetMaxDistanceDays), (1, days))
         self.raises(9, lambda: gaps.Distance(4))
-        for given, expected in ((5, True), (1, True), ("True", True), (0, False), (None, False), (False, False)):
+        for given, expected in ((5, True), (1, True), ("True", True), (0, False), (Empty, False), (False, False)):
             direction = ByRef(given)
             gaps.LoadDistanze("5", 1, bSortASC=direction)
             self.assertIs(direction.value, expected)
