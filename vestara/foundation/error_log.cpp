@@ -7,6 +7,7 @@
 #include "automation/append_file.h"
 #include "automation/file.h"
 #include "automation/process_wide.h"
+#include "automation/report.h"
 #include "automation/shared_object.h"
 #include "automation/shown_text.h"
 #include "automation/text.h"
@@ -53,6 +54,21 @@ void make_state_folder(const std::string& path) {
   std::error_code ignored;  // a log without a folder is lost
   std::filesystem::create_directories(path_of(folder), ignored);
 }
+
+/// What other libraries report goes to this log, as long as this library is loaded.
+class Listener {
+ public:
+  Listener() {
+    automation::set_report_hook([](std::string_view label, const automation::RunTimeError& error) {
+      std::string entry(label);
+      WriteErrLog(entry, error);
+    });
+  }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+  ~Listener() { automation::set_report_hook(nullptr); }
+};
+const Listener listener;
 
 }  // namespace
 

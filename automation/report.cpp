@@ -1,0 +1,25 @@
+#include "automation/report.h"
+
+#include <atomic>
+#include <exception>
+
+namespace automation {
+namespace {
+
+std::atomic<ReportHook> installed{nullptr};
+
+}  // namespace
+
+void report(std::string_view label, const RunTimeError& error) noexcept {
+  const ReportHook hook = installed;
+  if (!hook) return;
+  try {
+    hook(label, error);
+  } catch (const std::exception&) {
+    return;  // what cannot be kept is lost, the caller goes on
+  }
+}
+
+ReportHook set_report_hook(ReportHook hook) { return installed.exchange(hook); }
+
+}  // namespace automation
