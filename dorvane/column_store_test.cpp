@@ -37,6 +37,7 @@ TEST(ColumnStore, GivesBackWhatItTook) {
   const TextReading dates = TextReading::iso_dates;
   const std::vector<Row> rows{
       {"whole", plain, {1, Null{}, -5, 2147483647}, {1, Null{}, -5, 2147483647}},
+      {"the ends of 32 bits", plain, {-2147483647 - 1, 2147483647}, {-2147483647 - 1, 2147483647}},
       {"Null first", plain, {Null{}, Null{}, 7}, {Null{}, Null{}, 7}},
       {"only Null", plain, {Null{}, Null{}}, {Null{}, Null{}}},
       {"whole then real", plain, {1, Null{}, 2.5}, {1.0, Null{}, 2.5}},
@@ -47,6 +48,11 @@ TEST(ColumnStore, GivesBackWhatItTook) {
       {"dates stay text when not asked for", plain, {"1871-01-07"}, {"1871-01-07"}},
       {"dates", dates, {"1871-01-07", "1871-01-07", Null{}, "2005-02-09"}, {first, first, Null{}, day(2005, 2, 9)}},
       {"a date with a time", dates, {"1871-01-07", "2005-02-09 10:30:00"}, {first, with_time}},
+      {"a day, a moment, the same day",
+       dates,
+       {"1871-01-07", "2005-02-09 10:30:00", "1871-01-07", "1871-01-07"},
+       {first, with_time, first, first}},
+      {"a day, no date, the same day", dates, {"1871-01-07", "soon", "1871-01-07"}, {first, "soon", first}},
       {"no date in a date column", dates, {"1871-01-07", "soon", "1871-02-30"}, {first, "soon", "1871-02-30"}},
       {"a date in a text column", dates, {"soon", "1871-01-07"}, {"soon", first}},
       {"numbers in a date column", dates, {5}, {5}},
@@ -93,9 +99,31 @@ TEST(ColumnStore, KeepsManyDifferentShortTexts) {
 
 TEST(ColumnStore, KeepsShortTextsApart) {
   const std::string nul(1, '\0');
-  const std::vector<std::string> texts{"",        nul,       nul + nul,  "a",       "a" + nul,  nul + "a",
-                                       "\1",      "\2",      "\xFF",     "\2\1",    "ab",       "ba",
-                                       "sevenby", "sevenbz", "eightbyt", "Sevenby", nul + "ab", "ab" + nul};
+  // Keys are of seven bytes and their count: what has eight is kept by itself.
+  const std::vector<std::string> texts{
+      "\x08"
+      "abcdefg",
+      "abcdefg",
+      std::string(8, '\0'),
+      std::string(7, '\0'),
+      "",
+      nul,
+      nul + nul,
+      "a",
+      "a" + nul,
+      nul + "a",
+      "\1",
+      "\2",
+      "\xFF",
+      "\2\1",
+      "ab",
+      "ba",
+      "sevenby",
+      "sevenbz",
+      "eightbyt",
+      "Sevenby",
+      nul + "ab",
+      "ab" + nul};
   ColumnStore column(TextReading::plain);
   for (int round = 0; round < 2; ++round)
     for (const std::string& text : texts) column.append_text(text);

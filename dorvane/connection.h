@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "automation/ref.h"
+#include "dorvane/recordset.h"
 #include "dorvane/url.h"
-#include "vestara/foundation/recordset.h"
 
 namespace dorvane {
 
@@ -23,7 +23,7 @@ class Connection {
   virtual ~Connection() = default;
 
   /// One reading statement.
-  virtual automation::Ref<vestara::RecordSet> query(std::string_view statement) = 0;
+  virtual automation::Ref<StaticRecordSet> query(std::string_view statement) = 0;
   /// One writing statement.
   virtual void execute(std::string_view statement) = 0;
   /// 0 for an empty table.
@@ -31,6 +31,8 @@ class Connection {
 
   /// Rolls back what an earlier transaction left open. After a failure nothing runs until the next transaction call.
   virtual void begin() = 0;
+  /// True while the open transaction has changed something, or could have.
+  virtual bool has_changes() const = 0;
   virtual void commit() = 0;
   virtual void rollback() = 0;
 
@@ -44,6 +46,10 @@ class Connection {
 
   /// False once the engine is out of reach: nothing runs any more.
   virtual bool is_alive() const = 0;
+
+  /// In a process that was forked from the one that opened the connection, before the object is given up there: lets
+  /// go of what the two processes share without a word to the engine. The object must not be used or destroyed after.
+  virtual void leave() noexcept = 0;
 };
 
 /// Opens the engine that the URL names; the archive itself is not changed. Raises RunTimeError when it cannot.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <vector>
 
 #include "automation/error.h"
@@ -33,8 +34,11 @@ std::unique_ptr<Connection> open_connection(const Url& url) {
     if (engine.scheme == url.scheme) return engine.open(url);
     examples.append(examples.empty() ? "" : ", ").append(engine.example);
   }
+  // What is no word may be anything, also a password.
+  const bool is_word = std::all_of(url.scheme.begin(), url.scheme.end(), [](char c) { return c >= 'a' && c <= 'z'; });
   throw automation::RunTimeError(
-      5, automation::concatenated({"unknown database '", url.scheme, "'; a URL reads like one of: ", examples}));
+      5, automation::concatenated(
+             {"unknown database", is_word ? " '" + url.scheme + "'" : "", "; a URL reads like one of: ", examples}));
 }
 
 }  // namespace dorvane

@@ -9,6 +9,8 @@
 namespace dorvane {
 namespace {
 
+constexpr int64_t every_row = std::numeric_limits<int64_t>::max() - 1;
+
 std::string_view unqualified(std::string_view name) {
   const auto point = name.rfind('.');
   return point == std::string_view::npos ? name : name.substr(point + 1);
@@ -24,7 +26,7 @@ StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_
 
 StaticRecordSet::~StaticRecordSet() = default;
 
-bool StaticRecordSet::fetch_to(int64_t row) {
+void StaticRecordSet::fill_to(int64_t row) {
   while (source_ && rows_ <= row) {
     try {
       if (source_->fetch(columns_)) {
@@ -38,19 +40,22 @@ bool StaticRecordSet::fetch_to(int64_t row) {
     }
     source_ = nullptr;
   }
-  if (rows_ <= row && failure_) throw *failure_;
+}
+
+bool StaticRecordSet::fetch_to(int64_t row) {
+  fill_to(row);
+  if (rows_ <= row && failure_) fail();
   return rows_ > row;
 }
 
-void StaticRecordSet::fetch_all() { reach(std::numeric_limits<int64_t>::max() - 1); }
-
-void StaticRecordSet::complete() noexcept {
-  try {
-    fetch_all();
-  } catch (const automation::RunTimeError&) {
-    return;  // kept in failure_
-  }
+void StaticRecordSet::fail() const {
+  if (note_) *note_ = failure_->description();
+  throw *failure_;
 }
+
+void StaticRecordSet::fetch_all() { fetch_to(every_row); }
+
+void StaticRecordSet::complete() noexcept { fill_to(every_row); }
 
 void StaticRecordSet::prefetch(size_t rows) { reach(static_cast<int64_t>(rows)); }
 
@@ -96,7 +101,7 @@ void StaticRecordSet::move(int32_t rows) {
 int32_t StaticRecordSet::record_count() {
   require_open();
   fetch_all();
-  if (failure_) throw *failure_;
+  if (failure_) fail();
   return static_cast<int32_t>(rows_);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "automation/error.h"
@@ -45,6 +46,8 @@ class StaticRecordSet final : public vestara::RecordSet {
   void complete() noexcept;
   /// Fetches up to `rows` rows ahead, so that a small set frees its statement at once.
   void prefetch(size_t rows);
+  /// From now on what the set raises for a row that cannot be had is left there too.
+  void note_failures_in(std::shared_ptr<std::string> note) { note_ = std::move(note); }
 
   bool at_end() override;
   bool at_start() override;
@@ -75,6 +78,8 @@ class StaticRecordSet final : public vestara::RecordSet {
   /// True when row `row` exists, after fetching up to it.
   bool reach(int64_t row) { return row < rows_ || fetch_to(row); }
   bool fetch_to(int64_t row);
+  void fill_to(int64_t row);
+  [[noreturn]] void fail() const;
   void fetch_all();
   /// The column, when the cursor stands on a row.
   const ColumnStore& cell(vestara::Column column) {
@@ -89,6 +94,7 @@ class StaticRecordSet final : public vestara::RecordSet {
   std::vector<ColumnStore> columns_;
   std::unique_ptr<RowSource> source_;  ///< empty when there is nothing left to fetch
   std::optional<automation::RunTimeError> failure_;
+  std::shared_ptr<std::string> note_;
   int64_t rows_ = 0;
   int64_t position_ = 0;  ///< -1 before the first row, rows_ behind the last
   bool open_ = true;

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "automation/error.h"
 
@@ -105,6 +109,49 @@ TEST(StaticRecordSet, FindsColumnsByAnyNameOfTheirs) {
   EXPECT_EQ(error_of([&] { rows->column("m"); }), 3265);
   EXPECT_EQ(error_of([&] { rows->column_name({2}); }), 3265);
   EXPECT_EQ(error_of([&] { rows->value({-1}); }), 3265);
+}
+
+TEST(StaticRecordSet, AWholeNameGoesBeforeTheEndOfOne) {
+  int fetched = 0;
+  std::vector<ColumnHeader> headers{{"a.x"}, {"x"}};
+  const auto rows = automation::make<StaticRecordSet>(std::move(headers), std::make_unique<CountingSource>(1, fetched));
+  EXPECT_EQ(rows->column("x").index, 1);
+  EXPECT_EQ(rows->column("a.x").index, 0);
+  EXPECT_EQ(rows->column("b.x").index, 0);
+}
+
+/// A source for whose second row there is no memory.
+class GreedySource final : public RowSource {
+ public:
+  bool fetch(std::vector<ColumnStore>& columns) override {
+    if (std::exchange(fetched_, true)) throw std::bad_alloc();
+    columns[0].append_whole(1);
+    return true;
+  }
+
+ private:
+  bool fetched_ = false;
+};
+
+TEST(StaticRecordSet, NoMemoryForARowIsTheFailureOfThatRow) {
+  for (const bool completed : {false, true}) {
+    const auto rows =
+        automation::make<StaticRecordSet>(std::vector<ColumnHeader>{{"n"}}, std::make_unique<GreedySource>());
+    if (completed) rows->complete();
+    EXPECT_EQ(rows->whole_number({0}), 1);
+    EXPECT_EQ(error_of([&] { rows->move_next(); }), 7) << completed;
+  }
+}
+
+TEST(StaticRecordSet, AFailureIsNotedWhenItIsRaised) {
+  int fetched = 0;
+  const auto rows = counting(10, fetched, 4);
+  const auto note = std::make_shared<std::string>();
+  rows->note_failures_in(note);
+  rows->complete();
+  EXPECT_EQ(*note, "");
+  EXPECT_EQ(error_of([&] { rows->move_last(); }), 61);
+  EXPECT_EQ(*note, RunTimeError(61).description());
 }
 
 TEST(StaticRecordSet, RaisesAFailureWhereTheRowIsMissing) {

@@ -34,8 +34,17 @@ std::string one_of(const Url& url, std::string_view option, std::string_view oth
   if (std::find(known.begin(), known.end(), value) != known.end()) return std::string(value);
   std::string names;
   for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
-  throw automation::RunTimeError(
-      5, automation::concatenated({url.scheme, ": ", option, " is one of ", names, ", not '", value, "'"}));
+  throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": ", option, " is one of ", names}));
+}
+
+/// Raises for what is asked of the encryption and could not be done: nobody shall believe in what is not there.
+void require_honourable_tls(const Url& url, const ServerSettings& settings) {
+  if (settings.must_encrypt() && !settings.socket.empty())
+    throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": tls=", settings.tls,
+                                                                " needs a host: what goes over a socket of this "
+                                                                "machine is not encrypted"}));
+  if (!settings.tls_ca.empty() && settings.tls != "verify")
+    throw automation::RunTimeError(5, url.scheme + ": tls_ca names whom tls=verify trusts; without that nobody asks");
 }
 
 }  // namespace
@@ -80,6 +89,7 @@ ServerSettings server_settings(const Url& url) {
   settings.tls_ca = url.option("tls_ca", "");
   if (!settings.socket.empty() && !settings.address.host.empty())
     throw automation::RunTimeError(5, url.scheme + ": a host or a socket, not both");
+  require_honourable_tls(url, settings);
   return settings;
 }
 

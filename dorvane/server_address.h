@@ -28,6 +28,8 @@ struct ServerSettings {
   int statement_timeout = 0;  ///< milliseconds that a statement may take; 0 is no limit
   std::string tls;            ///< disable, prefer, require (encrypted) or verify (the server's certificate too)
   std::string tls_ca;         ///< file with the authorities' certificates; "" for the system's
+
+  bool must_encrypt() const { return tls == "require" || tls == "verify"; }
 };
 
 /// Raises RunTimeError 5 naming what is wrong and what would be right.

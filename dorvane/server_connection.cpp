@@ -69,7 +69,7 @@ void ServerConnection::atomically(Body&& body) {
   }
 }
 
-Ref<vestara::RecordSet> ServerConnection::query(std::string_view statement) {
+Ref<StaticRecordSet> ServerConnection::query(std::string_view statement) {
   require_usable();
   wall_.require_reading(statement);
   ServerRows answer = noticing_loss([&] { return rows_in_order(statement); });
@@ -98,10 +98,12 @@ void ServerConnection::execute(std::string_view statement) {
     throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
   if (changes && transaction_ == Transaction::none) return define(dialect_.translate(statement));
   const bool empties = empties_the_archive(statement, syntax());
+  int64_t rows = 0;
   atomically([&] {
-    run(dialect_.translate(statement));
+    rows = run(dialect_.translate(statement));
     if (empties) after_emptying();
   });
+  changed_ = changed_ || rows != 0 || changes;
   refilled_ = refilled_ || empties;
   if (transaction_ == Transaction::none) settle_refilled();
 }
@@ -158,6 +160,7 @@ void ServerConnection::begin() {
     start();
     take_turn();
     transaction_ = Transaction::open;
+    changed_ = false;
   } catch (const RunTimeError& error) {
     quietly_roll_back();
     transaction_ = Transaction::lost;
@@ -218,9 +221,13 @@ std::vector<std::string> ServerConnection::check_schema() {
 void ServerConnection::create_missing(std::span<const Creation> creations,
                                       bool (SchemaFacts::*has)(std::string_view) const) {
   const SchemaFacts facts = schema_facts();
-  for (const Creation& creation : creations)
-    if (!(facts.*has)(creation.name))
-      transaction_ == Transaction::open ? run(creation.statement) : define(creation.statement);
+  for (const Creation& creation : creations) {
+    if ((facts.*has)(creation.name)) continue;
+    if (transaction_ == Transaction::open)
+      run(creation.statement);
+    else
+      define(creation.statement);
+  }
 }
 
 std::string ServerConnection::wheels_insertion() const { return dialect_.translate(wheels_statement()); }
@@ -251,6 +258,7 @@ void ServerConnection::create_schema() {
   }
   try {
     noticing_loss([&] { make_schema(); });
+    changed_ = true;
     if (outermost && transaction_ == Transaction::open) commit();
   } catch (...) {
     if (outermost) rollback();

@@ -27,12 +27,13 @@ struct ServerRows {
 /// a change gets a transaction of its own. A lost connection is never made anew.
 class ServerConnection : public Connection {
  public:
-  automation::Ref<vestara::RecordSet> query(std::string_view statement) final;
+  automation::Ref<StaticRecordSet> query(std::string_view statement) final;
   void execute(std::string_view statement) final;
   int32_t max_id(std::string_view table, std::string_view column) final;
   void begin() final;
   void commit() final;
   void rollback() final;
+  bool has_changes() const final { return transaction_ == Transaction::open && changed_; }
   void create_schema() final;
   std::vector<std::string> check_schema() final;
 
@@ -44,8 +45,8 @@ class ServerConnection : public Connection {
   /// What this server has besides the engine's own, in lower case.
   void refuse_functions(const std::vector<std::string>& names) { wall_.refuse_functions(names); }
 
-  /// Runs one statement that needs no answer. Raises ServerError.
-  virtual void run(std::string_view statement) = 0;
+  /// Runs one statement that needs no answer; returns how many rows it changed, or could have. Raises ServerError.
+  virtual int64_t run(std::string_view statement) = 0;
   /// Runs one statement with an answer. Raises ServerError.
   virtual ServerRows rows(std::string_view statement) = 0;
   /// What a refused reading statement does to the open transaction, on an engine where it does anything.
@@ -110,6 +111,7 @@ class ServerConnection : public Connection {
   Wall wall_;
   Access access_;
   Transaction transaction_ = Transaction::none;
+  bool changed_ = false;  ///< something was changed in the open transaction
   std::string loss_reason_;
   bool refilled_ = false;  ///< the draws were all deleted, in the open transaction or just now
 };

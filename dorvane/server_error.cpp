@@ -48,4 +48,11 @@ std::string described(Refusal refusal, std::string_view engine, std::string_view
 ServerError::ServerError(Refusal refusal, std::string_view engine, std::string_view reason, std::string_view statement)
     : RunTimeError(advice_for(refusal).number, described(refusal, engine, reason, statement)), refusal_(refusal) {}
 
+automation::RunTimeError not_encrypted(std::string_view engine, std::string_view tls) {
+  return {automation::unspecified_failure,
+          automation::concatenated({engine, ": the connection is not encrypted, and tls=", tls,
+                                    " takes no other; the server has no encryption, or it was reached over a socket "
+                                    "of this machine"})};
+}
+
 }  // namespace dorvane

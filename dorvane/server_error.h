@@ -32,4 +32,7 @@ class ServerError : public automation::RunTimeError {
   Refusal refusal_;
 };
 
+/// The error of a session that came about in clear text although tls=require or verify asks for more.
+automation::RunTimeError not_encrypted(std::string_view engine, std::string_view tls);
+
 }  // namespace dorvane

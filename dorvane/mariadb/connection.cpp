@@ -1,5 +1,8 @@
 #include "dorvane/mariadb/connection.h"
 
+#include <errmsg.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <charconv>
 #include <utility>
@@ -34,17 +37,20 @@ unsigned port_of(const std::string& text) {
   return port;
 }
 
-void set_tls(MYSQL* session, const ServerSettings& settings) {
+void set_tls(MYSQL* session, const ServerSettings& settings, std::string_view tls) {
   my_bool on = 1;
   my_bool off = 0;
-  mysql_optionsv(session, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, settings.tls == "verify" ? &on : &off);
-  if (settings.tls == "disable") return;
+  mysql_optionsv(session, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, tls == "verify" ? &on : &off);
+  // A socket is this machine's own: there is nobody to keep out.
+  if (tls == "disable" || !settings.socket.empty()) return;
   if (!settings.tls_ca.empty()) mysql_optionsv(session, MYSQL_OPT_SSL_CA, settings.tls_ca.c_str());
-  if (settings.tls != "prefer") mysql_optionsv(session, MYSQL_OPT_SSL_ENFORCE, &on);
+  // The client library takes this for a wish: with a server that has no encryption it goes on in clear text.
+  mysql_optionsv(session, MYSQL_OPT_SSL_ENFORCE, &on);
 }
 
-/// What the URL leaves out comes from the client's option files and variables.
-Session opened(const ServerSettings& settings) {
+/// A session with its settings, not connected yet. What the URL leaves out comes from the client's option files and
+/// variables.
+Session prepared(const ServerSettings& settings, std::string_view tls) {
   Session session(mysql_init(nullptr));
   if (!session) throw automation::out_of_memory();
   MYSQL* const client = session.get();
@@ -60,11 +66,26 @@ Session opened(const ServerSettings& settings) {
   mysql_optionsv(client, MYSQL_OPT_RECONNECT, &off);
   const unsigned no_files = 0;
   mysql_optionsv(client, MYSQL_OPT_LOCAL_INFILE, &no_files);
-  set_tls(client, settings);
+  set_tls(client, settings, tls);
+  return session;
+}
+
+bool connects(MYSQL* client, const ServerSettings& settings) {
   const ServerAddress& address = settings.address;
-  if (!mysql_real_connect(client, or_null(address.host), or_null(address.user), or_null(address.password),
-                          address.database.c_str(), port_of(address.port), or_null(settings.socket), 0))
-    throw connection_failure(client);
+  return mysql_real_connect(client, or_null(address.host), or_null(address.user), or_null(address.password),
+                            address.database.c_str(), port_of(address.port), or_null(settings.socket), 0) != nullptr;
+}
+
+Session opened(const ServerSettings& settings) {
+  Session session = prepared(settings, settings.tls);
+  if (!connects(session.get(), settings)) {
+    // The two may have no version of the encryption in common: what is only preferred is then done without.
+    const bool may_go_on = settings.tls == "prefer" && mysql_errno(session.get()) == CR_SSL_CONNECTION_ERROR;
+    if (!may_go_on) throw connection_failure(session.get());
+    session = prepared(settings, "disable");
+    if (!connects(session.get(), settings)) throw connection_failure(session.get());
+  }
+  if (settings.must_encrypt() && !mysql_get_ssl_cipher(session.get())) throw not_encrypted("mariadb", settings.tls);
   return session;
 }
 
@@ -89,6 +110,12 @@ MariadbConnection::MariadbConnection(const ServerSettings& settings)
                        std::to_string(1000 + settings.statement_timeout % 1000).substr(1)}));
 }
 
+/// The server hears nothing of this: it goes on speaking with the process that the session belongs to.
+void MariadbConnection::leave() noexcept {
+  close(mysql_get_socket(session_.get()));
+  static_cast<void>(session_.release());
+}
+
 Result MariadbConnection::answer(std::string_view statement) {
   if (statement.find_first_not_of(" \t\r\n") == std::string_view::npos)
     throw RunTimeError(5, "mariadb: the statement is empty");
@@ -103,9 +130,11 @@ Result MariadbConnection::answer(std::string_view statement) {
   throw failure;
 }
 
-void MariadbConnection::run(std::string_view statement) {
+int64_t MariadbConnection::run(std::string_view statement) {
   if (statement == "START TRANSACTION READ WRITE") transaction_taken_ = false;
-  answer(statement);
+  // A statement with an answer may have called what changes something.
+  const Result result = answer(statement);
+  return result ? 1 : static_cast<int64_t>(mysql_affected_rows(session_.get()));
 }
 
 ServerRows MariadbConnection::rows(std::string_view statement) {

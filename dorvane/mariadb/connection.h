@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,10 @@ class MariadbConnection final : public ServerConnection {
   ~MariadbConnection() override = default;
 
   bool is_alive() const override { return alive_; }
+  void leave() noexcept override;
 
  private:
-  void run(std::string_view statement) override;
+  int64_t run(std::string_view statement) override;
   ServerRows rows(std::string_view statement) override;
   bool transaction_is_whole() const override { return alive_ && !transaction_taken_; }
 

@@ -1,7 +1,10 @@
 #include "dorvane/postgresql/connection.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -75,6 +78,7 @@ Session opened(const ServerSettings& settings) {
   values.push_back(nullptr);
   Session session(PQconnectdbParams(keywords.data(), values.data(), 0));
   if (PQstatus(session.get()) != CONNECTION_OK) throw connection_failure(session.get());
+  if (settings.must_encrypt() && PQsslInUse(session.get()) == 0) throw not_encrypted("postgresql", settings.tls);
   PQsetNoticeProcessor(
       session.get(), [](void*, const char*) {}, nullptr);
   return session;
@@ -96,6 +100,12 @@ PostgresqlConnection::PostgresqlConnection(const ServerSettings& settings)
   prefer("SET jit=off");
   prefer("SET work_mem='64MB'");
   refuse_functions(column_of(volatile_functions));
+}
+
+/// The server hears nothing of this: it goes on speaking with the process that the session belongs to.
+void PostgresqlConnection::leave() noexcept {
+  close(PQsocket(session_.get()));
+  static_cast<void>(session_.release());
 }
 
 bool PostgresqlConnection::is_alive() const { return PQstatus(session_.get()) == CONNECTION_OK; }
@@ -124,11 +134,12 @@ void PostgresqlConnection::require_answer(const PGresult* result, std::string_vi
   throw failure(session_.get(), result, statement);
 }
 
-void PostgresqlConnection::run(std::string_view statement) {
+int64_t PostgresqlConnection::run(std::string_view statement) {
   const Result result = answer(statement);
   // The server answers a commit of a transaction that failed with a rollback, and without an error.
   if (statement == "COMMIT" && std::string_view(PQcmdStatus(result.get())) != "COMMIT")
     throw ServerError(Refusal::statement, "postgresql", "the transaction was rolled back", {});
+  return std::strtoll(PQcmdTuples(result.get()), nullptr, 10);
 }
 
 ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,9 +18,10 @@ class PostgresqlConnection final : public ServerConnection {
   ~PostgresqlConnection() override = default;
 
   bool is_alive() const override;
+  void leave() noexcept override;
 
  private:
-  void run(std::string_view statement) override;
+  int64_t run(std::string_view statement) override;
   ServerRows rows(std::string_view statement) override;
   ServerRows reading_rows(std::string_view statement, OnRefusal on_refusal) override;
   bool transaction_is_whole() const override;

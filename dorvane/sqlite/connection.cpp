@@ -26,61 +26,52 @@ namespace {
 /// Rows that an opened record set holds at once: small sets are complete and free their statement.
 constexpr size_t rows_ahead = 100;
 
-int open_flags(std::string_view mode) {
-  if (mode == "create") return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-  if (mode == "rw") return SQLITE_OPEN_READWRITE;
-  if (mode == "ro") return SQLITE_OPEN_READONLY;
-  throw RunTimeError(5, "sqlite: mode is create, rw or ro, not '" + std::string(mode) + "'");
-}
-
-struct Settings {
-  int open_flags;
-  int timeout;
-  std::string durability;
-};
-
-Settings settings_of(const Url& url) {
-  require_known_options(url, {"mode", "durability", "timeout"});
-  if (url.location.empty()) throw RunTimeError(5, "sqlite: the URL names no file, as in 'sqlite:archive.sqlite'");
-  const std::string durability(url.option("durability", "full"));
-  if (durability != "full" && durability != "normal")
-    throw RunTimeError(5, "sqlite: durability is full or normal, not '" + durability + "'");
-  return {open_flags(url.option("mode", "create")) | SQLITE_OPEN_NOMUTEX, milliseconds(url, "timeout", "5000"),
-          durability};
-}
-
 const Engine registered("sqlite", "sqlite:archive.sqlite", [](const Url& url) -> std::unique_ptr<Connection> {
   return std::make_unique<SqliteConnection>(url);
 });
 
 }  // namespace
 
-class SqliteConnection::Permitting {
- public:
-  Permitting(SqliteConnection& connection, Permission permission)
-      : connection_(connection), before_(std::exchange(connection.permission_, permission)) {}
-  Permitting(const Permitting&) = delete;
-  Permitting& operator=(const Permitting&) = delete;
-  ~Permitting() { connection_.permission_ = before_; }
+SqliteConnection::SqliteConnection(const Url& url)
+    // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
+    : wall_(prohibitions), settings_(file_settings(url)) {
+  open();
+  indexes_owed_ = was_left_without_indexes();
+}
 
- private:
-  SqliteConnection& connection_;
-  Permission before_;
-};
+void SqliteConnection::open() {
+  stamp_ = stamp_of(settings_.path);
+  frozen_ = false;
+  try {
+    attach(open_file(settings_));
+  } catch (const RunTimeError&) {
+    if (!lies_in_a_closed_folder(settings_.path)) throw;
+    if (has_waiting_changes(settings_.path))
+      throw RunTimeError(75, "sqlite: " + settings_.path +
+                                 " lies in a folder that this user may not write to, and changes wait beside it that "
+                                 "can only be read there; a user who may write opens and closes the archive once");
+    attach(open_frozen(settings_.path));
+    frozen_ = true;
+  }
+}
 
-SqliteConnection::SqliteConnection(const Url& url) : wall_(prohibitions) {
-  // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
-  const Settings settings = settings_of(url);
-  open_file(url.location, settings.open_flags);
+void SqliteConnection::attach(Database database) {
+  database_ = std::move(database);
   // First of all: whatever looks at the file may have to wait for another program.
-  sqlite3_busy_timeout(database_.get(), settings.timeout);
+  sqlite3_busy_timeout(database_.get(), settings_.timeout);
   close_side_doors();
   install_like(database_.get());
   sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
-  run("PRAGMA synchronous=" + settings.durability, Permission::anything);
+  sqlite3_progress_handler(database_.get(), StatementClock::instructions, &SqliteConnection::tick, this);
+  run("PRAGMA synchronous=" + settings_.durability, Permission::anything);
   run("PRAGMA analysis_limit=1000", Permission::anything);
   // The first real look at the file: it says now, not at the first question, that this is no archive.
   single_number("SELECT count(*) FROM sqlite_master");
+}
+
+int SqliteConnection::tick(void* self) {
+  StatementClock* const clock = static_cast<SqliteConnection*>(self)->running_;
+  return !clock || clock->may_go_on() ? 0 : 1;
 }
 
 SqliteConnection::~SqliteConnection() {
@@ -94,17 +85,6 @@ SqliteConnection::~SqliteConnection() {
   } catch (const RunTimeError&) {
     return;  // a correct, slow archive: the next import or CreateSchema repairs it
   }
-}
-
-void SqliteConnection::open_file(const std::string& path, int flags) {
-  sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-  database_.reset(opened);
-  if (code != SQLITE_OK) {
-    const RunTimeError failure = last_failure(opened);
-    throw RunTimeError(failure.number(), failure.description() + " (" + path + ")");
-  }
-  sqlite3_extended_result_codes(opened, 1);
 }
 
 void SqliteConnection::close_side_doors() {
@@ -234,20 +214,57 @@ Statement SqliteConnection::prepare_reading(std::string_view statement) {
   return prepare(text, Permission::read);
 }
 
-Ref<vestara::RecordSet> SqliteConnection::query(std::string_view statement) {
+void SqliteConnection::read_anew_if_changed() {
+  if (!frozen_ || stamp_of(settings_.path) == stamp_) return;
+  insert_ = nullptr;
+  open();
+  if (transaction_ == Transaction::open) run("BEGIN", Permission::anything);
+}
+
+template <class Body>
+auto SqliteConnection::steadily(Body&& body) {
+  constexpr int attempts = 3;
+  for (int attempt = 1; frozen_ && attempt <= attempts; ++attempt) {
+    read_anew_if_changed();
+    try {
+      auto result = body();
+      if (!frozen_ || stamp_of(settings_.path) == stamp_) return result;
+    } catch (const RunTimeError&) {
+      if (!frozen_ || stamp_of(settings_.path) == stamp_) throw;
+    }
+    if (attempt == attempts)
+      throw RunTimeError(70, "sqlite: another program changes the archive while it is read; try again when it is done");
+  }
+  return body();
+}
+
+Ref<StaticRecordSet> SqliteConnection::query(std::string_view statement) {
   require_usable();
   wall_.require_reading(statement);
   repair_before_read();
+  return steadily([&] {
+    auto rows = started(statement);
+    // Without locks only what was read at once was read of one archive.
+    if (frozen_)
+      rows->record_count();
+    else
+      rows->prefetch(rows_ahead);
+    return rows;
+  });
+}
+
+Ref<StaticRecordSet> SqliteConnection::started(std::string_view statement) {
   Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
   if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
   spell_names(statement, syntax, headers);
   const auto place = std::make_shared<StaticRecordSet*>(nullptr);
-  auto source = std::make_unique<Rows>(database_.get(), std::move(prepared), [this, place] { forget(*place); });
+  auto source = std::make_unique<Rows>(database_.get(), std::move(prepared),
+                                       RowClock{running_, StatementClock(settings_.reading_limit)},
+                                       [this, place] { forget(*place); });
   auto rows = automation::make<StaticRecordSet>(std::move(headers), std::move(source));
   *place = rows.get();
   unfinished_.push_back(rows.get());
-  rows->prefetch(rows_ahead);
   return rows;
 }
 
@@ -256,6 +273,9 @@ void SqliteConnection::execute(std::string_view statement) {
   const bool recognised = recognise_insert(statement, syntax, values_);
   if (!recognised) wall_.require_change(statement);
   complete_record_sets();
+  const int changed_before = sqlite3_total_changes(database_.get());
+  StatementClock clock(settings_.changing_limit);
+  const RunningClock running(running_, clock);
   noticing_loss([&] {
     if (recognised)
       insert_rows(values_);
@@ -264,6 +284,7 @@ void SqliteConnection::execute(std::string_view statement) {
     else
       run(translate(statement), Permission::change);
   });
+  changed_ = changed_ || sqlite3_total_changes(database_.get()) != changed_before || changes_tables(statement, syntax);
 }
 
 void SqliteConnection::insert_rows(const InsertValues& rows) {
@@ -306,11 +327,6 @@ sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
   return insert_.get();
 }
 
-bool SqliteConnection::owns_indexes() {
-  const std::string name(lasting_index().name);
-  return single_number("SELECT count(*) FROM sqlite_master WHERE type='index' AND name='" + name + "'") != 0;
-}
-
 /// With the rows go the indexes: filling the table without them and building them once is twice as fast.
 void SqliteConnection::empty_archive(std::string_view statement) {
   if (!owns_indexes()) return run(statement, Permission::change);
@@ -347,13 +363,18 @@ int32_t SqliteConnection::max_id(std::string_view table, std::string_view column
   require_usable();
   const std::string statement = largest_value(table, column);
   repair_before_read();
-  const int64_t largest = single_number(statement);
+  const int64_t largest = steadily([&] {
+    StatementClock clock(settings_.reading_limit);
+    const RunningClock running(running_, clock);
+    return single_number(statement);
+  });
   return automation::round_to_long(static_cast<double>(largest));
 }
 
 void SqliteConnection::begin() {
   if (transaction_ != Transaction::none) rollback();
   complete_record_sets();
+  changed_ = false;
   indexes_owed_at_begin_ = indexes_owed_;
   try {
     run("BEGIN IMMEDIATE", Permission::anything);
@@ -403,64 +424,8 @@ void SqliteConnection::create_schema() {
       create_indexes();
     });
   });
+  changed_ = true;
   indexes_owed_ = false;
-}
-
-namespace {
-
-/// The first column of a row; "" for Null, and where there is no memory for the text.
-std::string_view text_of(sqlite3_stmt* row) {
-  const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(row, 0));
-  return text ? std::string_view(text) : std::string_view();
-}
-
-}  // namespace
-
-std::vector<std::string> SqliteConnection::column_of(std::string_view statement) {
-  const Statement prepared = prepare(statement, Permission::anything);
-  std::vector<std::string> texts;
-  int code = SQLITE_ROW;
-  while ((code = sqlite3_step(prepared.get())) == SQLITE_ROW)
-    if (sqlite3_column_type(prepared.get(), 0) != SQLITE_NULL) texts.emplace_back(text_of(prepared.get()));
-  require_ok(code, database_.get(), statement);
-  return texts;
-}
-
-SchemaFacts SqliteConnection::schema_facts() {
-  const Permitting permitting(*this, Permission::anything);
-  SchemaFacts facts;
-  const auto add = [&](auto& names, std::string_view statement) {
-    for (std::string& name : column_of(statement)) names.insert(std::move(name));
-  };
-  // One of our tables at a time: a view of another program that cannot be read is none of our business.
-  for (const Table& table : tables())
-    add(facts.columns, automation::concatenated(
-                           {"SELECT lower('", table.name, ".'||name) FROM pragma_table_info('", table.name, "')"}));
-  add(facts.indexes, "SELECT lower(name) FROM sqlite_master WHERE type='index'");
-  if (facts.columns.contains("ruote.ruotaalias")) add(facts.wheels, "SELECT ruotaAlias FROM ruote");
-  return facts;
-}
-
-std::vector<std::string> SqliteConnection::check_schema() {
-  require_usable();
-  repair_before_read();
-  std::vector<Creation> indexes(draw_indexes().begin(), draw_indexes().end());
-  indexes.push_back(lasting_index());
-  return missing_from(schema_facts(), indexes);
-}
-
-std::vector<std::string> SqliteConnection::check_file() {
-  require_usable();
-  const Statement check = prepare("PRAGMA integrity_check", Permission::anything);
-  std::vector<std::string> findings;
-  int code = SQLITE_ROW;
-  while ((code = sqlite3_step(check.get())) == SQLITE_ROW)
-    for (const std::string_view line : automation::split(text_of(check.get()), '\n'))
-      // What the engine puts above its findings, and what it says of a sound file.
-      if (!line.empty() && !line.starts_with("***") && line != "ok") findings.emplace_back(line);
-  // A file may be too damaged to be checked to its end; what was found so far counts.
-  if (code != SQLITE_DONE) findings.push_back(last_failure(database_.get()).description());
-  return findings;
 }
 
 void SqliteConnection::complete_record_sets() noexcept {

@@ -4,12 +4,16 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "dorvane/connection.h"
+#include "dorvane/home_process.h"
 #include "dorvane/insert_values.h"
 #include "dorvane/schema.h"
+#include "dorvane/sqlite/archive_file.h"
 #include "dorvane/sqlite/handles.h"
+#include "dorvane/sqlite/statement_clock.h"
 #include "dorvane/wall.h"
 
 namespace dorvane {
@@ -18,13 +22,13 @@ class StaticRecordSet;
 
 namespace dorvane::sqlite {
 
-/// The embedded database. Options of the URL: mode, durability, timeout (see DbConnector).
+/// The embedded database. Options of the URL: mode, durability, timeout, statement_timeout (see DbConnector).
 class SqliteConnection final : public Connection {
  public:
   explicit SqliteConnection(const Url& url);
   ~SqliteConnection() override;
 
-  automation::Ref<vestara::RecordSet> query(std::string_view statement) override;
+  automation::Ref<StaticRecordSet> query(std::string_view statement) override;
   void execute(std::string_view statement) override;
   int32_t max_id(std::string_view table, std::string_view column) override;
   void begin() override;
@@ -33,7 +37,10 @@ class SqliteConnection final : public Connection {
   void create_schema() override;
   std::vector<std::string> check_schema() override;
   std::vector<std::string> check_file() override;
+  bool has_changes() const override { return transaction_ == Transaction::open && changed_; }
   bool is_alive() const override { return true; }
+  /// Nothing is closed: closing a file would give its journal and its locks up in the other process's name.
+  void leave() noexcept override {}
 
  private:
   /// What the statement being prepared may do.
@@ -45,9 +52,17 @@ class SqliteConnection final : public Connection {
   /// Gives a statement its permission while it is prepared and stepped, which can prepare further ones.
   class Permitting;
 
+  static int tick(void* self);
+
+  void open();
+  void attach(Database database);
+  void read_anew_if_changed();
+  /// Runs a body that reads, again where the file was changed while nothing kept changes away.
+  template <class Body>
+  auto steadily(Body&& body);
+  automation::Ref<StaticRecordSet> started(std::string_view statement);
   /// Nothing of the engine's that a statement could leave the archive by.
   void close_side_doors();
-  void open_file(const std::string& path, int flags);
   Statement prepare(std::string_view statement, Permission permission);
   /// A reading statement with an order for ties, or as given where the engine refuses that.
   Statement prepare_reading(std::string_view statement);
@@ -67,6 +82,7 @@ class SqliteConnection final : public Connection {
   sqlite3_stmt* insert_statement(const InsertValues& rows);
 
   bool owns_indexes();
+  bool was_left_without_indexes();
   void empty_archive(std::string_view statement);
   void rebuild_indexes();
   void create_indexes();
@@ -80,11 +96,18 @@ class SqliteConnection final : public Connection {
 
   Database database_;
   Wall wall_;
+  FileSettings settings_;
   /// Rows are fetched later than their statement is prepared, and reading is what that takes.
   Permission permission_ = Permission::read;
   std::set<std::string, std::less<>> refused_functions_;
+  HomeProcess home_;
+  StatementClock* running_ = nullptr;  ///< of the statement that the engine is working on
+  /// The file is read without locks, because nothing can be made beside it; `stamp_` tells when it was changed.
+  bool frozen_ = false;
+  FileStamp stamp_;
   Transaction transaction_ = Transaction::none;
   std::string loss_reason_;
+  bool changed_ = false;  ///< something was changed in the open transaction
   /// The draw indexes were dropped with the rows and are owed to the next reader.
   bool indexes_owed_ = false;
   bool indexes_owed_at_begin_ = false;
@@ -95,6 +118,19 @@ class SqliteConnection final : public Connection {
   size_t insert_columns_ = 0;
   Statement insert_;
   InsertValues values_;
+};
+
+class SqliteConnection::Permitting {
+ public:
+  Permitting(SqliteConnection& connection, Permission permission)
+      : connection_(connection), before_(std::exchange(connection.permission_, permission)) {}
+  Permitting(const Permitting&) = delete;
+  Permitting& operator=(const Permitting&) = delete;
+  ~Permitting() { connection_.permission_ = before_; }
+
+ private:
+  SqliteConnection& connection_;
+  Permission before_;
 };
 
 }  // namespace dorvane::sqlite

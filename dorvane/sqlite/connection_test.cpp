@@ -7,70 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "automation/coercion.h"
 #include "automation/error.h"
-#include "dorvane/connector.h"
 #include "dorvane/sqlite/dialect.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/sqlite_archive.h"
 
 namespace dorvane {
 namespace {
 
 using automation::Ref;
-using automation::Variant;
 using vestara::RecordSet;
 
-class SqliteTest : public testing::Test {
- protected:
-  std::string url(const std::string& options = {}) const {
-    return "sqlite:" + folder_.path_to("archive.sqlite") + options;
-  }
-
-  Ref<DbConnector> opened(const std::string& options = {}) const {
-    auto connector = automation::make<DbConnector>();
-    EXPECT_TRUE(connector->Open(url(options))) << connector->LastError();
-    return connector;
-  }
-
-  Ref<DbConnector> created() const {
-    auto connector = opened();
-    EXPECT_TRUE(connector->CreateSchema()) << connector->LastError();
-    return connector;
-  }
-
-  /// The rows of a statement, values as text, joined by blanks.
-  static std::vector<std::string> rows(DbConnector& connector, const std::string& statement) {
-    Ref<RecordSet> set;
-    std::vector<std::string> result;
-    if (!connector.OpenRecordset(set, statement)) return {"refused: " + connector.LastError()};
-    for (; !set->at_end(); set->move_next()) {
-      std::string line;
-      for (int32_t i = 0; i < set->column_count(); ++i) {
-        const Variant value = set->value({i});
-        line += (i == 0 ? "" : " ") + (value.is_null() ? std::string("Null") : automation::to_text(value));
-      }
-      result.push_back(line);
-    }
-    return result;
-  }
-
-  static std::string one(DbConnector& connector, const std::string& statement) {
-    return rows(connector, statement).at(0);
-  }
-
-  static std::string index_count(DbConnector& connector) {
-    return one(connector, "SELECT count(*) FROM sqlite_master WHERE type='index' AND name LIKE 'vestara%'");
-  }
-
-  static void fill(DbConnector& connector, int count) {
-    std::string text = "INSERT INTO storico(concorsoNumero,dtEstr,ruota,estr1,estr2,estr3,estr4,estr5)VALUES";
-    for (int i = 0; i < count; ++i)
-      text += std::string(i == 0 ? "" : ",") + "(" + std::to_string(i % 200 + 1) + ",'2001-01-01','BA',1,2,3,4,5)";
-    ASSERT_TRUE(connector.ExecuteSql(text)) << connector.LastError();
-  }
-
-  testing_support::TemporaryFolder folder_;
-};
+using SqliteTest = testing_support::SqliteArchive;
 
 TEST_F(SqliteTest, CreateSchemaFillsTheWheelsAndCanBeRepeated) {
   const auto connector = created();
@@ -117,7 +64,8 @@ TEST_F(SqliteTest, IndexesGoWithTheRowsAndComeBackBeforeTheNextRead) {
   const auto connector = created();
   fill(*connector, 100);
   ASSERT_TRUE(connector->ExecuteSql("DELETE FROM storico"));
-  const auto other = opened();
+  // One that may not write leaves the archive as it is.
+  const auto other = opened("?mode=ro");
   EXPECT_EQ(index_count(*other), "1");
   fill(*connector, 100);
   EXPECT_EQ(one(*connector, "SELECT count(*) FROM storico"), "100");
@@ -200,7 +148,9 @@ TEST_F(SqliteTest, ALongRecordSetIsNotReadToItsEndForItsFirstRows) {
       set, "SELECT CASE WHEN id=900 THEN abs(-9223372036854775808) ELSE id END AS n FROM storico ORDER BY id"));
   set->move(800);
   EXPECT_EQ(set->whole_number(set->column("n")), 801);
+  EXPECT_EQ(connector->LastError(), "");
   EXPECT_THROW(set->move(200), automation::RunTimeError);
+  EXPECT_NE(connector->LastError().find("integer overflow"), std::string::npos) << connector->LastError();
   EXPECT_THROW(set->record_count(), automation::RunTimeError);
 }
 
@@ -222,13 +172,22 @@ TEST_F(SqliteTest, SaysWhyAnArchiveDoesNotOpen) {
       {"nonsense", "begins with the engine"},
       {"oracle:x", "unknown database 'oracle'"},
       {"sqlite:", "names no file"},
+      {"sqlite:file:x.sqlite", "'file:' is not read here"},
+      {"sqlite:file:x.sqlite?mode=ro", "'file:' is not read here"},
+      {"sqlite:FILE:///x.sqlite", "'file:' is not read here"},
+      {"sqlite:%66ile:x.sqlite", "'file:' is not read here"},
+      {"sqlite:x%00y.sqlite", "holds a NUL byte"},
+      {"sqlite:%00", "holds a NUL byte"},
+      {"sqlite:" + folder_.path().string(), "is no file but a folder or a device"},
+      {"sqlite:x?tls=require", "does not know the option 'tls'"},
+      {"sqlite:x?statement_timeout=-1", "number of milliseconds"},
       {url(), "not a database"},
       {"sqlite:" + folder_.path_to("missing/a.sqlite"), "is the folder there"},
       {"sqlite:" + folder_.path_to("missing.sqlite") + "?mode=rw", "unable to open"},
       {"sqlite:x?mode=write", "mode is create, rw or ro"},
       {"sqlite:x?durability=some", "durability is full or normal"},
       {"sqlite:x?timeout=soon", "number of milliseconds"},
-      {"sqlite:x?size=3", "the options are mode, durability, timeout"},
+      {"sqlite:x?size=3", "the options are mode, durability, timeout, statement_timeout"},
   };
   for (const Row& row : table) {
     DbConnector connector;
@@ -239,6 +198,125 @@ TEST_F(SqliteTest, SaysWhyAnArchiveDoesNotOpen) {
     EXPECT_EQ(connector.LastError(), "no archive is open");
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.path_to("missing.sqlite")));
+}
+
+#if !defined(_WIN32)  // where no file may have such a name
+TEST_F(SqliteTest, AFileWhoseNameLooksLikeAUrlIsReachedByItsPath) {
+  const std::string path = folder_.path_to("file:x.sqlite");
+  DbConnector connector;
+  ASSERT_TRUE(connector.Open("sqlite:" + path)) << connector.LastError();
+  ASSERT_TRUE(connector.CreateSchema());
+  EXPECT_TRUE(std::filesystem::exists(path));
+}
+#endif
+
+TEST_F(SqliteTest, OpenForgetsWhyAnEarlierOneFailed) {
+  const auto connector = created();
+  EXPECT_FALSE(connector->Open("nonsense"));
+  EXPECT_NE(connector->LastError(), "");
+  EXPECT_TRUE(connector->Open(url()));
+  EXPECT_EQ(connector->LastError(), "");
+}
+
+/// The engine's handle of every connection that is opened while this lives.
+class OpenedHandles {
+ public:
+  OpenedHandles() { sqlite3_auto_extension(entry()); }
+  ~OpenedHandles() { sqlite3_cancel_auto_extension(entry()); }
+  OpenedHandles(const OpenedHandles&) = delete;
+  OpenedHandles& operator=(const OpenedHandles&) = delete;
+
+  static sqlite3* last() { return handle; }
+
+ private:
+  using Entry = void (*)();
+  static int note(sqlite3* opened, char**, const sqlite3_api_routines*) {
+    handle = opened;
+    return SQLITE_OK;
+  }
+  static Entry entry() { return reinterpret_cast<Entry>(&OpenedHandles::note); }
+  static inline sqlite3* handle = nullptr;
+};
+
+TEST_F(SqliteTest, DurabilityReachesTheEngine) {
+  created();
+  const OpenedHandles handles;
+  for (const auto& [options, expected] : {std::pair{"", "2"}, {"?durability=full", "2"}, {"?durability=normal", "1"}}) {
+    const auto connector = opened(options);
+    std::string level;
+    const auto take = [](void* to, int, char** values, char**) {
+      *static_cast<std::string*>(to) = values[0];
+      return 0;
+    };
+    sqlite3_set_authorizer(OpenedHandles::last(), nullptr, nullptr);  // no statement may ask this
+    ASSERT_EQ(sqlite3_exec(OpenedHandles::last(), "PRAGMA synchronous", take, &level, nullptr), SQLITE_OK);
+    EXPECT_EQ(level, expected) << options;
+  }
+}
+
+TEST_F(SqliteTest, AnExistingArchiveKeepsItsJournal) {
+  const auto connector = opened();
+  ASSERT_TRUE(connector->ExecuteSql("CREATE TABLE other(x)"));
+  ASSERT_TRUE(connector->CreateSchema());
+  // Byte 18 of the file says how it is written: 1 with a rollback journal, 2 with a log that is written ahead.
+  EXPECT_EQ(testing_support::bytes_of(folder_.path_to("archive.sqlite")).at(18), '\1');
+}
+
+TEST_F(SqliteTest, WhatTheEngineRolledBackByItselfIsNoticed) {
+  const auto connector = created();
+  ASSERT_TRUE(connector->ExecuteSql("INSERT INTO tRicerche(idRicerca)VALUES(1)"));
+  connector->BeginTrans();
+  ASSERT_TRUE(connector->ExecuteSql("INSERT INTO tRicerche(idRicerca)VALUES(2)"));
+  EXPECT_FALSE(connector->ExecuteSql("INSERT OR ROLLBACK INTO tRicerche(idRicerca)VALUES(1)"));
+  EXPECT_FALSE(connector->ExecuteSql("INSERT INTO tRicerche(idRicerca)VALUES(3)")) << "it would be kept alone";
+  EXPECT_NE(connector->LastError().find("the transaction is lost"), std::string::npos) << connector->LastError();
+  EXPECT_THROW(connector->CommitTrans(), automation::RunTimeError);
+  EXPECT_EQ(rows(*connector, "SELECT idRicerca FROM tRicerche"), std::vector<std::string>{"1"});
+}
+
+TEST_F(SqliteTest, ARollbackOwesTheIndexesAgain) {
+  const auto connector = created();
+  fill(*connector, 10);
+  ASSERT_TRUE(connector->ExecuteSql("DELETE FROM storico"));
+  connector->BeginTrans();
+  ASSERT_TRUE(connector->CreateSchema());
+  connector->RollbackTrans();
+  EXPECT_EQ(connector->CheckSchema(), "");
+}
+
+TEST_F(SqliteTest, ARecordSetOfATransactionIsCompleteBeforeItIsRolledBack) {
+  const auto connector = created();
+  fill(*connector, 300);
+  connector->BeginTrans();
+  fill(*connector, 300);
+  Ref<RecordSet> set;
+  ASSERT_TRUE(connector->OpenRecordset(set, "SELECT id FROM storico ORDER BY id"));
+  connector->RollbackTrans();
+  EXPECT_EQ(set->record_count(), 600);
+  set->move(599);
+  EXPECT_EQ(set->whole_number({0}), 600);
+}
+
+TEST_F(SqliteTest, AKeyBeyond32BitsIsNoKey) {
+  const auto connector = created();
+  ASSERT_TRUE(connector->ExecuteSql("INSERT INTO tRicerche(idRicerca)VALUES(2147483648)"));
+  EXPECT_EQ(connector->GetMaxId("tRicerche", "idRicerca"), 0);
+  EXPECT_NE(connector->LastError(), "");
+}
+
+TEST_F(SqliteTest, AnArchiveThatWasLeftWithoutIndexesGetsThemWhenItIsOpenedNext) {
+  const auto connector = created();
+  fill(*connector, 10);
+  const auto drop = [&](size_t count) {
+    for (size_t i = 0; i < count; ++i)
+      ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(sqlite::draw_indexes()[i].name)));
+  };
+  drop(sqlite::draw_indexes().size());
+  EXPECT_EQ(index_count(*opened("?mode=ro")), "1");
+  EXPECT_EQ(index_count(*opened()), "9");
+  // One that somebody took away is not ours to make again.
+  drop(1);
+  EXPECT_EQ(index_count(*opened()), "8");
 }
 
 TEST_F(SqliteTest, AReadOnlyArchiveRefusesChanges) {

@@ -34,6 +34,9 @@ Advice advice_for(int code, int system_error) {
       return {70, "; another program is changing the archive, try again when it is done"};
     case SQLITE_CANTOPEN:
       return advice_for_opening(system_error);
+    case SQLITE_INTERRUPT:
+      return {automation::unspecified_failure,
+              "; it took too long, statement_timeout in the URL says how long one may"};
     case SQLITE_NOMEM:
       return {7, ""};
     case SQLITE_NOTADB:

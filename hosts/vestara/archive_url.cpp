@@ -42,22 +42,6 @@ std::optional<std::string_view> option_of(std::string_view url, std::string_view
   return std::nullopt;
 }
 
-constexpr std::string_view hidden = "…";
-
-/// The options of a URL, "?" included; the values of those that sound like a password hidden.
-std::string shown_options(std::string_view options) {
-  if (options.empty()) return {};
-  std::string shown;
-  for (const std::string_view option : automation::split(options.substr(1), '&')) {
-    const auto equals = std::min(option.find('='), option.size());
-    const std::string name = automation::lower_case(option.substr(0, equals));
-    const bool is_secret = name.find("pass") != std::string::npos || name.find("pwd") != std::string::npos;
-    shown.append(shown.empty() ? "?" : "&").append(option.substr(0, equals));
-    if (equals != option.size()) shown.append("=").append(is_secret ? hidden : option.substr(equals + 1));
-  }
-  return shown;
-}
-
 /// Where a server's archive is, in one spelling; the user does not count.
 std::string place_of(std::string_view url) {
   const std::string scheme = automation::lower_case(url.substr(0, url.find(':')));
@@ -115,22 +99,6 @@ std::string existing_only(const std::string& url) {
   if (url.find('?') == std::string::npos) return url + "?mode=rw";
   if (option_of(url, "mode")) return url;
   return url + (url.back() == '?' || url.back() == '&' ? "mode=rw" : "&mode=rw");
-}
-
-std::string shown_url(std::string_view url) {
-  if (automation::equal_ignoring_case(url.substr(0, 7), "sqlite:")) return std::string(url);
-  const auto scheme = url.find(':');
-  const bool has_slashes = scheme != std::string_view::npos && url.substr(scheme, 3) == "://";
-  const auto colon = has_slashes ? url.find(':', scheme + 3) : scheme;
-  // The last one, wherever it stands: a password may hold any character, also "@" and "?" that should be %XX.
-  const auto at = url.rfind('@');
-  if (at == std::string_view::npos || colon == std::string_view::npos || colon > at) {
-    const auto question = std::min(url.find('?'), url.size());
-    return std::string(url.substr(0, question)) + shown_options(url.substr(question));
-  }
-  const auto question = std::min(url.find('?', at), url.size());
-  return automation::concatenated({url.substr(0, colon + 1), hidden, url.substr(at, question - at)}) +
-         shown_options(url.substr(question));
 }
 
 bool same_archive(const std::string& left, const std::string& right) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "dorvane/url.h"
+
 namespace vestara::host {
 
 /// The user's own archive: vestara/archive.sqlite below XDG_DATA_HOME, else below ~/.local/share. Failure (usage)
@@ -21,7 +23,7 @@ std::optional<std::string> file_of(std::string_view url);
 std::string existing_only(const std::string& url);
 
 /// The URL as it may be shown: "…" in place of what could be a password.
-std::string shown_url(std::string_view url);
+using dorvane::shown_url;
 
 /// True when both name one archive: one file, or one database of one server as far as the URLs tell.
 bool same_archive(const std::string& left, const std::string& right);

@@ -275,21 +275,6 @@ TEST_P(ConnectorTest, ATransactionSpansItsCalls) {
   EXPECT_EQ(other->GetMaxId("storico", "concorsoNumero"), 1);
 }
 
-TEST_P(ConnectorTest, ATransactionLeftOpenIsRolledBackByTheNextBeginAndByClose) {
-  connector_->BeginTrans();
-  add(1, "2005-02-09", "VE");
-  connector_->BeginTrans();
-  add(2, "2005-02-12", "VE");
-  connector_->CommitTrans();
-  EXPECT_EQ(rows("SELECT concorsoNumero FROM storico"), Lines{"2"});
-  connector_->BeginTrans();
-  add(3, "2005-02-15", "VE");
-  connector_->Close();
-  EXPECT_EQ(connector_->ConnectionState(), 0);
-  connector_ = another();
-  EXPECT_EQ(rows("SELECT concorsoNumero FROM storico"), Lines{"2"});
-}
-
 TEST_P(ConnectorTest, CommitWithoutATransactionIsAnErrorAndRollbackIsNot) {
   EXPECT_THROW(connector_->CommitTrans(), automation::RunTimeError);
   EXPECT_NO_THROW(connector_->RollbackTrans());

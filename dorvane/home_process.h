@@ -1,0 +1,20 @@
+#pragma once
+
+namespace dorvane {
+
+/// The process in which something came to be. A fork copies the memory of a connection, but neither its locks nor its
+/// right to speak to the server: what belongs to one process is none of the other's.
+class HomeProcess {
+ public:
+  HomeProcess() : generation_(generation()) {}
+  /// False in a process that was forked from the one in which this object was made. Costs the reading of a number.
+  bool is_here() const { return generation_ == generation(); }
+
+  /// How many forks lie between the first process of the program and this one; 0 where processes do not fork.
+  static unsigned generation();
+
+ private:
+  unsigned generation_;
+};
+
+}  // namespace dorvane
