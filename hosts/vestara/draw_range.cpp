@@ -2,19 +2,13 @@
 
 #include <algorithm>
 
-#include "automation/date.h"
 #include "automation/text.h"
+#include "hosts/vestara/day_literal.h"
 #include "hosts/vestara/wheel_names.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
-namespace {
-
-std::string day_literal(int32_t day) { return sqlDateTime(automation::Date::from_day(day)); }
-
-}  // namespace
-
 std::string range_condition(const DrawRange& range) {
   std::string condition;
   if (range.from) condition = "dtEstr>=" + day_literal(*range.from);
