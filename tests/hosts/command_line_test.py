@@ -325,11 +325,11 @@ class Failures(CommandLine):
         good = self.imported().read_bytes()
         more = self.write("more.txt", self.generated(last="2026-12-31"))
         self.assertTrue(more.read_bytes().startswith(good))
-        # What does not fit: the program's own temporary file, the first rows, the rows behind twice the archive.
+        # What does not fit: anything, the first rows, the rows behind twice the archive.
         fits = self.archive.stat().st_size
-        for size, code in ((65536, FILE), (fits + 600_000, DATABASE), (fits * 2, DATABASE)):
+        for size in (65536, fits + 600_000, fits * 2):
             with self.subTest(size=size):
-                self.expect(code, "import", more, preexec_fn=limited_to(size))
+                self.expect(DATABASE, "import", more, preexec_fn=limited_to(size))
                 self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), good)
         out = self.folder / "out.txt"
         self.expect(FILE, "export", "--output", out, preexec_fn=limited_to(65536))
