@@ -100,7 +100,7 @@ class ErrorLog(CommandLine):
     def logged(self, **environment):
         self.imported()
         with contextlib.closing(sqlite3.connect(self.archive)) as archive, archive:
-            archive.execute("UPDATE storico SET estr1 = 91 WHERE id = 1")
+            archive.execute("UPDATE storico SET estr1 = 91")
         del self.environment["VESTARA_LOG_DIR"]
         self.environment |= environment
         self.expect(DATABASE, "delays")
