@@ -45,6 +45,12 @@ ArchiveSession ArchiveSession::for_import(const std::string& database) {
   return session;
 }
 
+ArchiveSession ArchiveSession::in_memory() {
+  ArchiveSession session("sqlite::memory:");
+  if (!session.connector()->CreateSchema()) session.fail("the tables cannot be made");
+  return session;
+}
+
 automation::Ref<RecordSet> ArchiveSession::rows(std::string_view statement) const {
   automation::Ref<RecordSet> rows;
   if (!connector_->OpenRecordset(rows, statement) || !rows) fail("the archive cannot be read");

@@ -19,6 +19,8 @@ class ArchiveSession {
   static ArchiveSession for_change(const std::string& database) { return for_reading(database); }
   /// Opens the archive or begins a new one, with its tables; the user's own with its folder.
   static ArchiveSession for_import(const std::string& database);
+  /// A new, empty one that lives as long as the session.
+  static ArchiveSession in_memory();
   /// True when there is an archive file, or one cannot tell.
   static bool may_exist(const std::string& database);
 

@@ -213,9 +213,9 @@ TEST_F(NumberCommands, HelpShowsAnExampleAndWhatTheLibraryMeans) {
                          {"frequencies", "one number on one wheel for each count"},
                          {"frequencies", "divided by all dates"},
                          {"frequencies", "first one only"},
-                         {"table", "the last 730 days"},
+                         {"table", "the 730 days up to today"},
                          {"table", "dates of any wheel"},
-                         {"table", "There is no last date"},
+                         {"table", "later draws do not count"},
                          {"gaps", "1 for neighbours"},
                          {"gaps", "`vestara distances`"}}) {
     const Outcome help = run(std::string(row.command) + " --help");

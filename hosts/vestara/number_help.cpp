@@ -45,9 +45,9 @@ void add_table(CLI::App& program, NumberArguments& given) {
   CLI::App& app = add_command(
       program, "table", "Show the analytic table: the draws that numbers came out in for the last time",
       "vestara table --as-of 2005-02-09 --per-wheel --format csv\n\n"
-      "It always covers the last 730 days from today, or from --as-of, which shows an old archive as of its\n"
-      "time. There is no last date: draws after --as-of count as well. A delay counts the dates of any wheel\n"
-      "since, not the draws of the wheel; --per-wheel shows those beside it.");
+      "It always covers the 730 days up to today, or up to --as-of, which shows the archive as of that day:\n"
+      "later draws do not count. A delay counts the dates of any wheel since, not the draws of the wheel;\n"
+      "--per-wheel shows those beside it.");
   app.add_flag("--per-wheel", given.per_wheel, "also count the wheel's own draws since");
   value_option(app, "--as-of", given.as_of, "DATE", "the day that stands for today");
 }

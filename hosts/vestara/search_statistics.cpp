@@ -6,7 +6,7 @@
 #include "hosts/vestara/expected_draws.h"
 #include "hosts/vestara/gap_rows.h"
 #include "hosts/vestara/shown_text.h"
-#include "hosts/vestara/wheel_draws.h"
+#include "hosts/vestara/wheels_per_draw.h"
 
 namespace vestara::host {
 namespace {
@@ -19,60 +19,62 @@ int16_t wheels_in_formula(const cStatistiche& statistics) {
   return std::max<int16_t>(1, statistics.EstrRuoteGiocateQta());
 }
 
+/// As the library's contract has them: one wheel when none was named, all draw dates of the range.
 std::vector<Fact> library_facts(cStatistiche& statistics) {
-  return {{"theoretical_percent",
+  return {{"library_theoretical_percent",
            statistics.CalcolaPercTeorica(statistics.EstrNumeriGiocatiQta(), statistics.EstrCombinazione(),
                                          statistics.EstrRuoteGiocateQta())},
-          {"effective_percent", statistics.EstrCalcolaPercEffettiva()},
-          {"theoretical_draws_per_hit", expected_draws(statistics.CalcolaNumEstrDaPerc(false))},
-          {"effective_draws_per_hit", expected_draws(statistics.CalcolaNumEstrDaPerc(true))},
-          {"wheels_in_formula", int64_t{wheels_in_formula(statistics)}},
-          {"draws_in_range", int64_t{statistics.EstrContaTutteLeEstrazioniNelleDate()}},
-          {"draws_with_hit", int64_t{statistics.EstrContaTutteLeEstrazioniSortiteNelleDate()}},
+          {"library_effective_percent", statistics.EstrCalcolaPercEffettiva()},
+          {"library_theoretical_draws_per_hit", expected_draws(statistics.CalcolaNumEstrDaPerc(false))},
+          {"library_effective_draws_per_hit", expected_draws(statistics.CalcolaNumEstrDaPerc(true))},
+          {"library_wheels", int64_t{wheels_in_formula(statistics)}},
+          {"library_draws_in_range", int64_t{statistics.EstrContaTutteLeEstrazioniNelleDate()}}};
+}
+
+Cell share(double part, int64_t whole, double unit) {
+  return whole == 0 ? Cell() : Cell(unit * part / static_cast<double>(whole));
+}
+
+Cell draws_per_hit(int64_t draws, double hits) {
+  return hits > 0 ? Cell(static_cast<double>(draws) / hits) : Cell(Absent{"never"});
+}
+
+/// What chance would give in the very draws of the archive, and what they gave.
+std::vector<Fact> plain_facts(const cStatistiche& statistics, const WheelsPerDraw& drawn) {
+  constexpr double percent = 100;
+  const int64_t draws = drawn.draws();
+  const double expected = drawn.expected_hits(statistics.EstrNumeriGiocatiQta(), statistics.EstrCombinazione());
+  const int64_t hits = statistics.EstrContaTutteLeEstrazioniSortiteNelleDate();
+  return {{"draws_in_range", draws},
+          {"wheels_per_draw", share(static_cast<double>(drawn.wheels()), draws, 1)},
+          {"expected_draws_with_hit", expected},
+          {"draws_with_hit", hits},
+          {"expected_percent", share(expected, draws, percent)},
+          {"found_percent", share(static_cast<double>(hits), draws, percent)},
+          {"expected_draws_per_hit", draws_per_hit(draws, expected)},
+          {"found_draws_per_hit", draws_per_hit(draws, static_cast<double>(hits))},
           {"combinations_found", int64_t{statistics.EstrContaCombinazioniTrovate()}}};
 }
 
-/// The same two percentages of another number of wheels and draws.
-std::vector<Fact> plain_facts(const cStatistiche& library, int16_t wheels, int64_t draws) {
-  cStatistiche plain;
-  plain.EstrNumeriGiocatiQta(library.EstrNumeriGiocatiQta());
-  plain.EstrCombinazione(library.EstrCombinazione());
-  plain.EstrRuoteGiocateQta(wheels);
-  plain.EstrContaTutteLeEstrazioniNelleDate(static_cast<int32_t>(draws));
-  plain.EstrContaTutteLeEstrazioniSortiteNelleDate(library.EstrContaTutteLeEstrazioniSortiteNelleDate());
-  const bool any = wheels != 0;
-  const auto theoretical = [&] {
-    return plain.CalcolaPercTeorica(plain.EstrNumeriGiocatiQta(), plain.EstrCombinazione(), wheels);
-  };
-  return {{"plain_theoretical_percent", any ? Cell(theoretical()) : Cell()},
-          {"plain_effective_percent", plain.EstrCalcolaPercEffettiva()},
-          {"plain_theoretical_draws_per_hit", any ? expected_draws(plain.CalcolaNumEstrDaPerc(false)) : Cell()},
-          {"plain_effective_draws_per_hit", expected_draws(plain.CalcolaNumEstrDaPerc(true))},
-          {"plain_wheels", int64_t{wheels}},
-          {"plain_draws_in_range", draws}};
-}
-
-std::string note_on(const cStatistiche& statistics, int16_t wheels, int64_t draws) {
+std::string note_on(const cStatistiche& statistics, const WheelsPerDraw& drawn) {
   std::string note;
-  if (wheels > wheels_in_formula(statistics))
-    note = "no wheel was named, so the theoretical figures are those of one wheel; the plain ones are those of " +
-           counted(static_cast<size_t>(wheels), "wheel");
-  const int64_t without = statistics.EstrContaTutteLeEstrazioniNelleDate() - draws;
+  if (statistics.EstrRuoteGiocateQta() < 1)
+    note = "no wheel was named, so the library's theoretical figures are those of one wheel";
+  const int64_t without = statistics.EstrContaTutteLeEstrazioniNelleDate() - drawn.draws();
   if (without > 0)
-    note += (note.empty() ? "" : "; ") + counted(static_cast<size_t>(without), "draw") +
-            " of the range had none of the wheels; the plain effective figures leave them out";
+    note += (note.empty() ? "the library's" : "; its") + std::string(" effective figures count ") +
+            counted(static_cast<size_t>(without), "draw") + " of the range that had none of the wheels";
   return note;
 }
 
 }  // namespace
 
 FactBlock statistics_block(const ArchiveSession& session, const SearchOptions& question, cStatistiche& statistics) {
-  const int16_t wheels = wheels_searched(session, question);
-  const int64_t draws = WheelDraws(session, question).count();
-  FactBlock block{"statistics", library_facts(statistics)};
-  append(block.facts, plain_facts(statistics, wheels, draws));
+  const WheelsPerDraw drawn(session, question);
+  FactBlock block{"statistics", plain_facts(statistics, drawn)};
   append(block.facts, gap_facts(*statistics.Distanze()));
-  const std::string note = note_on(statistics, wheels, draws);
+  append(block.facts, library_facts(statistics));
+  const std::string note = note_on(statistics, drawn);
   if (!note.empty()) block.facts.push_back({"note", note});
   return block;
 }

@@ -7,8 +7,9 @@
 
 namespace vestara::host {
 
-/// What a search amounts to, as the library counts it, and beside it the plain figures: for the wheels that were
-/// searched and the draws in which one of them took part. A note says where the two differ.
+/// What a search amounts to: what chance would have given in the draws of the archive, each with the wheels that were
+/// drawn in it, and what they gave; the gaps; last the library's own figures, under names that say so. A note says
+/// where those differ in kind.
 FactBlock statistics_block(const ArchiveSession& session, const SearchOptions& question, cStatistiche& statistics);
 
 }  // namespace vestara::host

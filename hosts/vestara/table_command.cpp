@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <optional>
 #include <string>
 
+#include "automation/coercion.h"
 #include "automation/date.h"
 #include "automation/text.h"
+#include "hosts/vestara/archive_excerpt.h"
 #include "hosts/vestara/archive_session.h"
 #include "hosts/vestara/commands.h"
 #include "hosts/vestara/draw_range.h"
@@ -22,19 +25,28 @@ std::string listed(std::string numbers) {
   return numbers;
 }
 
-/// Dates since a day that have a draw with all of its numbers: the library looks at no others.
-int64_t dates_since(const ArchiveSession& session, int32_t day) {
-  auto rows = session.rows("SELECT count(DISTINCT dtEstr) AS giorni FROM storico" + range_condition({{}, day, {}}) +
+/// Dates of a range that have a draw with all of its numbers: the library looks at no others.
+int64_t dates_in(const ArchiveSession& session, const DrawRange& range) {
+  auto rows = session.rows("SELECT count(DISTINCT dtEstr) AS giorni FROM storico" + range_condition(range) +
                            " AND estr1>0 AND estr2>0 AND estr3>0 AND estr4>0 AND estr5>0");
   const int64_t dates = rows->at_end() ? 0 : rows->whole_number(rows->column("giorni"));
   session.connector()->CloseRecordset(rows);
   return dates;
 }
 
-void add_note_on_later_draws(Report& report, int64_t later) {
-  if (later == 0) return;
-  report.facts.push_back({"note", counted(static_cast<size_t>(later), "draw date") + " after that day " +
-                                      (later == 1 ? "counts" : "count") + " as well"});
+/// The last day on which the archive has a draw.
+std::optional<int32_t> newest_day(const ArchiveSession& session) {
+  auto rows = session.rows("SELECT max(dtEstr) AS ultima FROM storico");
+  const auto date = rows->at_end() ? std::nullopt : automation::date_in(rows->value(Column{0}));
+  session.connector()->CloseRecordset(rows);
+  return date ? std::optional(date->day()) : std::nullopt;
+}
+
+std::string why_empty(const ArchiveSession& session, const DrawRange& window) {
+  const auto newest = newest_day(session);
+  if (!newest) return "the archive holds no draws; vestara import FILE fills it";
+  return "the archive holds no draw from " + shown_day(*window.from) + " to " + shown_day(*window.to) +
+         "; its newest is of " + shown_day(*newest) + ", --as-of DATE shows an older time";
 }
 
 Report describe(const cTabAnalytics& table, int32_t first, int32_t today) {
@@ -61,16 +73,19 @@ void add_wheel_delays(Report& report, const cTabAnalytics& table, const WheelCal
 ExitCode run_table(const TableOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   const automation::Date today = options.as_of ? automation::Date::from_day(*options.as_of) : automation::now();
-  const int32_t first = today.day() - days_covered;
+  const DrawRange window{{}, today.day() - days_covered, today.day()};
+  // The library's table has a first date and no last one.
+  const ArchiveSession seen = archive_excerpt(session, window);
   cTabAnalytics table([today] { return today; });
-  table.ActiveConnection(session.connector());
+  table.ActiveConnection(seen.connector());
   table.LoadTabelloneAnalitico();
-  require(!table.lines().empty() || dates_since(session, first) == 0, session, "the table cannot be made");
-  Report report = describe(table, first, today.day());
-  add_note_on_later_draws(report, dates_since(session, today.day() + 1));
-  if (options.wheel_draws) add_wheel_delays(report, table, WheelCalendar(session, {{}, first, {}}));
+  require(!table.lines().empty() || dates_in(seen, window) == 0, seen, "the table cannot be made");
+  Report report = describe(table, *window.from, *window.to);
+  if (options.wheel_draws) add_wheel_delays(report, table, WheelCalendar(seen, window));
   write_report(context.out, report, context.style());
-  return report.rows.empty() ? ExitCode::nothing_found : ExitCode::ok;
+  if (!report.rows.empty()) return ExitCode::ok;
+  context.err << "vestara: " << why_empty(session, window) << "\n";
+  return ExitCode::nothing_found;
 }
 
 }  // namespace vestara::host

@@ -237,10 +237,10 @@ class Frequencies(Studies):
 
 
 class Table(Studies):
-    def lines_of(self, today):
+    def lines_of(self, today, last="9"):
         """(date, wheel, numbers, delay, wheel delay) of every line, newest first."""
         first = (date.fromisoformat(today) - timedelta(days=730)).isoformat()
-        rows = self.draws.within(first).rows
+        rows = self.draws.within(first, last).rows
         dates = sorted({row[0] for row in rows}, reverse=True)
         met = {wheel: set() for wheel in WHEELS}
         seen = Counter()
@@ -274,13 +274,20 @@ class Table(Studies):
         self.assertEqual(newest["wheel_delay"], 0)
         self.assertGreater(newest["delay"], 10)
 
-    def test_later_draws_count(self):
-        shown = self.summary("table", "--as-of", "2005-06-30")
-        later = len({row[0] for row in self.draws.within("2005-07-01").rows})
-        self.assertIn(f"{later} draw dates after that day count as well", shown["note"])
-        self.assertEqual(shown["lines"][0]["date"], "2006-12-30")
-        self.assertNotIn("note", self.summary("table", "--as-of", "2006-12-30"))
-        self.expect(NOTHING_FOUND, "table")
+    def test_later_draws_do_not_count(self):
+        for today, newest in (("2005-06-30", "2005-06-30"), ("2005-07-01", "2005-06-30"), ("2005-07-03", "2005-07-02")):
+            expected = self.lines_of(today, last=today)
+            shown = self.summary("table", "--as-of", today, "--per-wheel")
+            self.assertEqual(shown["lines"][0]["date"], newest)
+            self.assertCountEqual([tuple(row.values()) for row in shown["lines"]], expected)
+            self.assertNotIn("note", shown)
+
+    def test_nothing_in_the_window(self):
+        for words, window in ((["--as-of", "2001-12-31"], "from 2000-01-01 to 2001-12-31"),
+                              (["--as-of", "2010-01-01"], "from 2008-01-02 to 2010-01-01"), ([], "")):
+            self.expect(NOTHING_FOUND, "table", *words)
+            self.assertRegex(self.errors, f"^vestara: the archive holds no draw {window}.*; its newest is of 2006-12-30, "
+                                          "--as-of DATE shows an older time\n$")
 
 
 class Gaps(Studies):

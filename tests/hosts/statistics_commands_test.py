@@ -9,6 +9,7 @@ import os
 import signal
 import subprocess
 import unittest
+from collections import Counter
 from datetime import date
 
 from command_line_test import NOTHING_FOUND, OK, PROGRAM, REAL_ARCHIVE, USAGE, CommandLine
@@ -26,12 +27,13 @@ def blocks(text):
     return [list(csv.DictReader(io.StringIO(part + "\n"))) for part in text.rstrip("\n").split("\n\n")]
 
 
-class Distances(CommandLine):
-    def rows_of(self, tsv):
-        """(date, wheel, numbers) of every row."""
-        rows = [line.split("\t") for line in tsv.decode().splitlines()]
-        return [(row[0].replace("/", "-"), row[1], set(map(int, row[2:]))) for row in rows]
+def rows_of(tsv):
+    """(date, wheel, numbers) of every row."""
+    rows = [line.split("\t") for line in tsv.decode().splitlines()]
+    return [(row[0].replace("/", "-"), row[1], set(map(int, row[2:]))) for row in rows]
 
+
+class Distances(CommandLine):
     def gaps_of(self, rows, numbers, hits, wheels):
         """What the listing should say, oldest first and without the columns of the hit."""
         dates = sorted({row[0] for row in rows})
@@ -51,7 +53,7 @@ class Distances(CommandLine):
     def test_the_gaps_are_those_of_the_file(self):
         tsv = self.generated(3)
         self.expect(OK, "import", "-", stdin=tsv)
-        rows = self.rows_of(tsv)
+        rows = rows_of(tsv)
         wheels = sorted({row[1] for row in rows})
         for numbers, hits, chosen in (({53}, 1, ["VE"]), ({53}, 1, wheels), ({1, 2, 3, 4, 5, 6}, 2, ["BA", "RN"]),
                                       ({90}, 1, ["RN"])):
@@ -108,22 +110,35 @@ class Distances(CommandLine):
 
 class Statistics(CommandLine):
     def test_figures_follow_from_the_search(self):
-        self.imported()
-        for wheels, in_formula, searched in (("all", 1, 11), ("cities", 10, 10), ("VE", 1, 1), ("RN,BA", 2, 2)):
+        tsv = self.imported().read_bytes()
+        rows = rows_of(tsv)
+        for wheels, in_formula, searched in (("all", 1, None), ("cities", 10, lambda wheel: wheel != "RN"),
+                                             ("VE", 1, lambda wheel: wheel == "VE"),
+                                             ("RN,BA", 2, lambda wheel: wheel in ("RN", "BA"))):
             words = ["search", 5, 12, "--hits", 1, "--wheels", wheels]
             without = self.summary(*words)
             shown = self.summary(*words, "--statistics")
             figures = shown.pop("statistics")
             self.assertEqual(shown, without)
             miss = math.comb(88, 5) / math.comb(90, 5)
-            self.assertAlmostEqual(figures["theoretical_percent"], 100 * (1 - miss ** in_formula))
-            self.assertAlmostEqual(figures["plain_theoretical_percent"], 100 * (1 - miss ** searched))
-            self.assertEqual((figures["wheels_in_formula"], figures["plain_wheels"]), (in_formula, searched))
+            drawn = Counter(row[0] for row in rows if searched is None or searched(row[1]))
+            expected = sum(1 - miss ** wheels_drawn for wheels_drawn in drawn.values())
+            self.assertEqual(figures["draws_in_range"], len(drawn))
+            self.assertAlmostEqual(figures["wheels_per_draw"], sum(drawn.values()) / len(drawn))
+            self.assertAlmostEqual(figures["expected_draws_with_hit"], expected, places=6)
+            self.assertAlmostEqual(figures["expected_percent"], 100 * expected / len(drawn), places=6)
+            self.assertAlmostEqual(figures["expected_draws_per_hit"], len(drawn) / expected, places=6)
             self.assertEqual(figures["draws_with_hit"], shown["draws"])
-            self.assertEqual(figures["draws_in_range"], self.summary("archive")["draw_dates"])
+            self.assertAlmostEqual(figures["found_percent"], 100 * shown["draws"] / len(drawn))
+            self.assertAlmostEqual(figures["found_draws_per_hit"], len(drawn) / shown["draws"])
+            self.assertAlmostEqual(figures["library_theoretical_percent"], 100 * (1 - miss ** in_formula))
+            self.assertEqual(figures["library_wheels"], in_formula)
+            self.assertEqual(figures["library_draws_in_range"], self.summary("archive")["draw_dates"])
+            self.assertTrue(all(name.startswith("library_") for name in [name for name in figures if name != "note"][-6:]))
             self.assertEqual(figures["combinations_found"], shown["ambate"] + shown["ambi"])
-            self.assertAlmostEqual(figures["effective_percent"], 100 * shown["draws"] / figures["draws_in_range"])
-            self.assertAlmostEqual(figures["effective_draws_per_hit"], figures["draws_in_range"] / shown["draws"])
+            dates = figures["library_draws_in_range"]
+            self.assertAlmostEqual(figures["library_effective_percent"], 100 * shown["draws"] / dates)
+            self.assertAlmostEqual(figures["library_effective_draws_per_hit"], dates / shown["draws"])
             gaps = self.summary("distances", *words[1:])
             self.assertEqual({name: figures[name] for name in gaps if name != "distances"},
                              {name: value for name, value in gaps.items() if name != "distances"})
@@ -133,9 +148,18 @@ class Statistics(CommandLine):
         self.imported(first="2005-01-01")
         figures = self.summary("search", 5, "--wheels", "RN", "--statistics")["statistics"]
         wheel = next(row for row in self.summary("archive")["wheels"] if row["wheel"] == "RN")
-        self.assertEqual(figures["plain_draws_in_range"], wheel["draw_dates"])
-        self.assertGreater(figures["plain_effective_percent"], figures["effective_percent"])
+        self.assertEqual(figures["draws_in_range"], wheel["draw_dates"])
+        self.assertGreater(figures["found_percent"], figures["library_effective_percent"])
         self.assertIn("had none of the wheels", figures["note"])
+
+    def test_wheels_that_came_one_after_the_other(self):
+        """Three numbers, two of them on a wheel, since 1871: eleven wheels were not drawn in most of those draws."""
+        self.imported(first="1871-01-07")
+        figures = self.summary("search", 5, 12, 33, "--hits", 2, "--statistics")["statistics"]
+        miss = 1 - (3 * math.comb(87, 3) + math.comb(87, 2)) / math.comb(90, 5)
+        self.assertLess(figures["wheels_per_draw"], 10)
+        self.assertLess(figures["expected_percent"], 100 * (1 - miss ** 10))
+        self.assertGreater(figures["expected_percent"], 100 * (1 - miss ** 8))
 
     def test_forms_parse(self):
         self.imported()
@@ -145,13 +169,13 @@ class Statistics(CommandLine):
         self.assertEqual([row["name"] for row in rows], list(figures))
         last = json.loads(self.expect(OK, *words, "--format", "jsonl").splitlines()[-1])
         self.assertEqual(last, {"kind": "statistics", **figures})
-        self.assertRegex(self.expect(OK, *words, "--limit", 1), r"more\n\ntheoretical percent +5\.55556\n")
+        self.assertRegex(self.expect(OK, *words, "--limit", 1), r"more\n\ndraws in range +\d+\nwheels per draw +1\n")
         self.assertIn("\n\n| name | value |\n", self.expect(OK, *words, "--format", "markdown"))
 
     def test_what_was_never_hit(self):
         self.imported()
         table = self.expect(NOTHING_FOUND, "search", 1, 2, 3, 4, 5, "--hits", 5, "--statistics")
-        self.assertRegex(table, r"\neffective draws per hit +never\n")
+        self.assertRegex(table, r"\nfound draws per hit +never\n")
 
 
 class Probability(CommandLine):
@@ -271,6 +295,10 @@ class RealArchive(CommandLine):
         self.assertEqual(whole["maximum_gap_wheel_draws"], 182)
         figures = self.summary("search", 53, "--wheels", "VE", "--to", "2005-02-09", "--statistics")["statistics"]
         self.assertEqual(figures["draws_with_hit"], 430)
+        threes = self.summary("search", 5, 12, 33, "--hits", "ambo", "--statistics")["statistics"]
+        self.assertEqual(threes["draws_in_range"], 10918)
+        self.assertAlmostEqual(threes["wheels_per_draw"], 105156 / 10918)
+        self.assertAlmostEqual(threes["expected_percent"], 6.83, places=2)
 
 
 if __name__ == "__main__":
