@@ -116,6 +116,7 @@ struct SavedSaveOptions {
   int32_t id = 0;  ///< 0 for a new one
   std::string name;
   SearchOptions search;
+  Consent consent = Consent::ask;  ///< to replace another search
 };
 struct SavedRunOptions {
   int32_t id = 0;

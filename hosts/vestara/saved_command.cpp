@@ -77,7 +77,12 @@ struct RunSaved {
   }
 
   ExitCode operator()(const SavedSaveOptions& options) const {
-    const int32_t id = store(ArchiveSession::for_change(context.options.database), options);
+    const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+    if (options.id != 0) {
+      search_with_id(session, options.id);
+      require_consent(options.consent, "replace the saved search " + std::to_string(options.id), context.err);
+    }
+    const int32_t id = store(session, options);
     return report_done(context, options.id == 0 ? "saved" : "replaced", id);
   }
 
