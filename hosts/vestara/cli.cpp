@@ -51,7 +51,8 @@ ExitCode run_command(int argc, const char* const* argv, std::ostream& out, std::
   out.flush();
   // A reader that has seen enough is no error.
   if (!out && errno != EPIPE)
-    throw Failure(ExitCode::file, std::string("the results cannot be written: ") + std::strerror(errno) +
+    throw Failure(ExitCode::file, std::string("the results cannot be written: ") +
+                                      (errno == EBADF ? "standard output is closed" : std::strerror(errno)) +
                                       "; standard output must take them");
   return code;
 }

@@ -1,4 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <fstream>
@@ -125,12 +128,98 @@ TEST(OutputFile, ALinkStaysALink) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link"));
 }
 
-TEST(OutputFile, DevicesAreWrittenInPlace) {
+TEST(OutputFile, ALinkToNothingYetStaysALink) {
+  const TemporaryFolder folder;
+  std::filesystem::create_symlink("target", folder.path() / "link");
   std::ostringstream unused;
-  OutputFile file("/dev/null", unused);
+  OutputFile file(folder.path_to("link"), unused);
+  file.write("after");
+  file.finish();
+  EXPECT_EQ(bytes_of(folder.path() / "target"), "after");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link"));
+}
+
+TEST(OutputFile, EveryHardLinkHasTheNewContents) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("x", "before, and longer");
+  std::filesystem::create_hard_link(path, folder.path() / "y");
+  std::ostringstream unused;
+  {
+    OutputFile file(path, unused);
+    file.write("half");
+  }
+  EXPECT_EQ(bytes_of(folder.path() / "y"), "before, and longer");
+  OutputFile file(path, unused);
+  file.write("after");
+  EXPECT_EQ(bytes_of(path), "before, and longer");
+  file.finish();
+  for (const char* name : {"x", "y"}) EXPECT_EQ(bytes_of(folder.path() / name), "after");
+  EXPECT_EQ(std::filesystem::hard_link_count(path), 2U);
+  EXPECT_EQ(files_in(folder), 2U);
+}
+
+mode_t mode_of(const std::filesystem::path& path) {
+  struct stat status {};
+  EXPECT_EQ(::lstat(path.c_str(), &status), 0);
+  return status.st_mode & 07777;
+}
+
+TEST(OutputFile, ModesAreThoseOfTheFileThatWasThereOrTheUsersOwn) {
+  const TemporaryFolder folder;
+  const mode_t before = ::umask(027);
+  for (const mode_t mode : {0600, 0640, 0777, 0444}) {
+    const std::string path = folder.file("x", "before");
+    ::chmod(path.c_str(), mode);
+    std::ostringstream unused;
+    OutputFile file(path, unused);
+    file.finish();
+    EXPECT_EQ(mode_of(path), mode);
+    std::filesystem::remove(path);
+  }
+  std::ostringstream unused;
+  OutputFile file(folder.path_to("new"), unused);
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) EXPECT_EQ(mode_of(entry.path()), 0600U);
+  file.finish();
+  EXPECT_EQ(mode_of(folder.path() / "new"), 0640U);
+  ::umask(before);
+}
+
+TEST(OutputFile, RemovesWhatKilledProcessesLeftAndNothingElse) {
+  const TemporaryFolder folder;
+  folder.file(".vestara-part-killed", "half");
+  folder.file("vestara-part-other", "mine");
+  const std::string target = folder.file("target", "mine");
+  std::filesystem::create_symlink(target, folder.path() / ".vestara-part-link");
+  std::ostringstream unused;
+  OutputFile first(folder.path_to("x"), unused);
+  first.write("1");
+  OutputFile second(folder.path_to("y"), unused);
+  second.write("2");
+  first.finish();
+  second.finish();
+  EXPECT_EQ(bytes_of(folder.path() / "x"), "1");
+  EXPECT_EQ(bytes_of(folder.path() / "y"), "2");
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / ".vestara-part-killed"));
+  EXPECT_EQ(bytes_of(target), "mine");
+  EXPECT_EQ(files_in(folder), 5U);
+}
+
+TEST(OutputFile, PipesAreWrittenInPlace) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.path_to("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(reader, 0);
+  std::ostringstream unused;
+  OutputFile file(pipe, unused);
   file.write("x");
   file.finish();
-  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+  char byte = 0;
+  EXPECT_EQ(::read(reader, &byte, 1), 1);
+  EXPECT_EQ(byte, 'x');
+  ::close(reader);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  EXPECT_EQ(files_in(folder), 1U);
 }
 
 TEST(OutputFile, SaysWhatCannotBeWritten) {

@@ -3,6 +3,7 @@
 
 #include "automation/file.h"
 #include "hosts/vestara/cli.h"
+#include "hosts/vestara/standard_descriptors.h"
 #include "vestara/foundation/error_log.h"
 
 namespace {
@@ -15,6 +16,7 @@ void name_log_folder() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vestara::host::open_standard_descriptors();
   // A file that may not grow any further (ulimit -f) is then an error like a full disk.
   std::signal(SIGXFSZ, SIG_IGN);
   std::ios::sync_with_stdio(false);

@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <system_error>
 
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/file_descriptor.h"
@@ -14,23 +14,30 @@
 namespace vestara::host {
 namespace {
 
-Failure unwritable(const std::string& path) {
+namespace fs = std::filesystem;
+
+Failure unwritable(const std::string& path, int code) {
   return {ExitCode::file,
-          path + " cannot be written: " + std::strerror(errno) + "; name a file in a folder that exists and takes it"};
+          path + " cannot be written: " + std::strerror(code) + "; name a file in a folder that exists and takes it"};
 }
 
-/// The file behind a link: the link stays one.
+/// The file behind a link, whether it exists or not: the link stays one.
 std::string real_path(const std::string& path) {
+  constexpr int most_links = 40;
   std::error_code error;
-  const auto target = std::filesystem::weakly_canonical(path, error);
-  return error ? path : target.string();
+  fs::path place = path;
+  for (int links = 0; links < most_links && fs::is_symlink(place, error); ++links) {
+    const fs::path target = fs::read_symlink(place, error);
+    if (error) return path;
+    place = place.parent_path() / target;  // an absolute target takes the place of both
+  }
+  return place.string();
 }
 
 bool is_device_or_pipe(const std::string& path) {
   std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status) &&
-         !std::filesystem::is_directory(status);
+  const auto status = fs::status(path, error);
+  return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
 }  // namespace
@@ -43,31 +50,30 @@ OutputFile::OutputFile(const std::string& path, std::ostream& out) {
 }
 
 void OutputFile::open(const std::string& path) {
-  constexpr mode_t usual_mode = 0666;  // less what the user's mask takes away
   path_ = path;
   if (is_device_or_pipe(path)) {
-    descriptor_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  } else if (std::filesystem::is_directory(path)) {
-    errno = EISDIR;
-  } else {
-    path_ = real_path(path);
-    partial_ = path_ + ".part-" + std::to_string(::getpid());
-    descriptor_ = ::open(partial_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, usual_mode);
+    in_place_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (in_place_ < 0) throw unwritable(path, errno);
+    return;
   }
-  if (descriptor_ < 0) throw unwritable(path);
+  std::error_code unreachable;
+  if (fs::is_directory(path, unreachable)) throw unwritable(path, EISDIR);
+  try {
+    part_ = std::make_unique<PartFile>(real_path(path));
+  } catch (const std::system_error& error) {
+    throw unwritable(path, error.code().value());
+  }
 }
 
 OutputFile::~OutputFile() {
-  if (descriptor_ < 0) return;
-  ::close(descriptor_);
-  if (!partial_.empty()) ::unlink(partial_.c_str());
+  if (in_place_ >= 0) ::close(in_place_);
 }
 
 void OutputFile::write(std::string_view bytes) {
   if (stream_)
     stream_->write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  else if (!write_all(descriptor_, bytes))
-    throw unwritable(path_);
+  else if (!write_all(part_ ? part_->descriptor() : in_place_, bytes))
+    throw unwritable(path_, errno);
 }
 
 bool OutputFile::is_open() const { return !stream_ || stream_->good(); }
@@ -77,12 +83,15 @@ void OutputFile::finish() {
     stream_->flush();
     return;
   }
-  if (!partial_.empty() && ::fsync(descriptor_) != 0) throw unwritable(path_);
-  if (!partial_.empty() && std::rename(partial_.c_str(), path_.c_str()) != 0) throw unwritable(path_);
-  partial_.clear();
-  const int descriptor = descriptor_;
-  descriptor_ = -1;
-  if (::close(descriptor) != 0) throw unwritable(path_);
+  try {
+    if (part_) part_->become_target();
+  } catch (const std::system_error& error) {
+    throw unwritable(path_, error.code().value());
+  }
+  part_ = nullptr;
+  const int descriptor = in_place_;
+  in_place_ = -1;
+  if (descriptor >= 0 && ::close(descriptor) != 0) throw unwritable(path_, errno);
 }
 
 }  // namespace vestara::host

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
+
+#include "hosts/vestara/part_file.h"
 
 namespace vestara::host {
 
@@ -20,17 +23,17 @@ class OutputFile {
   void write(std::string_view bytes);
   /// False when nobody takes the bytes any more.
   bool is_open() const;
-  /// Puts the file in its place, on the disk. Failure (file) when that does not work; the file is then gone and
-  /// what was there before is still there.
+  /// Puts the file in its place, on the disk; one that was there keeps mode, owner and links. Failure (file) when that
+  /// does not work; what was there before is then still there.
   void finish();
 
  private:
   void open(const std::string& path);
 
   std::ostream* stream_ = nullptr;
-  int descriptor_ = -1;
-  std::string path_;     ///< the final name
-  std::string partial_;  ///< the name until then; empty for devices and pipes, which are written in place
+  std::string path_;
+  std::unique_ptr<PartFile> part_;
+  int in_place_ = -1;  ///< a device or a pipe
 };
 
 }  // namespace vestara::host
