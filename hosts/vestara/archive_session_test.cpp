@@ -11,6 +11,7 @@
 #include "hosts/vestara/interruption.h"
 #include "hosts/vestara/manual_marks.h"
 #include "hosts/vestara/table_reader.h"
+#include "tests/support/default_interrupts.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vestara::host {
@@ -62,6 +63,7 @@ TEST_F(Sessions, ATableOfMarksThatCameMeanwhileIsSeen) {
 }
 
 TEST_F(Sessions, ACopyHearsAnInterruptAfterItsLastRow) {
+  const testing_support::DefaultInterrupts interrupts;
   const ArchiveSession from = open("a");
   const ArchiveSession to = open("b");
   // Without rows there is no row at which an interrupt could be heard.

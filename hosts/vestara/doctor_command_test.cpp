@@ -109,6 +109,15 @@ TEST_F(Doctor, FindsWhatIsWrong) {
   }
 }
 
+TEST_F(Doctor, DatesThatThereAreNotDoNotCountAsDrawn) {
+  make(
+      {"INSERT INTO storico VALUES(1,'2005-05-04','VE',1,2,3,4,5,1),(2,'2005-05-05','VE',1,2,3,4,5,2),"
+       "(3,'2005-05-35','VE',1,2,3,4,5,3),(4,'2005-05-36','VE',1,2,3,4,5,4)"});
+  const Outcome found = run("doctor --db sqlite:@/a --format csv");
+  EXPECT_NE(found.out.find("undrawn_wheels,0\n"), std::string::npos) << found.out;
+  EXPECT_NE(found.out.find("dates that there are not,2,2005-05-35,"), std::string::npos) << found.out;
+}
+
 TEST_F(Doctor, LooksAtDrawsEnteredByHand) {
   make(two_draws);
   change({"CREATE TABLE vestara_manual_draws(dtEstr DATE NOT NULL PRIMARY KEY)",

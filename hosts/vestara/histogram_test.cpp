@@ -13,6 +13,22 @@ std::vector<int64_t> up_to(int64_t most) {
   return values;
 }
 
+/// So many fifteens that a class would be one value wide, and two others.
+std::vector<int64_t> around_fifteen(int64_t least, int64_t most) {
+  std::vector<int64_t> values(100, 15);
+  values.push_back(least);
+  values.push_back(most);
+  return values;
+}
+/// The counts of around_fifteen(0, values - 1): thirty values in classes of one, thirty-one in classes of two.
+std::vector<size_t> counts_around_fifteen(size_t values) {
+  const bool single = values == 30;
+  std::vector<size_t> counts(single ? 30 : 16, 0);
+  counts.front() = counts.back() = 1;
+  counts.at(single ? 15 : 7) = 100;
+  return counts;
+}
+
 TEST(Histogram, ChoosesItsClasses) {
   struct Row {
     const char* why;
@@ -26,7 +42,9 @@ TEST(Histogram, ChoosesItsClasses) {
                          {"small whole numbers", {1, 1, 1, 2, 2, 2, 2, 3}, 1, 1, {3, 4, 1}},
                          {"an empty class between", {0, 0, 0, 0, 3}, 0, 1, {4, 0, 0, 1}},
                          {"begins at a multiple", {13, 14, 18, 19, 23, 24, 28, 29}, 10, 10, {4, 4}},
-                         {"an even spread", up_to(99), 0, 50, {50, 50}}}) {
+                         {"an even spread", up_to(99), 0, 50, {50, 50}},
+                         {"thirty classes", around_fifteen(0, 29), 0, 1, counts_around_fifteen(30)},
+                         {"one value too many for them", around_fifteen(0, 30), 0, 2, counts_around_fifteen(31)}}) {
     const Histogram histogram = histogram_of(row.values);
     EXPECT_EQ(histogram.first, row.first) << row.why;
     EXPECT_EQ(histogram.width, row.width) << row.why;

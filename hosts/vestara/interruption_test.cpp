@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/default_interrupts.h"
+
 namespace vestara::host {
 namespace {
 
 TEST(Interruption, IsNotedOnceAndForgottenByTheNext) {
+  const testing_support::DefaultInterrupts interrupts;
   {
     const Interruption interruption;
     EXPECT_FALSE(Interruption::requested());

@@ -79,6 +79,29 @@ TEST(Output, TablesShowControlCharactersAsQuestionMarks) {
   EXPECT_EQ(written(report, {OutputFormat::table}), "name  a?b?[2J? è\n\nid  name\n 1  a?b?\n");
 }
 
+TEST(Output, TextsAreWrittenSoThatTheyReadBack) {
+  struct Row {
+    const char* text;
+    const char* csv;
+    const char* markdown;
+  };
+  for (const Row& row : {Row{"a", "a", "a"},
+                         {"a,b", "\"a,b\"", "a,b"},
+                         {"a\"b", "\"a\"\"b\"", "a\"b"},
+                         {"a\nb", "\"a\nb\"", "a b"},
+                         {"a\rb", "\"a\rb\"", "a b"},
+                         {"a|b", "a|b", "a\\|b"},
+                         {"a\\b", "a\\b", "a\\\\b"},
+                         {"a\\|b", "a\\|b", "a\\\\\\|b"}}) {
+    Report report;
+    report.listing = "searches";
+    report.columns = {"name"};
+    report.rows = {{row.text}};
+    EXPECT_EQ(written(report, {OutputFormat::csv}), std::string("name\n") + row.csv + "\n");
+    EXPECT_EQ(written(report, {OutputFormat::markdown}), std::string("| name |\n| --- |\n| ") + row.markdown + " |\n");
+  }
+}
+
 TEST(Output, TheLimitIsForTables) {
   OutputStyle style;
   style.table_rows = 1;

@@ -4,11 +4,13 @@
 
 #include "automation/error.h"
 #include "automation/yield.h"
+#include "tests/support/default_interrupts.h"
 
 namespace vestara::host {
 namespace {
 
 TEST(StoppableCall, AnInterruptEndsTheLoopThatYields) {
+  const testing_support::DefaultInterrupts interrupts;
   int32_t calls = 0;
   const auto before = automation::set_yield_hook([&] { ++calls; });
   {

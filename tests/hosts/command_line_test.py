@@ -77,10 +77,10 @@ class CommandLine(unittest.TestCase):
         self.expect(OK, "import", path)
         return path
 
-    def on_terminal(self, *arguments, stream, **variables):
-        """What one of the two streams shows when it is a terminal."""
+    def on_terminal(self, *arguments, stream, code=OK, **variables):
+        """What one of the two streams shows when it is a terminal. Standard input is none."""
         ours, theirs = pty.openpty()
-        streams = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: theirs}
+        streams = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: theirs}
         with subprocess.Popen([PROGRAM, *map(str, arguments)], env=self.environment | variables, **streams) as process:
             os.close(theirs)
             shown = b""
@@ -89,7 +89,7 @@ class CommandLine(unittest.TestCase):
                     shown += block
             except OSError:  # the other side is closed
                 pass
-            self.assertEqual(process.wait(), OK)
+            self.assertEqual(process.wait(), code)
         os.close(ours)
         return shown
 
@@ -311,6 +311,16 @@ class Failures(CommandLine):
                 process.stdout.close()
                 self.assertEqual(process.stderr.read(), b"")
                 self.assertIn(process.wait(), (OK, -signal.SIGPIPE))
+
+    def test_a_reader_that_leaves_early_where_the_signal_is_ignored(self):
+        """Without the signal the writing itself fails, which is no error either."""
+        self.imported(first="1990-01-01")
+        with subprocess.Popen([PROGRAM, "export"], env=self.environment, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, restore_signals=False) as process:
+            process.stdout.read(10)
+            process.stdout.close()
+            self.assertEqual(process.stderr.read(), b"")
+            self.assertEqual(process.wait(), OK)
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "this system has no /dev/full")
     def test_a_full_disk_is_said(self):

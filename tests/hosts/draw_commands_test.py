@@ -412,7 +412,14 @@ class Saved(Draws):
         first = self.save_search("5", "--name", "first", "--from", "2026-01-01")
         self.sql("UPDATE tRicerche SET dtSave='2001-01-01'")
         second = self.save_search("6", "--name", "second")
-        done = self.summary("saved", "save", "7,8", "--name", "it's third", "--id", first)
+        self.expect(USAGE, "saved", "save", "7,8", "--name", "it's third", "--id", first)
+        self.assertIn(f"whether to replace the saved search {first}, nothing was changed; --yes ", self.errors)
+        words = ["saved", "save", "7,8", "--name", "it's third", "--id", first]
+        self.assertEqual(self.answering("n\n", *words)[0], USAGE)
+        self.assertEqual(self.summary("saved", "show", first)["name"], "first")
+        self.assertEqual(self.answering("y\n", *words)[0], OK)
+        self.assertEqual(self.summary("saved", "show", first)["name"], "it's third")
+        done = self.summary(*words, "--yes")
         self.assertEqual(done, {"result": "replaced", "id": first})
         shown = self.summary("saved", "show", first)
         self.assertEqual((shown["name"], shown["numbers"], shown["from"]), ("it's third", "7,8", None))
@@ -420,6 +427,14 @@ class Saved(Draws):
         self.expect(NOTHING_FOUND, "saved", "save", "7", "--name", "none", "--id", 99)
         self.assertEqual(len(self.summary("saved", "list")["searches"]), 2)
         self.assertEqual(second, first + 1)
+
+    def test_nobody_is_asked_where_nobody_can_answer(self):
+        """Standard error is a terminal, standard input is none."""
+        number = self.save_search("5", "--name", "first")
+        shown = self.on_terminal("saved", "delete", number, stream="stderr", code=USAGE)
+        self.assertIn(b"there is no terminal to ask", shown)
+        self.assertNotIn(b"[y/N]", shown)
+        self.assertEqual(len(self.summary("saved", "list")["searches"]), 1)
 
     def test_newest_first(self):
         for name in "abcde":

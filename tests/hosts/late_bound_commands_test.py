@@ -229,6 +229,7 @@ class Registration(LateBound):
         self.assertEqual(registered["result"], "registered")
         self.assertEqual(registered["folder"], str(self.folder / "data" / "automation-classes"))
         libraries = {row["class"]: row["library"] for row in registered["classes"]}
+        self.assertEqual(len(registered["classes"]), len(libraries))
         self.assertLessEqual({"Vestara.cLotto", "Dorvane.DbConnector"}, set(libraries))
         self.assertEqual(len(list(pathlib.Path(registered["folder"]).iterdir())), len(libraries))
         for identifier in ("Vestara.cLotto", "dorvane.DBCONNECTOR"):
