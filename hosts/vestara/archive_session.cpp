@@ -6,6 +6,7 @@
 #include "automation/error.h"
 #include "hosts/vestara/archive_url.h"
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/shortage.h"
 
 namespace vestara::host {
 namespace {
@@ -74,7 +75,7 @@ bool ArchiveSession::can_read(const ArchiveTable& table) const {
 
 void ArchiveSession::fail(const std::string& what) const {
   const std::string why = connector_->LastError();
-  throw Failure(ExitCode::database, why.empty() ? what : what + ": " + why);
+  throw Failure(ExitCode::database, (why.empty() ? what : what + ": " + why) + shortage_of_files());
 }
 
 Transaction::Transaction(const ArchiveSession& session) : session_(session) {

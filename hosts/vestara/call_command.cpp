@@ -2,6 +2,7 @@
 #include <optional>
 
 #include "automation/error.h"
+#include "automation/shown_text.h"
 #include "automation/text.h"
 #include "hosts/vestara/archive_session.h"
 #include "hosts/vestara/archive_url.h"
@@ -128,7 +129,8 @@ ExitCode run_call(const CallOptions& options, const Context& context) {
   }
   // The library answers with empty values what its connector refused.
   if (!session || session->connector()->LastError().empty()) return ExitCode::ok;
-  context.err << "vestara: the database refused a statement: " << session->connector()->LastError() << "\n";
+  context.err << "vestara: the database refused a statement: "
+              << automation::shown_text(session->connector()->LastError()) << "\n";
   return ExitCode::database;
 }
 

@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include "automation/shown_text.h"
 #include "automation/text.h"
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/terminal.h"
@@ -21,7 +22,7 @@ bool says_yes(std::istream& in) {
 bool can_ask(const std::ostream& err) { return is_terminal(err) && ::isatty(STDIN_FILENO) == 1; }
 
 void ask(const std::string& change, std::ostream& err) {
-  err << "vestara: " << change << "? [y/N] " << std::flush;
+  err << "vestara: " << automation::shown_text(change) << "? [y/N] " << std::flush;
   if (!says_yes(std::cin)) throw Failure(ExitCode::usage, "nothing was changed; y or yes does it");
 }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "automation/shown_text.h"
 #include "hosts/vestara/output_forms.h"
 
 namespace vestara::host {
@@ -19,12 +20,7 @@ size_t width_of(std::string_view text) {
 }
 
 /// A line of its own, whatever a database holds: control characters would break it, or the terminal.
-std::string shown_cell(const Cell& cell) {
-  std::string text = readable_text(cell);
-  for (char& c : text)
-    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
-  return text;
-}
+std::string shown_cell(const Cell& cell) { return automation::shown_text(readable_text(cell)); }
 
 void append_padded(std::string& out, std::string_view text, const ColumnShape& shape) {
   const std::string padding(shape.width - std::min(shape.width, width_of(text)), ' ');

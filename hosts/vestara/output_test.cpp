@@ -102,6 +102,25 @@ TEST(Output, TextsAreWrittenSoThatTheyReadBack) {
   }
 }
 
+TEST(Output, JsonEscapesWhatGivesATerminalOrders) {
+  struct Row {
+    const char* text;
+    const char* json;
+  };
+  for (const Row& row : {Row{"è€𝄞", "è€𝄞"},
+                         {"\x1b[2J\x7f", "\\u001b[2J\\u007f"},
+                         {"\xC2\x9B 2J", "\\u009b 2J"},
+                         {"\xC2\xA0", "\xC2\xA0"},
+                         {"\xE2\x80\xAE x \xE2\x81\xA6", "\\u202e x \\u2066"},
+                         {"\xD8\x9C", "\\u061c"},
+                         {"\xE2\x80\x8D", "\xE2\x80\x8D"}}) {
+    Report report;
+    report.facts = {{"name", row.text}};
+    EXPECT_EQ(written(report, {OutputFormat::jsonl}),
+              std::string("{\"kind\":\"summary\",\"name\":\"") + row.json + "\"}\n");
+  }
+}
+
 TEST(Output, TheLimitIsForTables) {
   OutputStyle style;
   style.table_rows = 1;

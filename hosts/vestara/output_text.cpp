@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "automation/shown_text.h"
 #include "hosts/vestara/output_forms.h"
 
 namespace vestara::host {
@@ -14,10 +15,13 @@ std::string csv_field(const Cell& cell) {
 }
 
 std::string markdown_field(const Cell& cell) {
+  std::string line = readable_text(cell);
+  for (char& c : line)
+    if (c == '\n' || c == '\r') c = ' ';
   std::string escaped;
-  for (const char c : readable_text(cell)) {
+  for (const char c : automation::shown_text(line)) {
     if (c == '|' || c == '\\') escaped += '\\';
-    escaped += c == '\n' || c == '\r' ? ' ' : c;
+    escaped += c;
   }
   return escaped;
 }

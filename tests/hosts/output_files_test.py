@@ -60,6 +60,16 @@ class ClosedDescriptors(CommandLine):
                 self.assertEqual(code, FILE, errors)
 
 
+class Shortages(CommandLine):
+    def test_a_process_that_may_open_no_more_files_says_so(self):
+        self.imported()
+        for files in (4, 5):
+            done = subprocess.run(["/bin/sh", "-c", f'ulimit -n {files}; exec "$@"', "sh", PROGRAM, "archive"],
+                                  env=self.environment, stdin=subprocess.DEVNULL, capture_output=True, check=False)
+            self.assertEqual((done.returncode, done.stdout), (3, b""))
+            self.assertRegex(done.stderr.decode(), r"may open only \d more files, raise ulimit -n\n$")
+
+
 class ReplacedFiles(CommandLine):
     def test_an_output_keeps_what_belongs_to_the_file(self):
         self.imported()
@@ -104,9 +114,10 @@ class EndedWriters(CommandLine):
 
     def started(self, **more):
         """A process that has begun to write a long file."""
+        before = self.parts()
         process = subprocess.Popen([PROGRAM, *LONG, "--output", str(self.folder / "out")], env=self.environment,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
-        while not any(path.stat().st_size for path in self.parts()):
+        while not any(path.stat().st_size for path in self.parts() if path not in before):
             self.assertIsNone(process.poll())
             time.sleep(0.001)
         return process
