@@ -6,6 +6,8 @@
 #include "hosts/vestara/failure.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/stored_value.h"
+#include "hosts/vestara/wheel_names.h"
+#include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
 namespace {
@@ -28,6 +30,16 @@ std::string repeated() {
     for (int j = i + 1; j <= drawn; ++j) condition += (j == i + 1 ? "" : " OR ") + number(i) + "=" + number(j);
     condition += "))";
   }
+  return condition;
+}
+
+/// Wheels whose number in ruote, or its bit, is another wheel's.
+std::string misnumbered() {
+  std::string condition;
+  for (int16_t wheel = 1; wheel <= wheel_count; ++wheel)
+    condition += automation::concatenated({wheel == 1 ? "(" : " OR (", "ruotaAlias='", wheel_code(wheel),
+                                           "' AND (enumeratore<>", std::to_string(wheel), " OR enumeratoreBit<>",
+                                           std::to_string(1 << (wheel - 1)), "))"});
   return condition;
 }
 
@@ -87,8 +99,17 @@ std::vector<ContentCheck> content_checks() {
        "NULL",
        {"storico", "ruote"},
        "correct the rows, or add the wheel to ruote; delays and frequencies fail on it"},
+      {"wheels of ruote under another number",
+       "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote WHERE " + misnumbered(),
+       {"ruote"},
+       "number them as ever, BA 1 to VE 10 and RN 11: wheels are asked for by number"},
       {"rows with a number outside 0 to 90", numbers + out_of_range(), {"storico"}, correct},
       {"rows with a number twice", numbers + repeated(), {"storico"}, correct},
+      {"rows without a contest number",
+       "SELECT id,dtEstr,ruota,concorsoNumero FROM storico WHERE dtEstr IS NOT NULL AND (concorsoNumero IS NULL OR "
+       "concorsoNumero<1)",
+       {"storico"},
+       correct},
       {"combinations without their system",
        "SELECT d.id AS id,d.idSis AS idSis FROM tSistemaDetail AS d LEFT JOIN tSistemi AS s ON s.idSis=d.idSis WHERE "
        "s.idSis IS NULL",

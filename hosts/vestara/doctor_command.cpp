@@ -1,12 +1,17 @@
 #include <iterator>
 #include <optional>
+#include <vector>
 
+#include "automation/date.h"
 #include "hosts/vestara/archive_url.h"
 #include "hosts/vestara/commands.h"
 #include "hosts/vestara/content_checks.h"
 #include "hosts/vestara/date_checks.h"
+#include "hosts/vestara/day_checks.h"
+#include "hosts/vestara/engine_findings.h"
 #include "hosts/vestara/schema_findings.h"
 #include "hosts/vestara/shown_text.h"
+#include "hosts/vestara/soundness.h"
 #include "hosts/vestara/table_reader.h"
 
 namespace vestara::host {
@@ -28,12 +33,18 @@ Cell day_cell(const std::optional<int32_t>& day) { return day ? Cell(shown_day(*
 
 void examine_dates(const ArchiveSession& session, Report& report, Findings& findings) {
   DateFacts dates;
-  if (session.can_read(archive_tables().front())) dates = check_dates(session);
+  std::vector<DrawDay> days;
+  if (session.can_read(archive_tables().front())) {
+    dates = check_dates(session);
+    days = draw_days(session);
+  }
   report.facts.push_back({"draw_dates", dates.dates});
   report.facts.push_back({"first_date", day_cell(dates.first)});
   report.facts.push_back({"last_date", day_cell(dates.last)});
   report.facts.push_back({"undrawn_wheels", dates.lacking});
+  report.facts.push_back({"stray_dates", known_stray_days(days)});
   append(findings, dates.findings);
+  append(findings, day_findings(days, automation::now().day()));
 }
 
 void count_rows(const ArchiveSession& session, Report& report) {
@@ -86,7 +97,10 @@ ExitCode run_doctor(const DoctorOptions&, const Context& context) {
   const ArchiveSession session = connect(context.options.database, url);
   Report report;
   report.facts = {{"archive", shown_url(url)}, {"connection", "open"}};
-  Findings findings = schema_findings(session);
+  Findings findings = file_findings(session);
+  append(findings, schema_findings(session));
+  append(findings, trigger_findings(session, url));
+  append(findings, collation_findings(session));
   examine_changes(session, url, report, findings);
   examine_dates(session, report, findings);
   count_rows(session, report);

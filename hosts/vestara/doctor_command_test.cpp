@@ -36,7 +36,7 @@ class Doctor : public testing::Test {
 
 const Statements two_draws{
     "INSERT INTO storico VALUES(1,'2005-05-04','BA',1,2,3,4,5,1),(2,'2005-05-04','VE',0,0,NULL,NULL,5,1),"
-    "(3,'2005-05-07','BA',1,2,3,4,90,2)"};
+    "(3,'2005-05-07','BA',1,2,3,4,90,2),(0,'2005-05-07','MI',6,7,8,9,10,2),(-1,'2005-05-07','TO',6,7,8,9,10,2)"};
 
 TEST_F(Doctor, SaysThatNothingIsWrong) {
   make(two_draws);
@@ -44,12 +44,13 @@ TEST_F(Doctor, SaysThatNothingIsWrong) {
   const Outcome healthy = run("doctor --db sqlite:@/a");
   EXPECT_EQ(healthy.code, 0) << healthy.err;
   EXPECT_EQ(healthy.err, "");
-  EXPECT_EQ(healthy.out, "archive         sqlite:" + folder_.path_to("a") +
-                             "\nconnection      open\nchanges         possible\ndraw dates      2\n"
-                             "first date      2005-05-04\nlast date       2005-05-07\nundrawn wheels  1\n"
-                             "findings        0\n\n"
-                             "storico          3\ntRicerche        0\ntSistemi         0\ntSistemaDetail   0\n"
-                             "ruote           11\n");
+  EXPECT_EQ(healthy.out,
+            "archive         sqlite:" + folder_.path_to("a") +
+                "\nconnection      open\nchanges         possible\ndraw dates      2\n"
+                "first date      2005-05-04\nlast date       2005-05-07\nundrawn wheels  1\nstray dates     0\n"
+                "findings        0\n\n"
+                "storico          5\ntRicerche        0\ntSistemi         0\ntSistemaDetail   0\n"
+                "ruote           11\n");
   EXPECT_EQ(testing_support::bytes_of(folder_.path() / "a"), before);
 }
 
@@ -76,6 +77,10 @@ TEST_F(Doctor, FindsWhatIsWrong) {
             R"(rows without a date or a wheel,1,"id 2, dtEstr 2005-05-04, ruota ",)"},
            {"UPDATE storico SET ruota='XX' WHERE ruota='BA'",
             R"(wheels in storico that ruote does not have,1,"ruota XX, quante 2",)"},
+           {"UPDATE ruote SET enumeratore=12 WHERE ruotaAlias='RN'",
+            R"(wheels of ruote under another number,1,"enumeratore 12, enumeratoreBit 1024, ruotaAlias RN",)"},
+           {"UPDATE ruote SET enumeratoreBit=3 WHERE ruotaAlias='CA'",
+            R"(wheels of ruote under another number,1,"enumeratore 2, enumeratoreBit 3, ruotaAlias CA",)"},
            {"UPDATE storico SET estr3=91 WHERE id>1",
             R"(rows with a number outside 0 to 90,2,"id 2, dtEstr 2005-05-04, ruota VE, estr1 0, estr2 0, estr3 91, )"
             R"(estr4 Null, estr5 5",)"},
@@ -91,6 +96,19 @@ TEST_F(Doctor, FindsWhatIsWrong) {
            {"UPDATE storico SET id=2000000000 WHERE id=3", "keys of storico near the end of 32 bits,1,id 2000000000,"},
            {"INSERT INTO tSistemi(idSis)VALUES(2147483647)",
             "keys of tSistemi near the end of 32 bits,1,idSis 2147483647,"},
+           {"UPDATE storico SET concorsoNumero=NULL WHERE id=3",
+            R"(rows without a contest number,1,"id 3, dtEstr 2005-05-07, ruota BA, concorsoNumero Null",)"},
+           {"UPDATE storico SET concorsoNumero=0 WHERE dtEstr='2005-05-04'",
+            R"(rows without a contest number,2,"id 1, dtEstr 2005-05-04, ruota BA, concorsoNumero 0",)"},
+           {"UPDATE storico SET concorsoNumero=3 WHERE id=0",
+            R"(dates with two contests,1,"2005-05-07, contests 2 and 3",)"},
+           {"UPDATE storico SET concorsoNumero=2",
+            R"(contest numbers out of order,1,"2005-05-07, contest 2 behind contest 2",)"},
+           {"UPDATE storico SET dtEstr='2999-05-07',concorsoNumero=1 WHERE dtEstr='2005-05-07'",
+            "dates in the future,1,2999-05-07,"},
+           {"UPDATE storico SET dtEstr='2006-05-07' WHERE dtEstr='2005-05-07'",
+            R"(contest numbers beyond the dates of their year,1,"2006-05-07, contest 2 of 1",)"},
+           {"DELETE FROM storico WHERE id=2", R"(dates with one wheel only,1,"2005-05-04, wheel BA",)"},
            {"DELETE FROM ruote WHERE enumeratore=11", "wheels are missing from ruote,1,RN,"},
            {"DROP INDEX vestara_storico_estr1",
             R"("indexes are missing: answers are right, only slow",1,vestara_storico_estr1,)"},
@@ -141,7 +159,7 @@ TEST_F(Doctor, ExaminesWhatOtherProgramsMade) {
       << found.out;
   EXPECT_EQ(testing_support::bytes_of(folder_.path() / "a"), "");
   change({"CREATE TABLE STORICO(ID INT,DTESTR TEXT,RUOTA TEXT,ESTR1,ESTR2,ESTR3,ESTR4,ESTR5,CONCORSONUMERO)",
-          "INSERT INTO STORICO VALUES(1,'2005-05-04','BA',1,2,3,4,4,NULL)"});
+          "INSERT INTO STORICO VALUES(1,'2005-05-04','BA',1,2,3,4,4,1)"});
   found = run("doctor --db sqlite:@/a --format csv");
   EXPECT_EQ(found.code, 3);
   EXPECT_NE(found.out.find("tables are missing,4,\"tRicerche, tSistemi, tSistemaDetail, ruote\","), std::string::npos);

@@ -71,7 +71,7 @@ class Copies(Archives):
         self.assertEqual(self.everything("b"), self.everything("a"))
         self.copy(self.url("b"), self.url("c"))
         self.assertEqual(self.everything("c"), self.everything("a"))
-        self.assertEqual(self.doctor(self.url("c")), {})
+        self.assertEqual(list(self.doctor(self.url("c"), DATABASE)), ["rows without a contest number"])
 
     def test_progress_is_for_terminals(self):
         self.make("a")
@@ -164,7 +164,7 @@ class OnServer:
     def test_there_and_back(self):
         self.make("a")
         self.copy(self.url("a"), self.server)
-        self.assertEqual(self.doctor(self.server), {})
+        self.assertEqual(list(self.doctor(self.server, DATABASE)), ["rows without a contest number"])
         self.copy(self.server, self.url("b"))
         self.assertEqual(self.everything("b"), self.everything("a"))
 
@@ -248,6 +248,7 @@ class OnServer:
             "wheels in storico that ruote does not have": 1,
             "rows with a number outside 0 to 90": 1,
             "rows with a number twice": 1,
+            "rows without a contest number": 1,
             "keys of storico near the end of 32 bits": 1,
             "combinations without their system": 1,
             "draws marked as entered by hand that are not there": 1,
