@@ -6,6 +6,8 @@
 #include <new>
 #include <variant>
 
+#include "automation/shown_text.h"
+#include "automation/text.h"
 #include "hosts/vestara/command_line.h"
 #include "hosts/vestara/commands.h"
 #include "hosts/vestara/failure.h"
@@ -33,6 +35,8 @@ struct RunCommand {
   ExitCode operator()(const GapsOptions& options) const { return run_gaps(options, context); }
   ExitCode operator()(const ExportOptions& options) const { return run_export(options, context); }
   ExitCode operator()(const CopyOptions& options) const { return run_copy(options, context); }
+  ExitCode operator()(const BackupOptions& options) const { return run_backup(options, context); }
+  ExitCode operator()(const RestoreOptions& options) const { return run_restore(options, context); }
   ExitCode operator()(const DoctorOptions& options) const { return run_doctor(options, context); }
   ExitCode operator()(const DrawOptions& options) const { return run_draw(options, context); }
   ExitCode operator()(const SavedOptions& options) const { return run_saved(options, context); }
@@ -57,6 +61,14 @@ ExitCode run_command(int argc, const char* const* argv, std::ostream& out, std::
   return code;
 }
 
+/// Line by line, because lines of a failure are meant; nothing else of a foreign text gives orders to a terminal.
+void say(std::ostream& err, std::string_view failure) {
+  std::string text;
+  for (const std::string_view line : automation::split(failure, '\n'))
+    text.append(text.empty() ? "vestara: " : "\n").append(automation::shown_text(line));
+  err << text << "\n";
+}
+
 }  // namespace
 
 int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
@@ -64,13 +76,13 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
   try {
     code = run_command(argc, argv, out, err);
   } catch (const Failure& failure) {
-    err << "vestara: " << failure.what() << "\n";
+    say(err, failure.what());
     code = failure.code();
   } catch (const std::bad_alloc&) {
-    err << "vestara: there is not enough memory for this, nothing was changed; other programs have to end first\n";
+    say(err, "there is not enough memory for this, nothing was changed; other programs have to end first");
     code = ExitCode::database;
   } catch (const std::exception& error) {
-    err << "vestara: the archive cannot be worked on: " << error.what() << "\n";
+    say(err, std::string("the archive cannot be worked on: ") + error.what());
     code = ExitCode::database;
   }
   err.flush();

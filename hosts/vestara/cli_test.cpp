@@ -205,7 +205,8 @@ TEST_F(Cli, SaysWhatWouldBeRight) {
   for (const Row& row : {
            Row{"", 2,
                "vestara: no command was given; commands are import, generate, archive, search, distances, probability, "
-               "combinations, delays, frequencies, table, gaps, export, copy, doctor, draw, saved, system, describe, "
+               "combinations, delays, frequencies, table, gaps, export, copy, backup, restore, doctor, draw, saved, "
+               "system, describe, "
                "call, register, "
                "unregister, classes\n"},
            {"serch", 2, "vestara: command \"serch\" is unknown; known are import, "},

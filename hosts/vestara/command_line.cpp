@@ -124,6 +124,24 @@ void add_copy(CLI::App& program, Given& given) {
   app.add_flag("--replace", given.replace, "put the copy in the place of what the other archive holds");
 }
 
+void add_backup(CLI::App& program, Given& given) {
+  CLI::App& app = add_command(program, "backup", "Write the whole archive into a file, as it is at one moment",
+                              "vestara backup 2026-11-22.sqlite\n\n"
+                              "Others may read and write meanwhile. The file is an archive itself: --db sqlite:FILE "
+                              "reads it.");
+  app.add_option("FILE", given.file, "the file to write")->type_name("")->required();
+  app.add_flag("--yes", given.yes, "replace a file without asking");
+}
+
+void add_restore(CLI::App& program, Given& given) {
+  CLI::App& app = add_command(program, "restore", "Make the archive hold what a backup holds",
+                              "vestara restore 2026-11-22.sqlite --yes\n\n"
+                              "The file is checked first. Everything is replaced at once or not at all, and compared;\n"
+                              "others may read meanwhile. Any archive file will do, and any engine behind --db.");
+  app.add_option("FILE", given.file, "a file of vestara backup, or another archive")->type_name("")->required();
+  app.add_flag("--yes", given.yes, "replace without asking");
+}
+
 void add_doctor(CLI::App& program) {
   add_command(program, "doctor", "Look for what is wrong with the archive; changes nothing",
               "vestara doctor --db sqlite:archive.sqlite");
@@ -183,6 +201,8 @@ void describe_program(CLI::App& program, Given& given) {
   add_number_studies(program, given.numbers);
   add_export(program, given);
   add_copy(program, given);
+  add_backup(program, given);
+  add_restore(program, given);
   add_doctor(program);
   add_draw(program, given.draw);
   add_saved(program, given.saved);
@@ -322,6 +342,8 @@ Command command_of(const CLI::App& program, const Given& given, OutputFormat for
   if (name == "gaps") return gaps_options(given.numbers, format);
   if (name == "export") return export_options(given);
   if (name == "copy") return copy_options(given);
+  if (name == "backup") return BackupOptions{given.file, given.yes ? Consent::given : Consent::ask};
+  if (name == "restore") return RestoreOptions{given.file, given.yes ? Consent::given : Consent::ask};
   if (name == "doctor") return DoctorOptions{};
   if (name == "draw") return draw_options(inner, given.draw);
   if (name == "saved") return saved_options(inner, given.saved);

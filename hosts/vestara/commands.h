@@ -31,6 +31,8 @@ ExitCode run_table(const TableOptions& options, const Context& context);
 ExitCode run_gaps(const GapsOptions& options, const Context& context);
 ExitCode run_export(const ExportOptions& options, const Context& context);
 ExitCode run_copy(const CopyOptions& options, const Context& context);
+ExitCode run_backup(const BackupOptions& options, const Context& context);
+ExitCode run_restore(const RestoreOptions& options, const Context& context);
 ExitCode run_doctor(const DoctorOptions& options, const Context& context);
 ExitCode run_draw(const DrawOptions& options, const Context& context);
 ExitCode run_saved(const SavedOptions& options, const Context& context);

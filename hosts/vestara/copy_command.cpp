@@ -2,16 +2,10 @@
 #include "hosts/vestara/archive_url.h"
 #include "hosts/vestara/commands.h"
 #include "hosts/vestara/interruption.h"
-#include "hosts/vestara/schema_findings.h"
+#include "hosts/vestara/soundness.h"
 
 namespace vestara::host {
 namespace {
-
-void require_tables(const ArchiveSession& session, const std::string& url) {
-  if (session.has_tables()) return;
-  throw Failure(ExitCode::database, "the archive " + shown_url(url) + " cannot be copied from or to: " +
-                                        missing_tables(session) + "; vestara doctor says more");
-}
 
 Report summary(const CopyOptions& options, const std::vector<CopiedTable>& tables) {
   Report report;
@@ -29,9 +23,9 @@ ExitCode run_copy(const CopyOptions& options, const Context& context) {
   if (same_archive(options.from, options.to))
     throw Failure(ExitCode::usage, "--from and --to are the same archive; give two");
   const ArchiveSession from = ArchiveSession::for_reading(options.from);
-  require_tables(from, options.from);
+  require_tables(from, shown_url(options.from), "copied from");
   const ArchiveSession to = ArchiveSession::for_import(options.to);
-  require_tables(to, options.to);
+  require_tables(to, shown_url(options.to), "copied to");
   const Interruption interruption;
   const auto tables = copy_archive(from, to, options.held, context.err);
   // The next rows get keys behind those that were copied.

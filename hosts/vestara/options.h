@@ -89,6 +89,15 @@ struct CopyOptions {
   HeldRows held = HeldRows::refuse;
 };
 
+struct BackupOptions {
+  std::string file;
+  Consent consent = Consent::ask;  ///< to replace a file
+};
+struct RestoreOptions {
+  std::string file;
+  Consent consent = Consent::ask;  ///< to replace what the archive holds
+};
+
 struct DoctorOptions {};
 
 struct DrawShowOptions {
@@ -160,8 +169,8 @@ struct TextWanted {
 using Command =
     std::variant<TextWanted, ImportOptions, GenerateOptions, ArchiveOptions, SearchOptions, DistancesOptions,
                  ProbabilityOptions, CombinationsOptions, DelaysOptions, FrequenciesOptions, TableOptions, GapsOptions,
-                 ExportOptions, CopyOptions, DoctorOptions, DrawOptions, SavedOptions, SystemOptions, DescribeOptions,
-                 CallOptions, RegisterOptions, UnregisterOptions, ClassesOptions>;
+                 ExportOptions, CopyOptions, BackupOptions, RestoreOptions, DoctorOptions, DrawOptions, SavedOptions,
+                 SystemOptions, DescribeOptions, CallOptions, RegisterOptions, UnregisterOptions, ClassesOptions>;
 
 struct Options {
   std::string database;  ///< URL; empty for the usual archive

@@ -8,31 +8,12 @@
 #include <filesystem>
 #include <system_error>
 
-#include "hosts/vestara/failure.h"
 #include "hosts/vestara/file_descriptor.h"
 
 namespace vestara::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-Failure unwritable(const std::string& path, int code) {
-  return {ExitCode::file,
-          path + " cannot be written: " + std::strerror(code) + "; name a file in a folder that exists and takes it"};
-}
-
-/// The file behind a link, whether it exists or not: the link stays one.
-std::string real_path(const std::string& path) {
-  constexpr int most_links = 40;
-  std::error_code error;
-  fs::path place = path;
-  for (int links = 0; links < most_links && fs::is_symlink(place, error); ++links) {
-    const fs::path target = fs::read_symlink(place, error);
-    if (error) return path;
-    place = place.parent_path() / target;  // an absolute target takes the place of both
-  }
-  return place.string();
-}
 
 bool is_device_or_pipe(const std::string& path) {
   std::error_code error;
@@ -41,6 +22,11 @@ bool is_device_or_pipe(const std::string& path) {
 }
 
 }  // namespace
+
+Failure unwritable_file(const std::string& path, int code) {
+  return {ExitCode::file,
+          path + " cannot be written: " + std::strerror(code) + "; name a file in a folder that exists and takes it"};
+}
 
 OutputFile::OutputFile(const std::string& path, std::ostream& out) {
   if (path.empty() || path == "-")
@@ -53,15 +39,15 @@ void OutputFile::open(const std::string& path) {
   path_ = path;
   if (is_device_or_pipe(path)) {
     in_place_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-    if (in_place_ < 0) throw unwritable(path, errno);
+    if (in_place_ < 0) throw unwritable_file(path, errno);
     return;
   }
   std::error_code unreachable;
-  if (fs::is_directory(path, unreachable)) throw unwritable(path, EISDIR);
+  if (fs::is_directory(path, unreachable)) throw unwritable_file(path, EISDIR);
   try {
-    part_ = std::make_unique<PartFile>(real_path(path));
+    part_ = std::make_unique<PartFile>(path);
   } catch (const std::system_error& error) {
-    throw unwritable(path, error.code().value());
+    throw unwritable_file(path, error.code().value());
   }
 }
 
@@ -73,7 +59,7 @@ void OutputFile::write(std::string_view bytes) {
   if (stream_)
     stream_->write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   else if (!write_all(part_ ? part_->descriptor() : in_place_, bytes))
-    throw unwritable(path_, errno);
+    throw unwritable_file(path_, errno);
 }
 
 bool OutputFile::is_open() const { return !stream_ || stream_->good(); }
@@ -86,12 +72,12 @@ void OutputFile::finish() {
   try {
     if (part_) part_->become_target();
   } catch (const std::system_error& error) {
-    throw unwritable(path_, error.code().value());
+    throw unwritable_file(path_, error.code().value());
   }
   part_ = nullptr;
   const int descriptor = in_place_;
   in_place_ = -1;
-  if (descriptor >= 0 && ::close(descriptor) != 0) throw unwritable(path_, errno);
+  if (descriptor >= 0 && ::close(descriptor) != 0) throw unwritable_file(path_, errno);
 }
 
 }  // namespace vestara::host

@@ -5,9 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/vestara/failure.h"
 #include "hosts/vestara/part_file.h"
 
 namespace vestara::host {
+
+/// The system's reason (errno) why a file that a command names cannot be written, and what would be right.
+Failure unwritable_file(const std::string& path, int code);
 
 /// Where a long text goes: a stream, or a file that gets its name only when it is whole.
 class OutputFile {

@@ -20,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view part_name = ".vestara-part-";
+constexpr std::string_view unique = "XXXXXX";
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
@@ -42,6 +43,19 @@ class Descriptor {
   int descriptor_;
 };
 
+/// The file behind a link, whether it exists or not: the link stays one.
+std::string behind_links(const std::string& path) {
+  constexpr int most_links = 40;
+  std::error_code error;
+  fs::path place = path;
+  for (int links = 0; links < most_links && fs::is_symlink(place, error); ++links) {
+    const fs::path target = fs::read_symlink(place, error);
+    if (error) return path;
+    place = place.parent_path() / target;  // an absolute target takes the place of both
+  }
+  return place.string();
+}
+
 fs::path folder_of(const std::string& file) {
   const fs::path folder = fs::path(file).parent_path();
   return folder.empty() ? "." : folder;
@@ -59,7 +73,13 @@ void remove_left_over(const fs::path& file) {
 void remove_left_overs(const fs::path& folder) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-    if (entry->path().filename().string().starts_with(part_name)) remove_left_over(entry->path());
+    if (const std::string name = entry->path().filename().string(); name.starts_with(part_name)) {
+      // A database has files beside it, which go after it.
+      if (name.size() == part_name.size() + unique.size())
+        remove_left_over(entry->path());
+      else if (!fs::exists(entry->path().parent_path() / name.substr(0, part_name.size() + unique.size()), error))
+        fs::remove(entry->path(), error);
+    }
 }
 
 mode_t usual_mode() {
@@ -85,15 +105,15 @@ void write_into(int from, const std::string& path, off_t size) {
 
 }  // namespace
 
-PartFile::PartFile(const std::string& target) : target_(target) {
-  remove_left_overs(folder_of(target));
+PartFile::PartFile(const std::string& target) : target_(behind_links(target)) {
+  remove_left_overs(folder_of(target_));
   while (!try_to_open()) {
   }
 }
 
 /// False when somebody took the new file for a left-over before it was locked.
 bool PartFile::try_to_open() {
-  path_ = (folder_of(target_) / (std::string(part_name) + "XXXXXX")).string();
+  path_ = (folder_of(target_) / (std::string(part_name) + std::string(unique))).string();
   const SignalsHeldBack unwatched;
   descriptor_ = ::mkostemp(path_.data(), O_CLOEXEC);
   require(descriptor_ >= 0);
