@@ -9,6 +9,7 @@
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
+
 std::string range_condition(const DrawRange& range) {
   std::string condition;
   if (range.from) condition = "dtEstr>=" + day_literal(*range.from);
