@@ -9,11 +9,11 @@
 #include "hosts/vestara/row_reader.h"
 #include "hosts/vestara/shown_text.h"
 #include "hosts/vestara/wheel_names.h"
+#include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
 namespace {
 
-constexpr size_t drawn = 5;
 constexpr size_t date_slot = 0;
 constexpr size_t wheel_slot = 1;
 constexpr size_t first_number_slot = 2;
@@ -82,16 +82,16 @@ bool is_number(std::string_view field) {
 
 /// Five places that follow each other; a sixth one apart from them is the contest number's.
 bool place_numbers(const std::vector<size_t>& places, DrawColumns& columns) {
-  const auto is_run = [&](size_t first) { return places[first + drawn - 1] - places[first] == drawn - 1; };
+  const auto is_run = [&](size_t first) { return places[first + drawn_count - 1] - places[first] == drawn_count - 1; };
   size_t first = 0;
-  if (places.size() == drawn + 1) {
+  if (places.size() == drawn_count + 1) {
     if (is_run(0) == is_run(1)) return false;
     first = is_run(0) ? 0 : 1;
-    columns.contest = places[first == 0 ? drawn : 0];
-  } else if (places.size() != drawn) {
+    columns.contest = places[first == 0 ? drawn_count : 0];
+  } else if (places.size() != drawn_count) {
     return false;
   }
-  std::copy_n(places.begin() + static_cast<std::ptrdiff_t>(first), drawn,
+  std::copy_n(places.begin() + static_cast<std::ptrdiff_t>(first), drawn_count,
               columns.required.begin() + static_cast<std::ptrdiff_t>(first_number_slot));
   return true;
 }

@@ -18,8 +18,6 @@
 namespace vestara::host {
 namespace {
 
-constexpr size_t drawn = 5;
-
 Failure unusable(const std::string& why, int32_t day) {
   const size_t wheels = wheels_of_day(day).size();
   return {ExitCode::usage, "--numbers: " + why + "; give five numbers for each of the " + counted(wheels, "wheel") +
@@ -38,8 +36,8 @@ std::vector<std::string_view> words_of(std::string_view line) {
 }
 
 DrawRow row_of(int8_t wheel, const std::string_view* numbers, int32_t day) {
-  std::array<std::string_view, drawn> fields;
-  std::copy_n(numbers, drawn, fields.begin());
+  std::array<std::string_view, drawn_count> fields;
+  std::copy_n(numbers, drawn_count, fields.begin());
   DrawRow row{day, 0, wheel, {}};
   if (const std::string why = read_numbers(fields, row.numbers); !why.empty())
     throw unusable(std::string(wheel_code(wheel)) + ": " + why, day);
@@ -49,14 +47,14 @@ DrawRow row_of(int8_t wheel, const std::string_view* numbers, int32_t day) {
 /// Numbers alone: the wheels of the day one after the other.
 std::vector<DrawRow> rows_in_order(const std::vector<std::string_view>& words, int32_t day) {
   const auto wheels = wheels_of_day(day);
-  if (words.size() != drawn * wheels.size()) throw unusable("these are " + counted(words.size(), "number"), day);
+  if (words.size() != drawn_count * wheels.size()) throw unusable("these are " + counted(words.size(), "number"), day);
   std::vector<DrawRow> rows;
-  for (size_t i = 0; i < wheels.size(); ++i) rows.push_back(row_of(wheels[i], words.data() + drawn * i, day));
+  for (size_t i = 0; i < wheels.size(); ++i) rows.push_back(row_of(wheels[i], words.data() + drawn_count * i, day));
   return rows;
 }
 
 std::vector<DrawRow> rows_by_wheel(const std::vector<std::string_view>& words, int32_t day) {
-  constexpr size_t with_wheel = drawn + 1;
+  constexpr size_t with_wheel = drawn_count + 1;
   std::vector<DrawRow> rows;
   for (size_t i = 0; i < words.size(); i += with_wheel) {
     const auto wheel = wheel_named(words[i]);
