@@ -121,7 +121,7 @@ class ServerRights(servers.ServerTest):
                  ({}, self.server.url(user="nobody:" + WRONG), "nobody"),
                  ({}, self.server.url(user="guarded:" + ENCODED, database=nowhere), nowhere),
                  ({}, self.server.url(user="vestara:" + WRONG, database=nowhere), ""),
-                 ({}, self.server.url(user="guarded:" + ENCODED, odd="yes"), "odd"),
+                 ({}, self.server.url(user="guarded:" + ENCODED, odd="yes"), "does not know an option"),
                  ({}, self.server.url(user="guarded:" + ENCODED, socket="/nowhere"), "/nowhere")]
         guarded = self.server.url(user="guarded")
         cases += [(environment, guarded, "") for environment in self.ways_to_give(WRONG).values()]
