@@ -57,6 +57,8 @@ TEST(AppendToFile, IsEmptiedWhereItCannotBeRenamed) {
   EXPECT_EQ(bytes_of(folder.path() / "log"), "new");
 }
 
+#ifndef _WIN32  // FIFOs and links are made as POSIX systems make them
+
 TEST(AppendToFile, WritesRegularFilesOnlyAndNeverWaits) {
   const TemporaryFolder folder;
   const std::string victim = folder.file("victim", "kept");
@@ -102,6 +104,8 @@ TEST(AppendToFile, ALinkInThePlaceOfThePredecessorIsReplaced) {
   EXPECT_FALSE(fs::is_symlink(folder.path() / "log.1"));
   EXPECT_EQ(bytes_of(folder.path() / "log.1"), "1234567890");
 }
+
+#endif
 
 }  // namespace
 }  // namespace automation

@@ -7,6 +7,7 @@
 namespace automation {
 namespace {
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): how deep this thread is
 thread_local int32_t running = 0;
 
 RunTimeError too_deep() {

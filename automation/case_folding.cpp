@@ -11,9 +11,9 @@ namespace {
 /// Capitals in a row, and how far behind them their small letters are. In an alternating block every second one is a
 /// capital, its small letter next to it.
 struct Capitals {
-  char32_t first;
-  char32_t last;
-  int32_t distance;
+  char32_t first = 0;
+  char32_t last = 0;
+  int32_t distance = 0;
   bool alternating = false;
 };
 

@@ -16,6 +16,7 @@ using Classes = std::vector<RegisteredClass>;
 
 /// Never destroyed: another thread may still create objects while the process ends.
 ProcessWide<Classes>& classes() {
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* const known = new ProcessWide<Classes>;
   return *known;
 }

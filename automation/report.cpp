@@ -6,6 +6,7 @@
 namespace automation {
 namespace {
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one hook a process
 std::atomic<ReportHook> installed{nullptr};
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST_F(EndlessStatements, EndWithTheTimeThatTheUrlGives) {
 
 TEST_F(EndlessStatements, EndWhileTheirRowsAreWalked) {
   make_views();
-  const auto connector = opened("?statement_timeout=50");
+  const auto connector = opened("?statement_timeout=1000");
   Ref<vestara::RecordSet> set;
   ASSERT_TRUE(connector->OpenRecordset(set, "SELECT i FROM endless WHERE i%50=0"));
   EXPECT_THROW(set->record_count(), automation::RunTimeError);
