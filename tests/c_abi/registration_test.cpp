@@ -113,7 +113,7 @@ TEST_F(Registration, NothingIsLookedForInTheCurrentFolder) {
               {"AUTOMATION_CLASS_PATH", ":/nowhere"},
               {"AUTOMATION_CLASS_PATH", "/nowhere::/nowhere"},
               {"AUTOMATION_CLASS_PATH", "named"},
-              {"AUTOMATION_CLASS_PATH", "../work/named"}};
+              {"AUTOMATION_CLASS_PATH", "../here/named"}};
   for (const auto& row : rows) {
     const Setting home("XDG_DATA_HOME", {});
     const Setting changed(row.variable, row.value);
