@@ -67,20 +67,23 @@ answers_postgresql() {
 }
 
 make_mariadb() {
-  hand_over
-  "${as_owner[@]}" mariadb-install-db --no-defaults --datadir="$folder/data" --auth-root-authentication-method=normal --skip-test-db \
-    --innodb-log-file-size=16M >"$folder/made.log" 2>&1 || fail "mariadb-install-db failed: $(tail -n 3 "$folder/made.log")"
+  "${as_owner[@]}" env TMPDIR="$folder/temporary" mariadb-install-db --no-defaults --datadir="$folder/data" \
+    --auth-root-authentication-method=normal --skip-test-db --innodb-log-file-size=16M >"$folder/made.log" 2>&1 ||
+    fail "mariadb-install-db failed: $(tail -n 3 "$folder/made.log")"
 }
 
 start_mariadb() {
+  hand_over
+  # A MariaDB that starts removes the temporary tables of every other one with the same temporary folder.
+  "${as_owner[@]}" mkdir -p "$folder/temporary"
   command -v mariadbd >/dev/null || fail "MariaDB is not installed; tools/install_packages.sh servers"
   [ -d "$folder/data/mysql" ] || make_mariadb
   local sync=(--innodb-flush-log-at-trx-commit=2 --innodb-flush-method=nosync --innodb-doublewrite=0)
   [ "${DURABLE:-no}" = no ] || sync=()
   # shellcheck disable=SC2086
-  "${as_owner[@]}" mariadbd --no-defaults --datadir="$folder/data" --socket="$folder/socket" --pid-file="$folder/data/server.pid" \
-    --skip-networking --skip-log-bin --innodb-log-file-size=16M --performance-schema=off "${sync[@]}" \
-    ${SERVER_OPTIONS:-} >>"$folder/log" 2>&1 </dev/null &
+  "${as_owner[@]}" mariadbd --no-defaults --datadir="$folder/data" --tmpdir="$folder/temporary" \
+    --socket="$folder/socket" --pid-file="$folder/data/server.pid" --skip-networking --skip-log-bin \
+    --innodb-log-file-size=16M --performance-schema=off "${sync[@]}" ${SERVER_OPTIONS:-} >>"$folder/log" 2>&1 </dev/null &
   echo $! >"$folder/pid"
 }
 

@@ -27,6 +27,7 @@ constexpr size_t longest_description = 2000;
 
 /// Never destroyed: errors of other threads may still be logged while the process ends.
 automation::ProcessWide<std::string>& chosen_folder() {
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* const folder = new automation::ProcessWide<std::string>;
   return *folder;
 }

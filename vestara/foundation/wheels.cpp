@@ -30,6 +30,7 @@ using Shared = std::shared_ptr<const WheelTables>;
 
 /// Never destroyed: loads of other threads may still run while the process ends.
 automation::ProcessWide<Shared>& current_tables() {
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* const tables = new automation::ProcessWide<Shared>(std::make_shared<const WheelTables>());
   return *tables;
 }

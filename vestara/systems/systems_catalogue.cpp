@@ -68,7 +68,7 @@ std::string cSistemi::GetCombiNumbers(const std::string& sCombi) const {
 
 Array cSistemi::GetSisNumsConvert(const std::string& sCombi, const std::string& sNumsNew,
                                   InOut<std::string> sCombiRes) const {
-  const Array nothing(automation::VariantKind::text, 0, std::vector<Variant>());
+  Array nothing(automation::VariantKind::text, 0, std::vector<Variant>());
   return trapped("cSistemi.GetSisNumsConvert()", nothing, [&] {
     const std::string combinations = CombiTextFilter(sCombi);
     const std::string old_numbers = GetCombiNumbers(combinations);
