@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -256,6 +257,41 @@ TEST_F(CAbi, MisuseIsAStatus) {
   EXPECT_EQ(au_create_host_object(nullptr, nullptr, &object), AU_BAD_ARGUMENT);
   EXPECT_EQ(object, nullptr);
   au_clear(nullptr);
+}
+
+TEST_F(CAbi, AFailedCallLeavesNoOldResult) {
+  au_value thirteen = number(AU_LONG, 13);
+  const struct {
+    const char* what;
+    au_status status;
+    std::function<au_status(au_value*)> call;
+  } rows[] = {{"what the callback raised", AU_RAISED,
+               [&](au_value* result) { return au_invoke(object_, 5, AU_METHOD, &thirteen, 1, nullptr, 0, result); }},
+              {"more names than arguments", AU_RAISED,
+               [&](au_value* result) { return au_invoke(object_, 5, AU_METHOD, nullptr, 0, nullptr, 1, result); }},
+              {"null names", AU_BAD_ARGUMENT,
+               [&](au_value* result) { return au_invoke(object_, 5, AU_METHOD, &thirteen, 1, nullptr, 1, result); }},
+              {"null arguments", AU_BAD_ARGUMENT,
+               [&](au_value* result) { return au_invoke(object_, 5, AU_METHOD, nullptr, 1, nullptr, 0, result); }},
+              {"an unknown kind of call", AU_BAD_ARGUMENT,
+               [&](au_value* result) { return au_invoke(object_, 5, 9, nullptr, 0, nullptr, 0, result); }},
+              {"no object", AU_BAD_HANDLE,
+               [&](au_value* result) { return au_invoke(nullptr, 5, AU_METHOD, nullptr, 0, nullptr, 0, result); }},
+              {"what the callback raised, by name", AU_RAISED,
+               [&](au_value* result) { return au_call(object_, "Echo", AU_METHOD, &thirteen, 1, result); }},
+              {"an unknown member", AU_RAISED,
+               [&](au_value* result) { return au_call(object_, "Other", AU_METHOD, nullptr, 0, result); }},
+              {"a null name", AU_BAD_ARGUMENT,
+               [&](au_value* result) { return au_call(object_, nullptr, AU_METHOD, nullptr, 0, result); }},
+              {"no object, by name", AU_BAD_HANDLE,
+               [&](au_value* result) { return au_call(nullptr, "Echo", AU_METHOD, nullptr, 0, result); }}};
+  for (const auto& row : rows) {
+    Value result;
+    ASSERT_EQ(au_set_text(&result, "old", 3), AU_OK);
+    EXPECT_EQ(row.call(&result), row.status) << row.what;
+    EXPECT_EQ(result.kind, AU_EMPTY) << row.what;
+    EXPECT_EQ(result.owned, 0) << row.what;
+  }
 }
 
 TEST_F(CAbi, ArraysAreReadElementByElementAndInColumns) {

@@ -232,7 +232,7 @@ class Registration(LateBound):
         self.assertEqual(len(registered["classes"]), len(libraries))
         self.assertLessEqual({"Vestara.cLotto", "Dorvane.DbConnector"}, set(libraries))
         self.assertEqual(len(list(pathlib.Path(registered["folder"]).iterdir())), len(libraries))
-        for identifier in ("Vestara.cLotto", "dorvane.DBCONNECTOR"):
+        for identifier in ("Vestara.cLotto", "Vestara.cLotto.1", "dorvane.DBCONNECTOR"):
             (name, library), errors = self.create(host, identifier)
             self.assertEqual(name, identifier.split(".")[1] if "cLotto" in identifier else "DbConnector", errors)
             self.assertIn(os.path.realpath(library), libraries.values())
