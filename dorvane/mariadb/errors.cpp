@@ -4,7 +4,6 @@
 #include <mysqld_error.h>
 
 namespace dorvane::mariadb {
-namespace {
 
 Refusal refusal_of(unsigned code) {
   // Below the server's first number are the client's own: the server was never heard.
@@ -42,8 +41,6 @@ Refusal refusal_of(unsigned code) {
       return Refusal::statement;
   }
 }
-
-}  // namespace
 
 ServerError last_failure(MYSQL* session, std::string_view statement) {
   return {refusal_of(mysql_errno(session)), "mariadb", mysql_error(session), statement};

@@ -7,6 +7,9 @@
 
 namespace dorvane::mariadb {
 
+/// What an error number of the server, or of its client library, means.
+Refusal refusal_of(unsigned code);
+
 /// The error that the session reported last.
 ServerError last_failure(MYSQL* session, std::string_view statement = {});
 

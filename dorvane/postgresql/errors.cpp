@@ -7,7 +7,10 @@ namespace {
 
 constexpr std::string_view engine = "postgresql";
 
-/// By SQLSTATE (PostgreSQL's Appendix A): five characters, the first two its class.
+std::string_view text(const char* field) { return field ? field : ""; }
+
+}  // namespace
+
 Refusal refusal_of(std::string_view state) {
   const std::string_view kind = state.substr(0, 2);
   if (state == "42P01" || state == "42703" || state == "3F000") return Refusal::missing;
@@ -18,10 +21,6 @@ Refusal refusal_of(std::string_view state) {
   if (kind == "08" || state == "57P01" || state == "57P02" || state == "57P03") return Refusal::connection;
   return Refusal::statement;
 }
-
-std::string_view text(const char* field) { return field ? field : ""; }
-
-}  // namespace
 
 ServerError failure(PGconn* session, const PGresult* result, std::string_view statement) {
   const bool lost = PQstatus(session) == CONNECTION_BAD;

@@ -7,6 +7,9 @@
 
 namespace dorvane::postgresql {
 
+/// What an SQLSTATE means (PostgreSQL's Appendix A): five characters, the first two its class.
+Refusal refusal_of(std::string_view state);
+
 /// The error that a refused statement came back with.
 ServerError failure(PGconn* session, const PGresult* result, std::string_view statement);
 
