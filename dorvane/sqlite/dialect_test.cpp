@@ -34,5 +34,25 @@ TEST(SqliteDialect, KnowsWhatOnlyComputes) {
   for (const char* function : {"json_each", "snippet"}) EXPECT_TRUE(only_computes(function)) << function;
 }
 
+TEST(SqliteDialect, KnowsWhichTextsAreDates) {
+  using enum TextReading;
+  const struct {
+    const char* column;
+    const char* declared_type;  ///< null: computed, as max(dtEstr) is
+    TextReading reading;
+  } rows[] = {{"x", "DATE", iso_dates},      {"x", "date", iso_dates},
+              {"x", "DATETIME", iso_dates},  {"x", "TIMESTAMP", iso_dates},
+              {"x", "time", iso_dates},      {"x", "Timestamp with time zone", iso_dates},
+              {"x", "TEXT", plain},          {"x", "VARCHAR(10)", plain},
+              {"x", "INT", plain},           {"x", "", plain},
+              {"x", nullptr, iso_dates},     {"dtEstr", "VARCHAR(10)", iso_dates},
+              {"DTESTR", "TEXT", iso_dates}, {"dtDa", "TEXT", iso_dates},
+              {"dtA", "TEXT", iso_dates},    {"dtSave", "", iso_dates},
+              {"dtOther", "TEXT", plain}};
+  for (const auto& row : rows)
+    EXPECT_EQ(reading_of(row.column, row.declared_type), row.reading)
+        << row.column << " " << (row.declared_type ? row.declared_type : "(none)");
+}
+
 }  // namespace
 }  // namespace dorvane::sqlite

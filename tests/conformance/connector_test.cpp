@@ -174,6 +174,21 @@ TEST_P(ConnectorTest, LikeMindsNeitherCaseNorBackslashesButAccents) {
   EXPECT_EQ(one("SELECT count(*) FROM tRicerche WHERE descRicerca='perché'"), "0") << "equality minds the case";
 }
 
+TEST_P(ConnectorTest, NullIsNeitherLikeNorUnlikeAnything) {
+  ASSERT_TRUE(execute("INSERT INTO tSistemi(idSis,titolo)VALUES(1,'ambo'),(2,'terno'),(3,NULL),(4,'')"));
+  struct Row {
+    const char* condition;
+    Lines keys;
+  };
+  for (const Row& row :
+       {Row{"titolo LIKE 'a%'", {"1"}}, Row{"titolo NOT LIKE 'a%'", {"2", "4"}},
+        Row{"titolo LIKE '%'", {"1", "2", "4"}}, Row{"titolo NOT LIKE '%'", {}}, Row{"titolo LIKE ''", {"4"}},
+        Row{"titolo LIKE NULL", {}}, Row{"titolo NOT LIKE NULL", {}}, Row{"NULL LIKE titolo", {}},
+        Row{"NULL NOT LIKE titolo", {}}, Row{"(titolo LIKE 'a%') IS NULL", {"3"}}})
+    EXPECT_EQ(rows(std::string("SELECT idSis FROM tSistemi WHERE ") + row.condition + " ORDER BY idSis"), row.keys)
+        << row.condition << connector_->LastError();
+}
+
 TEST_P(ConnectorTest, NullIsTheSmallestOfEveryOrder) {
   for (const char* date : {"'2005-02-09'", "NULL", "'2005-02-12'"})
     ASSERT_TRUE(execute(std::string("INSERT INTO storico(dtEstr)VALUES(") + date + ")"));
