@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "automation/coercion.h"
 #include "hosts/vestara/archive_rows.h"
+#include "hosts/vestara/stored_value.h"
 
 namespace vestara::host {
 namespace {
@@ -32,7 +32,7 @@ std::string values_of(RecordSet& row) {
   std::string text;
   for (int32_t column = 0; column < row.column_count(); ++column) {
     if (column != 0) text += ',';
-    if (!row.is_null(Column{column})) text += automation::to_text(row.value(Column{column}));
+    text += stored_text(row.value(Column{column}));
   }
   return text;
 }

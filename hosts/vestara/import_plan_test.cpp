@@ -169,6 +169,27 @@ TEST(ImportPlan, RefusalsNameWhatWouldGoAndTheWayOut) {
             "nothing was changed: 1 row of 1900-01-06 would go, which the file does not have; they were entered by "
             "hand, --keep-manual keeps them, vestara import --replace f takes the file alone\n"
             "  1900-01-06 BA 1 2 3 4 90"},
+        Row{weeks(0, 3),
+            weeks(0, 1),
+            {7},
+            ImportMode::guarded,
+            "nothing was changed: 2 rows of 1900-01-06 to 1900-01-13 would go, which the file does not have; vestara "
+            "import --add f keeps everything and adds what is new, vestara import --replace f takes the file alone\n"
+            "  1900-01-06 BA 1 2 3 4 90\n  1900-01-13 BA 1 2 3 4 90"},
+        Row{weeks(0, 3),
+            weeks(0, 1),
+            {0, 7, 14},
+            ImportMode::guarded,
+            "nothing was changed: 2 rows of 1900-01-06 to 1900-01-13 would go, which the file does not have; they were "
+            "entered by hand, --keep-manual keeps them, vestara import --replace f takes the file alone\n"
+            "  1900-01-06 BA 1 2 3 4 90\n  1900-01-13 BA 1 2 3 4 90"},
+        Row{weeks(0, 2),
+            weeks(0, 1),
+            {0},
+            ImportMode::guarded,
+            "nothing was changed: 1 row of 1900-01-06 would go, which the file does not have; vestara import --add f "
+            "keeps everything and adds what is new, vestara import --replace f takes the file alone\n"
+            "  1900-01-06 BA 1 2 3 4 90"},
         Row{weeks(0, 1),
             {row(0, 9)},
             {},

@@ -79,6 +79,18 @@ TEST(Output, TablesShowControlCharactersAsQuestionMarks) {
   EXPECT_EQ(written(report, {OutputFormat::table}), "name  a?b?[2J? è\n\nid  name\n 1  a?b?\n");
 }
 
+TEST(Output, TablesAlignByCharacters) {
+  for (const char* wide : {"è", "€", "𝄞"}) {
+    Report report;
+    report.facts = {{wide, "x"}, {"ab", int64_t{1}}};
+    report.listing = "searches";
+    report.columns = {"a", "n"};
+    report.rows = {{wide, int64_t{1}}, {"ab", int64_t{2}}};
+    const std::string name = wide;
+    EXPECT_EQ(written(report, {OutputFormat::table}), name + "   x\nab  1\n\na   n\n" + name + "   1\nab  2\n");
+  }
+}
+
 TEST(Output, TextsAreWrittenSoThatTheyReadBack) {
   struct Row {
     const char* text;

@@ -26,6 +26,9 @@ REAL_ARCHIVE = pathlib.Path(
 
 OK, NOTHING_FOUND, USAGE, DATABASE, FILE = range(5)
 
+# A shell starts what runs in the background with interrupts ignored, and the programs started here would inherit that.
+signal.signal(signal.SIGINT, signal.default_int_handler)
+
 
 def limited_to(size):
     """Files of the program that is started may not grow beyond so many bytes, as after ulimit -f."""
@@ -149,6 +152,16 @@ class RoundTrip(CommandLine):
             self.assertEqual(self.expect(OK, *other, "export", "--as", *form).encode(), out.read_bytes())
             self.assertEqual(self.expect(OK, *other, "export", "--as", "tsv").encode(), tsv)
 
+    def test_contest_numbers_that_cannot_be_are_left_out(self):
+        self.imported(last="2004-01-10")
+        for number, shown in (("1", "1"), ("32766", "32766"), ("32767", "32767"), ("32768", ""), ("40000", ""),
+                              ("65537", ""), ("0", ""), ("-1", ""), ("NULL", "")):
+            with contextlib.closing(sqlite3.connect(self.archive)) as archive, archive:
+                archive.execute(f"UPDATE storico SET concorsoNumero={number}")
+            rows = list(csv.DictReader(io.StringIO(self.expect(OK, "export", "--contest"))))
+            self.assertEqual({row["contest"] for row in rows}, {shown}, number)
+            self.assertEqual(self.errors, "")
+
     def test_a_seed_is_a_file(self):
         digest = hashlib.sha256(self.generated(42, "1871-01-07", "1900-12-31")).hexdigest()
         self.assertEqual(digest, "4095c81de2a0a6098753a61e60d4a8a58b35f51c63a8e961de3133760c3adeeb")
@@ -173,23 +186,35 @@ class RoundTrip(CommandLine):
 class Sources(CommandLine):
     def test_zip_and_standard_input(self):
         tsv = self.generated()
-        packed = io.BytesIO()
-        with zipfile.ZipFile(packed, "w", zipfile.ZIP_DEFLATED) as archive:
-            archive.writestr("__MACOSX/._storico.txt", b"x")
-            archive.writestr("folder/", b"")
-            archive.writestr("folder/storico.txt", tsv)
-        for name, stdin in (("-", tsv), ("-", packed.getvalue()), (self.write("a.zip", packed.getvalue()), b"")):
+        packed = self.packed({"__MACOSX/._storico.txt": b"x", "folder/": b"", "folder/storico.txt": tsv})
+        for name, stdin in (("-", tsv), ("-", packed), (self.write("a.zip", packed), b"")):
             self.archive.unlink(missing_ok=True)
             self.expect(OK, "import", name, stdin=stdin)
             self.assertEqual(self.expect(OK, "export", "--as", "tsv").encode(), tsv)
 
+    @staticmethod
+    def packed(files):
+        target = io.BytesIO()
+        with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED) as archive:
+            for name, content in files.items():
+                archive.writestr(name, content)
+        return target.getvalue()
+
+    def test_what_else_a_zip_may_hold(self):
+        tsv = self.generated()
+        for other, counts in (("__MACOSX/storico.txt", False), ("__MACOSX/folder/storico.txt", False),
+                              (".storico.txt", False), ("folder/.storico.txt", False), ("folder/", False),
+                              ("storico.txt~", True), ("__MACOSX.txt", True), ("folder/__MACOSX/storico.txt", True)):
+            for names in (("storico.txt", other), (other, "storico.txt")):
+                with self.subTest(names=names):
+                    packed = self.packed({name: tsv if name == "storico.txt" else b"" if name.endswith("/") else b"x"
+                                          for name in names})
+                    self.expect(FILE if counts else OK, "import", "--dry-run", "-", stdin=packed)
+                    self.assertEqual("the zip holds 2 files" in self.errors, counts)
+
     def test_unusable_zips(self):
         def packed(**files):
-            target = io.BytesIO()
-            with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED) as archive:
-                for name, content in files.items():
-                    archive.writestr(name, content)
-            return target.getvalue()
+            return self.packed(files)
 
         damaged = bytearray(packed(a=self.generated()))
         damaged[200] ^= 0xFF

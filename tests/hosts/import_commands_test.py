@@ -150,14 +150,21 @@ class WhatGoes(Imports):
 class OnSqlite(Imports):
     def test_replace_asks_at_a_terminal(self):
         tsv, later, before, after = self.whole()
-        self.expect(OK, "import", "-", stdin=tsv)
-        file = self.write("later.txt", later)
-        question = f"vestara: replace {before + after} rows, of which {before} go and 0 change? [y/N] ".encode()
-        for answer, words, code, held in ((b"n\n", [], USAGE, tsv), (b"\n", [], USAGE, tsv), (b"y\n", [], OK, later),
-                                          (b"", ["--yes"], OK, later), (b"", ["--dry-run"], OK, tsv)):
+        other, more = changed(tsv, 3), tsv + later.splitlines()[-1].replace(b"2005/", b"2006/") + b"\n"
+        rows = before + after
+        for file, gone, change, answer, words, code in (
+                (later, before, 0, b"n\n", [], USAGE), (later, before, 0, b"\n", [], USAGE),
+                (later, before, 0, b"y\n", [], OK), (later, None, None, b"", ["--yes"], OK),
+                (later, None, None, b"", ["--dry-run"], None), (other, 0, 1, b"n\n", [], USAGE),
+                (other, 0, 1, b"y\n", [], OK), (changed(later, 3), before, 1, b"n\n", [], USAGE),
+                (tsv, None, None, b"", [], OK), (more, None, None, b"", [], OK)):
+            held = file if code == OK else tsv
+            code = code or OK
+            name = self.write("file.txt", file)
             self.expect(OK, "import", "--replace", "-", stdin=tsv)
+            self.assertEqual(self.held(), tsv)
             ours, theirs = pty.openpty()
-            with subprocess.Popen([PROGRAM, "import", "--replace", *words, file], env=self.environment, stdin=theirs,
+            with subprocess.Popen([PROGRAM, "import", "--replace", *words, name], env=self.environment, stdin=theirs,
                                   stderr=theirs, stdout=subprocess.DEVNULL) as process:
                 os.close(theirs)
                 os.write(ours, answer)
@@ -169,7 +176,8 @@ class OnSqlite(Imports):
                     pass
                 self.assertEqual(process.wait(), code, shown)
             os.close(ours)
-            self.assertEqual(question in shown, not words, shown)
+            question = f"vestara: replace {rows} rows, of which {gone} go and {change} change? [y/N] ".encode()
+            self.assertEqual((question in shown, b"[y/N]" in shown), (gone is not None,) * 2, shown)
             self.assertEqual(self.held(), held)
 
     def test_without_room_for_what_goes_nothing_goes(self):
@@ -201,6 +209,31 @@ class OnSqlite(Imports):
         rest = pathlib.Path(str(kept).replace(".csv", ".rest.csv")).read_text()
         self.assertEqual(rest.count("\n"), 2, rest)
         self.expect(OK, "import", "--add", kept)
+
+    def test_rows_without_a_draw_go_alone(self):
+        """Nothing but rows that are no draw goes: they are kept all the same, and only where they go."""
+        tsv = self.generated()
+        self.expect(OK, "import", "-", stdin=tsv)
+        for change, row in (("dtEstr=NULL", ",BA,11,12,13,14,15,77"), ("ruota=NULL", "2099-01-01,,11,12,13,14,15,77"),
+                            ("ruota='XX'", "2099-01-01,XX,11,12,13,14,15,77"),
+                            ("estr5=NULL", "2099-01-01,BA,11,12,13,14,,77"),
+                            ("estr1=0", "2099-01-01,BA,0,12,13,14,15,77"),
+                            ("estr1=91", "2099-01-01,BA,91,12,13,14,15,77")):
+            with self.subTest(change=change), contextlib.closing(sqlite3.connect(self.archive)) as database:
+                database.execute("INSERT INTO storico VALUES(900000,'2099-01-01','BA',11,12,13,14,15,77)")
+                database.execute(f"UPDATE storico SET {change} WHERE id=900000")
+                database.commit()
+                before = self.backups()
+                for words in (["--add"], ["--replace", "--dry-run"], []):
+                    self.assertIsNone(self.summary("import", *words, "-", stdin=tsv)["backup"])
+                done = self.summary("import", "--replace", "--yes", "-", stdin=tsv)
+                self.assertEqual(self.figures(done), ("imported", 0, 0, 1, 0))
+                kept = pathlib.Path(done["backup"])
+                self.assertEqual(kept.read_text(), "date,contest,wheel,n1,n2,n3,n4,n5\n")
+                rest = pathlib.Path(str(kept).replace(".csv", ".rest.csv"))
+                self.assertEqual(len(set(self.backups()) - set(before)), 2)
+                self.assertEqual(rest.read_text(), row + "\n")
+                self.assertIsNone(self.summary("import", "--replace", "--yes", "-", stdin=tsv)["backup"])
 
     def test_options_that_exclude_each_other(self):
         self.expect(USAGE, "import", "--add", "--replace", "x")
