@@ -103,7 +103,8 @@ void add_search(CLI::App& program, Given& given) {
   app.add_flag("--asc", given.ascending, "oldest draw first");
   value_option(app, "--limit", given.limit, "N", "list N dates at most, in a table");
   app.add_flag("--statistics", given.statistics,
-               "also say what the search amounts to: percentages, draws per hit, gaps");
+               "also say what the search amounts to: percentages, draws per hit, gaps; chance gives expected_…, "
+               "the archive plain_effective_…; theoretical_… and effective_… are the library's");
 }
 
 void add_export(CLI::App& program, Given& given) {

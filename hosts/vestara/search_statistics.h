@@ -8,8 +8,9 @@
 namespace vestara::host {
 
 /// What a search amounts to: what chance would have given in the draws of the archive, each with the wheels that were
-/// drawn in it, and what they gave; the gaps; last the library's own figures, under names that say so. A note says
-/// where those differ in kind.
+/// drawn in it, and what they gave; the gaps; the library's own figures; last what chance would give if every wheel of
+/// the search were drawn each time. Programs read the names: none goes, and none gets another meaning. A note says
+/// where the library's figures differ in kind.
 FactBlock statistics_block(const ArchiveSession& session, const SearchOptions& question, cStatistiche& statistics);
 
 }  // namespace vestara::host

@@ -1,6 +1,7 @@
 #include "hosts/vestara/wheel_draws.h"
 
 #include <algorithm>
+#include <string>
 
 #include "automation/coercion.h"
 #include "automation/date.h"
@@ -33,6 +34,15 @@ int64_t WheelDraws::between(std::optional<int32_t> after, std::optional<int32_t>
   const auto first = after ? std::upper_bound(days_.begin(), days_.end(), *after) : days_.begin();
   const auto last = before ? std::lower_bound(first, days_.end(), *before) : days_.end();
   return last - first;
+}
+
+int16_t wheels_searched(const ArchiveSession& session, const SearchOptions& question) {
+  if (!question.wheels.all)
+    return static_cast<int16_t>(1 + std::count(question.wheels.codes.begin(), question.wheels.codes.end(), ','));
+  auto rows = session.rows("SELECT count(DISTINCT ruota) AS quante FROM storico" + condition_of(question));
+  const int32_t wheels = rows->at_end() ? 0 : rows->whole_number(rows->column("quante"));
+  session.connector()->CloseRecordset(rows);
+  return static_cast<int16_t>(wheels);
 }
 
 }  // namespace vestara::host

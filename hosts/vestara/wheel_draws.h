@@ -26,4 +26,7 @@ class WheelDraws {
   std::vector<int32_t> days_;  ///< sorted
 };
 
+/// How many wheels a search looks at: those that it names, or all that the archive has in its period.
+int16_t wheels_searched(const ArchiveSession& session, const SearchOptions& question);
+
 }  // namespace vestara::host
