@@ -8,6 +8,7 @@
 #include "hosts/vestara/archive_url.h"
 #include "hosts/vestara/call_arguments.h"
 #include "hosts/vestara/commands.h"
+#include "hosts/vestara/json_text.h"
 #include "hosts/vestara/known_classes.h"
 #include "hosts/vestara/literal.h"
 #include "hosts/vestara/member_path.h"
@@ -56,7 +57,7 @@ std::optional<ArchiveSession> archive_for(const Object& object, const Context& c
   if (!is_connector(object) && !row_for(object.description(), "ActiveConnection", InvokeKind::putref))
     return std::nullopt;
   if (!database.empty() || ArchiveSession::may_exist(database)) return ArchiveSession::for_reading(database);
-  context.err << "vestara: warning: the archive " << file_of(archive_url(database)).value_or("")
+  context.err << "vestara: warning: the archive " << automation::shown_text(file_of(archive_url(database)).value_or(""))
               << " is missing, the object goes without; vestara import FILE makes one\n";
   return std::nullopt;
 }
@@ -108,9 +109,7 @@ Json error_json(const automation::RunTimeError& error, const std::string& otherw
             {"source", error.source().empty() ? otherwise : error.source()}}}};
 }
 
-void write(std::ostream& out, const Json& answer) {
-  out << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
-}
+void write(std::ostream& out, const Json& answer) { out << json_text(answer) << "\n"; }
 
 }  // namespace
 

@@ -1,10 +1,6 @@
-#include <array>
-#include <cstdio>
 #include <nlohmann/json.hpp>
-#include <string_view>
 
-#include "automation/shown_text.h"
-#include "automation/utf8.h"
+#include "hosts/vestara/json_text.h"
 #include "hosts/vestara/output_forms.h"
 
 namespace vestara::host {
@@ -27,30 +23,7 @@ void put_row(Json& object, const Report& report, const std::vector<Cell>& row) {
   for (size_t i = 0; i < row.size(); ++i) object[report.columns[i]] = value_of(row[i]);
 }
 
-/// What would give a terminal orders as "\u202e", which reads back as the same text. JSON has escaped what is below a
-/// blank already, so that no such character has more than three bytes.
-std::string escaped(std::string_view json) {
-  std::string text;
-  while (!json.empty()) {
-    const automation::Utf8Character character = automation::first_character(json);
-    const std::string_view piece = json.substr(0, character.size);
-    const bool may_be_shown = character.code < 0x7F || automation::shown_text(piece) == piece;
-    if (may_be_shown) {
-      text += piece;
-    } else {
-      std::array<char, 7> code{};
-      std::snprintf(code.data(), code.size(), "\\u%04x", static_cast<unsigned>(character.code));
-      text += code.data();
-    }
-    json.remove_prefix(character.size);
-  }
-  return text;
-}
-
-/// Bytes that are no UTF-8 become replacement characters.
-std::string text_of(const Json& object, int indent) {
-  return escaped(object.dump(indent, ' ', false, Json::error_handler_t::replace)) + "\n";
-}
+std::string text_of(const Json& object, int indent) { return json_text(object, indent) + "\n"; }
 
 constexpr int one_line = -1;
 

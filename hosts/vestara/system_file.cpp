@@ -112,7 +112,8 @@ SystemFile read_system_file(const std::string& path, std::ostream& err) {
   const std::string name = source_name(path);
   SystemFile file = parse_system_file(read_source(path), name);
   if (!file.odd_lengths.empty())
-    err << "vestara: warning: " << name << " has combinations of different lengths" << listed(file.odd_lengths) << "\n";
+    err << "vestara: warning: " << automation::shown_text(name) << " has combinations of different lengths"
+        << listed(file.odd_lengths) << "\n";
   return file;
 }
 

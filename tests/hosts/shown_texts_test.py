@@ -4,6 +4,7 @@ command line."""
 import csv
 import io
 import json
+import os
 import subprocess
 import unittest
 
@@ -34,9 +35,36 @@ class Orders(CommandLine):
                 self.assert_harmless(done.stderr, words)
                 self.assert_harmless(done.stdout, words)
 
-    def run_raw(self, *words):
+    def run_raw(self, *words, **variables):
         return subprocess.run([PROGRAM.encode(), *(word if isinstance(word, bytes) else word.encode() for word in words)],
-                              env=self.environment, stdin=subprocess.DEVNULL, capture_output=True, check=False)
+                              env=self.environment | variables, stdin=subprocess.DEVNULL, capture_output=True, check=False)
+
+    def test_warnings(self):
+        self.imported()
+        del self.environment["VESTARA_DB"]
+        for order in BYTES:
+            file = bytes(self.folder) + b"/a" + order + b"b"
+            with open(file, "wb") as system:
+                system.write(b"1,2\n3\n")
+            done = self.run_raw("system", "convert", file, "--numbers", "5,6,7")
+            self.assertEqual(done.returncode, OK, done.stderr)
+            self.assertIn(b" has combinations of different lengths\n  line 2: ", done.stderr)
+            self.assert_harmless(done.stderr, order)
+            done = self.run_raw("call", "Vestara.cLotto", "DbType", "--get", XDG_DATA_HOME=os.fsdecode(file))
+            self.assertEqual(done.returncode, OK, done.stderr)
+            self.assertIn(b"archive.sqlite is missing, the object goes without", done.stderr)
+            self.assert_harmless(done.stderr, order)
+
+    def test_the_answer_of_a_call(self):
+        self.imported()
+        for text in ORDERS:
+            done = self.run_raw("call", "Dorvane.DbConnector", "OpenRecordset", "empty", f"SELECT 'a{text}b' AS t")
+            self.assertEqual(done.returncode, OK, done.stderr)
+            self.assertEqual(json.loads(done.stdout)["written_back"]["rs"], [{"t": f"a{text}b"}])
+            self.assert_harmless(done.stdout, text)
+            done = self.run_raw("call", "Dorvane.DbConnector", "OpenRecordset", "empty", f"SELECT x AS \"a{text}b\"")
+            self.assertNotEqual(done.returncode, OK)
+            self.assert_harmless(done.stdout + done.stderr, text)
 
     def test_tables_and_the_forms_for_programs(self):
         self.imported()
