@@ -13,7 +13,6 @@ import unittest
 
 from command_line_test import DATABASE, FILE, OK, PROGRAM, USAGE
 from copy_commands_test import TEXTS, Archives
-from draw_commands_test import Draws
 
 
 class Backups(Archives):
@@ -74,7 +73,7 @@ class RoundTrip(Backups):
         self.assertEqual(self.everything("a"), held)
         for answer, code, expected in (("n\n", USAGE, held), ("y\n", OK, None)):
             words = ["restore", self.folder / "kept", "--db", self.url("a")]
-            self.assertEqual(Draws.answering(self, answer, *words)[0], code)
+            self.assertEqual(self.answering(answer, *words)[0], code)
             self.assertEqual(self.everything("a"), expected or self.everything("kept"))
         self.backup(self.url("a"), "kept", "--yes")
 
@@ -96,6 +95,18 @@ class RoundTrip(Backups):
         self.backup(self.url("a"), "a", "--yes", code=USAGE)
         self.backup(self.url("a"), "no/such/folder", code=FILE)
         self.assertEqual(self.everything("a"), before)
+
+    def test_damage_that_no_row_shows(self):
+        self.make("a")
+        before = self.everything("a")
+        self.make_damaged("damaged")
+        self.restore(self.url("a"), "damaged", "--yes", code=DATABASE)
+        self.assertRegex(self.errors, "damaged is damaged, nothing was changed: .*index lies")
+        self.assertEqual(self.everything("a"), before)
+        self.backup(self.url("damaged"), "kept", code=DATABASE)
+        self.assertIn("the backup of sqlite:", self.errors)
+        self.assertFalse((self.folder / "kept").exists())
+        self.assertEqual(self.parts(), [])
 
     def test_a_value_that_does_not_fit_leaves_everything(self):
         self.make("a")

@@ -26,8 +26,9 @@ REAL_ARCHIVE = pathlib.Path(
 
 OK, NOTHING_FOUND, USAGE, DATABASE, FILE = range(5)
 
-# A shell starts what runs in the background with interrupts ignored, and the programs started here would inherit that.
+# What runs in the background may have these ignored, and the programs that are started here would inherit it.
 signal.signal(signal.SIGINT, signal.default_int_handler)
+signal.signal(signal.SIGHUP, signal.SIG_DFL)
 
 
 def limited_to(size):
@@ -95,6 +96,28 @@ class CommandLine(unittest.TestCase):
             self.assertEqual(process.wait(), code)
         os.close(ours)
         return shown
+
+    def answering(self, answer, *arguments, meanwhile=None):
+        """Runs at a terminal where somebody types the answer; returns the exit code and what the terminal shows.
+        `meanwhile` is called when the question stands there."""
+        ours, theirs = pty.openpty()
+        with subprocess.Popen([PROGRAM, *map(str, arguments)], env=self.environment, stdin=theirs, stderr=theirs,
+                              stdout=subprocess.DEVNULL) as process:
+            os.close(theirs)
+            shown = b""
+            try:
+                while meanwhile and b"[y/N] " not in shown:
+                    shown += os.read(ours, 4096)
+                if meanwhile:
+                    meanwhile()
+                os.write(ours, answer.encode())
+                while block := os.read(ours, 4096):
+                    shown += block
+            except OSError:  # the other side is closed
+                pass
+            code = process.wait()
+        os.close(ours)
+        return code, shown.decode()
 
 
 class ErrorLog(CommandLine):
@@ -369,6 +392,7 @@ class Failures(CommandLine):
         out = self.folder / "out.txt"
         self.expect(FILE, "export", "--output", out, preexec_fn=limited_to(65536))
         self.assertFalse(out.exists())
+        self.assertEqual(list(self.folder.glob("*part*")), [])
         self.expect(OK, "import", more)
 
 

@@ -1,18 +1,12 @@
-"""draw and saved, and what an import does with draws entered by hand, end to end. VESTARA_PROGRAM is the command line."""
+"""draw, end to end. VESTARA_PROGRAM is the command line."""
 
 import contextlib
 import datetime
 import json
-import os
-import pathlib
-import pty
-import shutil
 import sqlite3
-import subprocess
-import time
 import unittest
 
-from command_line_test import DATABASE, FILE, NOTHING_FOUND, OK, PROGRAM, REAL_ARCHIVE, USAGE, CommandLine
+from command_line_test import DATABASE, FILE, NOTHING_FOUND, OK, REAL_ARCHIVE, USAGE, CommandLine
 
 WHEELS = ["BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE", "RN"]
 HEADER = "date,wheel,n1,n2,n3,n4,n5\n"
@@ -63,23 +57,6 @@ class Draws(CommandLine):
         if not self.sql("SELECT 1 FROM sqlite_master WHERE name='vestara_manual_draws'"):
             return None
         return [date for (date,) in self.sql("SELECT dtEstr FROM vestara_manual_draws ORDER BY 1")]
-
-    def answering(self, answer, *arguments):
-        """Runs at a terminal where somebody types the answer; returns the exit code and what the terminal shows."""
-        ours, theirs = pty.openpty()
-        with subprocess.Popen([PROGRAM, *map(str, arguments)], env=self.environment, stdin=theirs, stderr=theirs,
-                              stdout=subprocess.DEVNULL) as process:
-            os.close(theirs)
-            os.write(ours, answer.encode())
-            shown = b""
-            try:
-                while block := os.read(ours, 4096):
-                    shown += block
-            except OSError:  # the other side is closed
-                pass
-            code = process.wait()
-        os.close(ours)
-        return code, shown.decode()
 
 
 class Show(Draws):
@@ -210,6 +187,30 @@ class Save(Draws):
             self.expect(code, "draw", "save", "2016-01-20", *words)
             self.assertIn(why, self.errors)
 
+    def test_what_comes_while_a_question_stands_is_not_replaced(self):
+        self.sql("DELETE FROM storico WHERE dtEstr='2016-01-06' AND ruota<>'BA'")
+        words = ["draw", "save", "2016-01-06", *wheel_options(7)]
+        more = "INSERT INTO storico SELECT 900000,'2016-01-06','VE',11,12,13,14,15,2"
+
+        def contents():
+            return self.sql("SELECT * FROM storico ORDER BY id")
+
+        before = contents()
+        code, shown = self.answering("y\n", *words, meanwhile=lambda: self.sql(more))
+        self.assertEqual(code, DATABASE, shown)
+        self.assertIn("vestara: replace the 1 row of 2016-01-06? [y/N] ", shown)
+        self.assertIn("another program stored the 2 rows of 2016-01-06 meanwhile, nothing was changed; --yes ", shown)
+        self.assertEqual((contents(), self.marks()), ([*before, (900000, "2016-01-06", "VE", 11, 12, 13, 14, 15, 2)], []))
+        fewer = "DELETE FROM storico WHERE id=900000"
+        self.assertEqual(self.answering("y\n", *words, meanwhile=lambda: self.sql(fewer))[0], OK)
+        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 7)))
+
+    def test_today_is_not_the_future(self):
+        today = datetime.date.today()
+        self.assertEqual(self.save(today.isoformat(), 7)["replaced"], 0)
+        self.save((today + datetime.timedelta(days=1)).isoformat(), 8, code=USAGE)
+        self.assertIn(", which is in the future, nothing was changed; ", self.errors)
+
     def test_a_date_in_the_future_asks(self):
         date = (datetime.date.today() + datetime.timedelta(days=2)).isoformat()
         words = ["draw", "save", date, *wheel_options(7)]
@@ -255,237 +256,6 @@ class Delete(Draws):
         self.expect(DATABASE, "draw", "delete", "2016-01-10", "--yes")
         self.assertIn("cannot be marked, nothing was changed: sqlite: nothing goes", self.errors)
         self.assertEqual((self.contents(), self.marks()), (before, ["2016-01-10"]))
-
-
-class Imports(Draws):
-    """By hand: 6 January (the file agrees), 8 January (it does not), 10 January (it has none)."""
-
-    OFFICIAL = [draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2), draw_rows("2016-01-08", 30)]
-    FATES = [("2016-01-06", "equal", "replaced"), ("2016-01-08", "different", "replaced")]
-
-    def setUp(self):
-        super().setUp()
-        self.save("2016-01-06", 2, "--yes")
-        self.save("2016-01-08", 3)
-        self.save("2016-01-10", 4, "--contest", 77)
-        self.official = self.write("official.csv", csv_of(*self.OFFICIAL))
-
-    def imported(self, *options):
-        done = self.summary("import", *options, self.official)
-        return done, [tuple(row.values()) for row in done["manual_draws"]]
-
-    def test_a_lost_draw_refuses_the_import(self):
-        before = self.contents()
-        for flags in (["--dry-run"], []):
-            self.expect(FILE, "import", *flags, self.official)
-            self.assertIn("11 rows of 2016-01-10 would go, which the file does not have; they were entered by hand, "
-                          "--keep-manual keeps them", self.errors)
-            self.assertEqual((self.contents(), len(self.marks())), (before, 3))
-
-    def test_without_keeping(self):
-        for flags, verb in ((["--dry-run"], "would go"), ([], "went")):
-            before = self.archive.read_bytes() if flags else None
-            done, fates = self.imported("--replace", *flags)
-            self.assertEqual(fates, [*self.FATES, ("2016-01-10", "missing", "lost")])
-            self.assertEqual([done[name] for name in ("added", "changed", "gone", "kept", "held_before")],
-                             [0, 11, 11, 0, 44])
-            self.assertIn(f"1 draw entered by hand {verb} away: 2016-01-10; --keep-manual ", self.errors)
-            if flags:
-                self.assertEqual(self.archive.read_bytes(), before)
-                self.assertEqual(self.marks(), ["2016-01-06", "2016-01-08", "2016-01-10"])
-        self.assertEqual(self.contents(), csv_of(*self.OFFICIAL))
-        self.assertEqual(self.marks(), [])
-        self.assertEqual(self.imported()[1], [])
-        self.assertEqual(self.errors, "")
-
-    def test_with_keeping(self):
-        for words in (["--add"], ["--keep-manual"]):
-            for flags in (["--dry-run"], []):
-                if words == ["--add"] and not flags:
-                    continue
-                done, fates = self.imported(*words, *flags)
-                self.assertEqual(fates, [*self.FATES, ("2016-01-10", "missing", "kept")])
-                self.assertEqual([done[name] for name in ("read", "added", "changed", "gone", "kept")],
-                                 [33, 0, 11, 0, 11])
-                self.assertEqual(self.errors, "")
-        self.assertEqual(self.contents(), csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 4)))
-        self.assertEqual((self.marks(), self.contest("2016-01-10")), (["2016-01-10"], 77))
-        self.assertEqual(self.imported("--keep-manual")[1], [("2016-01-10", "missing", "kept")])
-        self.assertEqual(self.errors, "")
-        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 5)))
-        self.assertEqual(self.imported("--keep-manual")[1], [("2016-01-10", "different", "replaced")])
-        self.assertEqual((self.marks(), self.contest("2016-01-10")), ([], 4))
-
-    def test_what_gave_way_is_kept_in_a_file(self):
-        done, _ = self.imported("--keep-manual")
-        kept = pathlib.Path(done["backup"])
-        rows = [row.replace("2016-01-08,", "2016-01-08,3,") + "\n" for row in draw_rows("2016-01-08", 3)]
-        self.assertEqual(kept.read_text(), HEADER.replace("date,", "date,contest,") + "".join(rows))
-        self.expect(OK, "import", "--replace", kept)
-        self.assertEqual(self.contents(), csv_of(draw_rows("2016-01-08", 3)))
-
-    def test_a_kept_draw_goes_into_its_place(self):
-        self.write("official.csv", csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-13", 9)))
-        fates = self.imported("--keep-manual")[1]
-        self.assertEqual([fate for _, _, fate in fates], ["kept"] * 3)
-        self.assertEqual(self.contents(),
-                         csv_of(draw_rows("2016-01-03", 1), draw_rows("2016-01-06", 2), draw_rows("2016-01-08", 3),
-                                draw_rows("2016-01-10", 4), draw_rows("2016-01-13", 9)))
-
-    def test_part_of_a_draw_in_the_file_is_the_draw(self):
-        self.write("official.csv", csv_of(draw_rows("2016-01-10", 4, ["BA", "CA"])))
-        self.assertEqual(self.imported("--add")[1][-1], ("2016-01-10", "different", "replaced"))
-        self.assertEqual(len(self.sql("SELECT 1 FROM storico WHERE dtEstr='2016-01-10'")), 2)
-
-    def test_marks_without_a_draw_mean_nothing(self):
-        self.sql("DELETE FROM storico WHERE dtEstr='2016-01-10'")
-        self.write("official.csv", csv_of(*self.OFFICIAL, draw_rows("2016-01-10", 4)))
-        self.assertEqual(self.imported("--keep-manual")[1], self.FATES)
-        self.assertEqual(self.marks(), [])
-
-    def test_many_rows(self):
-        tsv = self.generated(1, "2004-01-01", "2015-12-31")
-        self.official.write_bytes(tsv)
-        done, fates = self.imported("--replace", "--keep-manual")
-        self.assertEqual((len(fates), done["gone"]), (3, 11))
-        self.assertEqual(len(self.sql("SELECT 1 FROM storico")), tsv.count(b"\n") + 33)
-
-    def test_a_failed_import_takes_everything_back(self):
-        before = self.contents()
-        self.sql("CREATE TRIGGER breaks BEFORE DELETE ON vestara_manual_draws "
-                 "BEGIN SELECT raise(ABORT,'nothing goes'); END")
-        self.expect(DATABASE, "import", "--keep-manual", self.official)
-        self.assertIn("cannot be marked, nothing was changed: sqlite: nothing goes", self.errors)
-        self.assertEqual((self.contents(), len(self.marks())), (before, 3))
-
-    def test_an_interrupted_import_takes_everything_back(self):
-        official = "".join(row.replace("-", "/").replace(",", "\t") + "\n" for row in self.OFFICIAL[1])
-        many = self.write("many.txt", self.generated(2, "1950-01-01", "2015-12-31") + official.encode())
-        words = ["import", "--replace", "--keep-manual", many]
-        copy = f"sqlite:{shutil.copy(self.archive, self.folder / 'copy.sqlite')}"
-        self.expect(OK, "--db", copy, *words)
-        before = (self.contents("--contest"), ["2016-01-06", "2016-01-08", "2016-01-10"])
-        after = (self.contents("--contest", "--db", copy), ["2016-01-08", "2016-01-10"])
-        for pause in (0.05, 0.2, 0.5, 1):
-            with subprocess.Popen([PROGRAM, *words], env=self.environment, stdout=subprocess.DEVNULL,
-                                  stderr=subprocess.DEVNULL) as process:
-                time.sleep(pause)
-                process.kill()
-            self.assertIn((self.contents("--contest"), self.marks()), (before, after))
-
-    def test_an_archive_that_never_had_a_draw_by_hand(self):
-        self.sql("DROP TABLE vestara_manual_draws")
-        done, fates = self.imported("--replace", "--keep-manual")
-        self.assertEqual((fates, done["gone"], done["changed"], self.marks()), ([], 11, 11, None))
-
-
-class Saved(Draws):
-    TEXTS = ["first try", "it's", "\\", "a\\'b\\\\'", "100% _ è ü € 漢", "\"q\"", "[x]", "{y}", "--", "two\nlines", " ", ""]
-
-    def save_search(self, *words):
-        return self.summary("saved", "save", *words)["id"]
-
-    def test_texts_come_back_as_they_were(self):
-        for place, text in enumerate(self.TEXTS):
-            self.assertEqual(self.save_search("5", *([f"--name={text}"] if text else ["--name", text])), place + 1)
-            self.assertEqual(self.summary("saved", "show", place + 1)["name"], text)
-        listed = self.summary("saved", "list")["searches"]
-        self.assertEqual([row["name"] for row in listed], self.TEXTS[::-1])
-        self.assertEqual(self.sql("SELECT descRicerca FROM tRicerche ORDER BY idRicerca"),
-                         [(text,) for text in self.TEXTS])
-        self.assertEqual(len(self.expect(OK, "saved", "list").splitlines()), len(self.TEXTS) + 1)
-
-    def test_what_is_stored(self):
-        today = datetime.date.today().isoformat()
-        full = ["5", "12", "33", "--hits", "ambo", "--wheels", "napoli,BA", "--from", "1/2/2026", "--to", "2026-03-01"]
-        for words, values in ((["5,12", "--name", "a"], ["5,12", 1, "", None, None]),
-                              ([*full, "--name", "b"], ["5,12,33", 2, "NA,BA", "2026-02-01", "2026-03-01"]),
-                              (["5", "--name", "c", "--wheels", "cities"],
-                               ["5", 1, "BA,CA,FI,GE,MI,NA,PA,RM,TO,VE", None, None])):
-            number = self.save_search(*words)
-            shown = self.summary("saved", "show", number)
-            self.assertEqual(list(shown), ["id", "name", "numbers", "hits", "wheels", "from", "to", "saved"])
-            self.assertEqual(list(shown.values())[2:7], values)
-            self.assertIn(shown["saved"], (today, datetime.date.today().isoformat()))
-
-    def test_replacing(self):
-        first = self.save_search("5", "--name", "first", "--from", "2026-01-01")
-        self.sql("UPDATE tRicerche SET dtSave='2001-01-01'")
-        second = self.save_search("6", "--name", "second")
-        self.expect(USAGE, "saved", "save", "7,8", "--name", "it's third", "--id", first)
-        self.assertIn(f"whether to replace the saved search {first}, nothing was changed; --yes ", self.errors)
-        words = ["saved", "save", "7,8", "--name", "it's third", "--id", first]
-        self.assertEqual(self.answering("n\n", *words)[0], USAGE)
-        self.assertEqual(self.summary("saved", "show", first)["name"], "first")
-        self.assertEqual(self.answering("y\n", *words)[0], OK)
-        self.assertEqual(self.summary("saved", "show", first)["name"], "it's third")
-        done = self.summary(*words, "--yes")
-        self.assertEqual(done, {"result": "replaced", "id": first})
-        shown = self.summary("saved", "show", first)
-        self.assertEqual((shown["name"], shown["numbers"], shown["from"]), ("it's third", "7,8", None))
-        self.assertNotEqual(shown["saved"], "2001-01-01")
-        self.expect(NOTHING_FOUND, "saved", "save", "7", "--name", "none", "--id", 99)
-        self.assertEqual(len(self.summary("saved", "list")["searches"]), 2)
-        self.assertEqual(second, first + 1)
-
-    def test_nobody_is_asked_where_nobody_can_answer(self):
-        """Standard error is a terminal, standard input is none."""
-        number = self.save_search("5", "--name", "first")
-        shown = self.on_terminal("saved", "delete", number, stream="stderr", code=USAGE)
-        self.assertIn(b"there is no terminal to ask", shown)
-        self.assertNotIn(b"[y/N]", shown)
-        self.assertEqual(len(self.summary("saved", "list")["searches"]), 1)
-
-    def test_newest_first(self):
-        for name in "abcde":
-            self.save_search("5", "--name", name)
-        for name, date in (("a", "'2020-01-01'"), ("c", "NULL"), ("d", "'2030-01-01'")):
-            self.sql(f"UPDATE tRicerche SET dtSave={date} WHERE descRicerca='{name}'")
-        self.assertEqual("".join(row["name"] for row in self.summary("saved", "list")["searches"]), "debac")
-
-    def test_a_run_is_the_search(self):
-        self.expect(OK, "import", "--replace", self.write("draws.txt", self.generated(3)))
-        for words, code in ((["5,12,33"], OK), (["5", "12", "33", "--hits", "ambo"], OK),
-                            (["1,90", "--wheels", "rn,BA", "--from", "2005-01-01"], OK),
-                            (["7", "--wheels", "cities", "--to", "2005-12-31"], OK),
-                            (["5,12,33,44,55", "--hits", "cinquina"], NOTHING_FOUND)):
-            number = self.save_search(*words, "--name", "n")
-            for form in ("table", "csv", "json", "jsonl", "markdown"):
-                self.assertEqual(self.expect(code, "saved", "run", number, "--format", form),
-                                 self.expect(code, "search", *words, "--format", form))
-
-    def test_what_cannot_be_run(self):
-        number = self.save_search("5,12", "--name", "n", "--hits", "2")
-        for change, why in (("numeri='5;12'", "NUMBERS: \"5;12\" is not one of 1 to 90"), ("numeri=''", "none given"),
-                            ("numeri=NULL", "none given"), ("numeri='7'", "--hits 2 cannot come of 1 number"),
-                            ("numeri='1) OR (1=1'", "is not one of 1 to 90"),
-                            ("combinazione=9", "--hits \"9\" is not known"), ("combinazione=NULL", "--hits \"\""),
-                            ("ruote='XX'", "--wheels \"XX\" is not known"), ("ruote=' '", "--wheels \" \""),
-                            ("dtDa='soon'", "--from \"soon\" is no date"),
-                            ("dtDa='2026-02-02',dtA='2026-01-01'", "is later than --to 2026-01-01")):
-            self.sql("UPDATE tRicerche SET numeri='5,12',combinazione=2,ruote='',dtDa=NULL,dtA=NULL")
-            self.sql(f"UPDATE tRicerche SET {change}")
-            self.expect(DATABASE, "saved", "run", number)
-            self.assertIn(f"saved search {number} cannot be run: ", self.errors)
-            self.assertIn(why, self.errors)
-            self.assertEqual(len(self.summary("saved", "list")["searches"]), 1)
-            self.summary("saved", "show", number)
-
-    def test_deleting(self):
-        number = self.save_search("5", "--name", "n")
-        self.expect(USAGE, "saved", "delete", number)
-        self.assertIn(f"whether to delete the saved search {number}, nothing was changed; --yes ", self.errors)
-        self.assertEqual(self.answering("n\n", "saved", "delete", number)[0], USAGE)
-        self.assertEqual(self.answering("y\n", "saved", "delete", number)[0], OK)
-        other = self.save_search("5", "--name", "n")
-        self.assertEqual(self.summary("saved", "delete", other, "--yes"), {"result": "deleted", "id": other})
-
-    def test_nothing_saved(self):
-        self.assertEqual(self.summary("saved", "list", code=NOTHING_FOUND), {"searches": []})
-        self.assertIn("vestara: no search is saved; ", self.errors)
-        for words in (["show", 1], ["run", 1], ["delete", 1, "--yes"], ["delete", 1], ["show", 0]):
-            self.expect(NOTHING_FOUND, "saved", *words)
-            self.assertIn(f"no search is saved as {words[1]}; ", self.errors)
 
 
 @unittest.skipUnless(REAL_ARCHIVE.is_file(), "the real archive is not here: VESTARA_REAL_ARCHIVE names it")

@@ -6,7 +6,6 @@ import contextlib
 import gzip
 import os
 import pathlib
-import pty
 import resource
 import sqlite3
 import subprocess
@@ -153,31 +152,20 @@ class OnSqlite(Imports):
         other, more = changed(tsv, 3), tsv + later.splitlines()[-1].replace(b"2005/", b"2006/") + b"\n"
         rows = before + after
         for file, gone, change, answer, words, code in (
-                (later, before, 0, b"n\n", [], USAGE), (later, before, 0, b"\n", [], USAGE),
-                (later, before, 0, b"y\n", [], OK), (later, None, None, b"", ["--yes"], OK),
-                (later, None, None, b"", ["--dry-run"], None), (other, 0, 1, b"n\n", [], USAGE),
-                (other, 0, 1, b"y\n", [], OK), (changed(later, 3), before, 1, b"n\n", [], USAGE),
-                (tsv, None, None, b"", [], OK), (more, None, None, b"", [], OK)):
+                (later, before, 0, "n\n", [], USAGE), (later, before, 0, "\n", [], USAGE),
+                (later, before, 0, "y\n", [], OK), (later, None, None, "n\n", ["--yes"], OK),
+                (later, None, None, "n\n", ["--dry-run"], None), (other, 0, 1, "n\n", [], USAGE),
+                (other, 0, 1, "y\n", [], OK), (changed(later, 3), before, 1, "n\n", [], USAGE),
+                (tsv, None, None, "n\n", [], OK), (more, None, None, "n\n", [], OK)):
             held = file if code == OK else tsv
             code = code or OK
             name = self.write("file.txt", file)
             self.expect(OK, "import", "--replace", "-", stdin=tsv)
             self.assertEqual(self.held(), tsv)
-            ours, theirs = pty.openpty()
-            with subprocess.Popen([PROGRAM, "import", "--replace", *words, name], env=self.environment, stdin=theirs,
-                                  stderr=theirs, stdout=subprocess.DEVNULL) as process:
-                os.close(theirs)
-                os.write(ours, answer)
-                shown = b""
-                try:
-                    while block := os.read(ours, 4096):
-                        shown += block
-                except OSError:  # the other side is closed
-                    pass
-                self.assertEqual(process.wait(), code, shown)
-            os.close(ours)
-            question = f"vestara: replace {rows} rows, of which {gone} go and {change} change? [y/N] ".encode()
-            self.assertEqual((question in shown, b"[y/N]" in shown), (gone is not None,) * 2, shown)
+            done, shown = self.answering(answer, "import", "--replace", *words, name)
+            self.assertEqual(done, code, shown)
+            question = f"vestara: replace {rows} rows, of which {gone} go and {change} change? [y/N] "
+            self.assertEqual((question in shown, "[y/N]" in shown), (gone is not None,) * 2, shown)
             self.assertEqual(self.held(), held)
 
     def test_without_room_for_what_goes_nothing_goes(self):
