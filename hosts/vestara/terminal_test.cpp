@@ -67,5 +67,32 @@ TEST(Terminal, ColourIsForTerminalsThatWantIt) {
   }
 }
 
+TEST(Terminal, ShowsTheCharactersOfItsLocale) {
+  struct Row {
+    const char *lc_all, *lc_ctype, *lang, *term;
+    bool shown;
+  };
+  for (const Row& row : {Row{"C.UTF-8", "C", "C", "xterm", true},
+                         {"C", "C.UTF-8", "C.UTF-8", "xterm", false},
+                         {"", "it_IT.utf8", "C", "xterm", true},
+                         {"", "C", "it_IT.utf8", "xterm", false},
+                         {"", "", "it_IT.UTF-8", "xterm", true},
+                         {"", "", "it_IT", "xterm", false},
+                         {"", "", "", "xterm", false},
+                         {"C.UTF-8", "", "", "dumb", false}}) {
+    const ChangedEnvironment lc_all("LC_ALL", row.lc_all);
+    const ChangedEnvironment lc_ctype("LC_CTYPE", row.lc_ctype);
+    const ChangedEnvironment lang("LANG", row.lang);
+    const ChangedEnvironment term("TERM", row.term);
+    bool shown = false;
+    {
+      const OutputOnTerminal terminal;
+      shown = shows_utf8(std::cout);
+    }
+    EXPECT_EQ(shown, row.shown) << row.lc_all << "," << row.lc_ctype << "," << row.lang;
+    EXPECT_FALSE(shows_utf8(std::ostream(nullptr)));
+  }
+}
+
 }  // namespace
 }  // namespace vestara::host

@@ -51,6 +51,15 @@ class Archives(CommandLine):
                                  [(3 * i, i % len(TEXTS) + 1, f"{i},'\\") for i in range(1, 2501)])
             database.commit()
 
+    def make_damaged(self, name):
+        """Every row can be read, but an index has other keys than its table."""
+        self.make(name)
+        self.sql(name, "CREATE INDEX lies ON storico(estr1)")
+        with contextlib.closing(sqlite3.connect(self.folder / name)) as database:
+            database.execute("PRAGMA writable_schema=ON")
+            database.execute("UPDATE sqlite_master SET sql='CREATE INDEX lies ON storico(estr2)' WHERE name='lies'")
+            database.commit()
+
     def copy(self, source, target, *more, code=OK):
         done = self.expect(code, "--format", "json", "copy", "--from", source, "--to", target, *more)
         return {table["table"]: table["rows"] for table in json.loads(done)["tables"]} if done else None
@@ -101,6 +110,16 @@ class Copies(Archives):
         self.copy(self.url("a"), self.url("b"))
         saved = self.summary("--db", self.url("b"), "saved", "save", "5,12", "--name", "new")
         self.assertEqual(saved["id"], 10 * len(TEXTS) + 1)
+
+
+class Damaged(Archives):
+    def test_the_doctor_finds_damage_that_no_row_shows(self):
+        self.make_damaged("a")
+        faults = self.doctor(self.url("a"), DATABASE)
+        self.assertEqual([what for what in faults if "damaged" in what], ["the archive's file is damaged"])
+        count, example = faults["the archive's file is damaged"]
+        self.assertGreater(count, 0)
+        self.assertIn("index lies", example)
 
 
 class Ends(Archives):

@@ -2,6 +2,7 @@
 VESTARA_PROGRAM is the command line; VESTARA_TEST_POSTGRESQL and VESTARA_TEST_MARIADB name databases that the tests may
 empty."""
 
+import itertools
 import os
 import signal
 import stat
@@ -78,8 +79,8 @@ class ReplacedFiles(CommandLine):
         os.link(target, self.folder / "other name")
         (self.folder / "link").symlink_to("target")
         target.chmod(0o604)
-        for name in ("target", "other name", "link"):
-            target.write_bytes(b"before")
+        for name, old in itertools.product(("target", "other name", "link"), (b"before", whole + b"before")):
+            target.write_bytes(old)
             before = target.stat()
             self.expect(OK, "export", "--output", self.folder / name)
             after = target.stat()
@@ -146,6 +147,22 @@ class EndedWriters(CommandLine):
             self.assertEqual(len(self.parts()), 1)
             process.terminate()
         self.assertEqual(self.parts(), [])
+
+    def test_what_lay_beside_a_left_over_goes_too(self):
+        for name, stays in ((".vestara-part-AAAAAA", False), (".vestara-part-BBBBBB-journal", False),
+                            (".vestara-part-CCCCC", True), (".vestara-parts", True), ("vestara-part-DDDDDD", True)):
+            path = self.write(name, "x")
+            self.expect(OK, "generate", "--seed", "1", "--from", "2004-01-01", "--to", "2004-12-31", "--output",
+                        self.folder / "out")
+            self.assertEqual(path.exists(), stays, name)
+
+    @unittest.skipUnless(os.geteuid() == 0, "only an administrator can give files away")
+    def test_what_another_user_left_stays(self):
+        path = self.write(".vestara-part-AAAAAA", "x")
+        os.chown(path, 12345, 54321)
+        self.expect(OK, "generate", "--seed", "1", "--from", "2004-01-01", "--to", "2004-12-31", "--output",
+                    self.folder / "out")
+        self.assertTrue(path.exists())
 
 
 if __name__ == "__main__":
