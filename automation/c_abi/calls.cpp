@@ -142,7 +142,10 @@ au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au
 
 au_status au_describe(au_object* object, au_value* json) {
   return guarded([&] {
-    to_value(automation::Variant(automation::describe_json(object_of(object).description())), required(json));
+    const automation::ClassDescription& described = object_of(object).description();
+    // A host's own object is of no library's class.
+    if (described.library.empty()) throw automation::no_such_member();
+    to_value(automation::Variant(automation::describe_json(described)), required(json));
   });
 }
 
