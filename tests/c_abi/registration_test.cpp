@@ -192,6 +192,45 @@ TEST_F(Registration, ALinkIsAsGoodAsWhereItLeads) {
   ASSERT_EQ(chmod(target.parent_path().c_str(), 0777), 0);
   EXPECT_TRUE(libraries_for("Some.cThing").empty());
   EXPECT_EQ(refused_class_files("Some.cThing").size(), 1U);
+  // Whoever may write where the link lies can put another in its place.
+  ASSERT_EQ(chmod(target.parent_path().c_str(), 0755), 0);
+  EXPECT_EQ(libraries_for("Some.cThing"), std::vector<std::string>{library});
+  ASSERT_EQ(chmod(link.parent_path().c_str(), 0777), 0);
+  EXPECT_TRUE(libraries_for("Some.cThing").empty());
+  EXPECT_EQ(refused_class_files("Some.cThing").size(), 1U);
+}
+
+TEST_F(Registration, TheUsersFolderLiesAtHomeUnlessAVariableNamesAnother) {
+  const struct {
+    const char *data, *home, *folder;
+  } rows[] = {{"/d", "/h", "/d/automation-classes"},
+              {"", "/h", "/h/.local/share/automation-classes"},
+              {"relative", "/h", "/h/.local/share/automation-classes"},
+              {"", "relative", ""}};
+  for (const auto& row : rows) {
+    const Setting data("XDG_DATA_HOME", row.data);
+    const Setting home("HOME", row.home);
+    EXPECT_EQ(registration_folder(Scope::user), row.folder) << row.data << " " << row.home;
+  }
+}
+
+TEST_F(Registration, TheSystemsFoldersAreTheUsualOnesUnlessAVariableNamesOthers) {
+  const std::string usual = "/usr/local/share/automation-classes, /usr/share/automation-classes, ";
+  const struct {
+    std::optional<std::string> value;
+    std::string places;
+  } rows[] = {{std::nullopt, usual},
+              {"", usual},
+              {":", usual},
+              {"relative:./other", usual},
+              {"/a", "/a/automation-classes, "},
+              {"/a:relative:/b", "/a/automation-classes, /b/automation-classes, "}};
+  for (const auto& row : rows) {
+    const Setting shared("XDG_DATA_DIRS", row.value);
+    const std::string user = folder_.path_to("data/automation-classes") + ", ";
+    EXPECT_EQ(searched_places().rfind(user + row.places, 0), 0U)
+        << row.value.value_or("(unset)") << ": " << searched_places();
+  }
 }
 
 TEST_F(Registration, ARefusedClassFileIsNamedByTheErrorOfItsClass) {
@@ -267,6 +306,10 @@ TEST_F(Registration, TheLibraryFolderOfTheEnvironmentGoesFirst) {
   folder_.file("libsome.so.1", "");
   const Setting folder("VESTARA_LIBRARY_DIR", folder_.path().string());
   EXPECT_EQ(libraries_for("Some.cThing").front(), folder_.path_to("libsome.so.1"));
+  EXPECT_EQ(searched_places().rfind(folder_.path().string() + ", ", 0), 0U) << searched_places();
+  const WorkFolder current(folder_.path());
+  const Setting relative("VESTARA_LIBRARY_DIR", ".");
+  EXPECT_EQ(fs::canonical(libraries_for("Some.cThing").front()), fs::canonical(folder_.path_to("libsome.so.1")));
 }
 
 TEST_F(Registration, AnIdentifierIsNoPath) {
