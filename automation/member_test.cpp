@@ -155,6 +155,8 @@ TEST_F(MemberTest, Calls) {
               {"Join", {Missing{}}, {}, "error 449"},
               {"Join", {1}, {"iCount"}, "error 449"},
               {"Join", {"a", 1, true, 1, 1}, {}, "error 450"},
+              {"Join", {}, {"sText"}, "error 450"},
+              {"Join", {"a"}, {"sText", "iCount"}, "error 450"},
               {"Name", {3}, {}, "error 451"},
               {"Friend", {3}, {}, "error 91"},
               {"Join", {"a", 1}, {"iKount"}, "error 448"},

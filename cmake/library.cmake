@@ -28,7 +28,7 @@ function(vestara_library name)
 
   if(VESTARA_TESTS AND ARG_TESTS)
     add_executable(${name}_test ${ARG_TESTS})
-    target_link_libraries(${name}_test PRIVATE ${name}_objects ${ARG_PRIVATE} test_support GTest::gtest GTest::gtest_main)
+    target_link_libraries(${name}_test PRIVATE ${name}_objects ${ARG_PRIVATE} test_support GTest::gtest_main)
     discover_tests(${name}_test)
   endif()
 endfunction()
