@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace dorvane {
 namespace {
@@ -62,6 +63,8 @@ TEST(InsertValues, LeavesEverythingElseToTheEngine) {
                            "INSERT INTO t(a)VALUES(1) RETURNING id",
                            "INSERT INTO t(a)VALUES(\"x\")"})
     EXPECT_FALSE(recognise_insert(text, Syntax{.bracket_names = true}, values)) << text;
+  using namespace std::string_view_literals;
+  EXPECT_FALSE(recognise_insert("INSERT INTO t(a)VALUES('a\0b')"sv, Syntax{.bracket_names = true}, values));
 }
 
 }  // namespace

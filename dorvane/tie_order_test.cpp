@@ -29,6 +29,9 @@ TEST(TieOrder, AppendsTheTermOfEachForm) {
            Row{"SELECT * FROM tRicerche ORDER BY dtSave Desc", ",idRicerca"},
            Row{"SELECT ruota,count(*) FROM storico GROUP BY ruota HAVING count(*)>1 ORDER BY count(*) DESC", ",ruota"},
            Row{"SELECT s.* FROM storico s JOIN tSistemaDetail d ON d.id=s.id ORDER BY s.dtEstr", ",s.id"},
+           Row{"SELECT ruota,count(*) FROM storico GROUP BY ruota WINDOW w AS (ORDER BY ruota) ORDER BY count(*)",
+               ",ruota"},
+           Row{"SELECT ALL dtEstr FROM storico ORDER BY dtEstr", ",id"},
            Row{"SELECT t.* FROM storico AS t, ruote ORDER BY T.dtEstr", ",T.id"},
            Row{"SELECT DISTINCT dtEstr,s.concorsoNumero FROM storico s ORDER BY dtEstr", ",s.concorsoNumero"},
        })
@@ -47,6 +50,8 @@ TEST(TieOrder, LeavesOtherStatementsAsTheyAre) {
         // Where a further term would mean something else, or nothing.
         "SELECT ruota FROM storico UNION SELECT ruotaAlias FROM ruote ORDER BY dtEstr",
         "SELECT dtEstr,ruota FROM storico EXCEPT SELECT dtEstr,ruota FROM storico ORDER BY dtEstr",
+        "SELECT ruota FROM storico INTERSECT SELECT ruotaAlias FROM ruote ORDER BY dtEstr",
+        "SELECT ruota FROM storico MINUS SELECT ruotaAlias FROM ruote ORDER BY dtEstr",
         "SELECT * FROM storico,tSistemaDetail ORDER BY dtEstr",
         "SELECT * FROM storico JOIN tSistemaDetail d ON d.id=storico.id ORDER BY dtEstr",
         "SELECT * FROM storico s JOIN storico t ON s.id=t.id ORDER BY t.dtEstr",

@@ -9,6 +9,7 @@
 
 #include "automation/error.h"
 #include "dorvane/sqlite/dialect.h"
+#include "tests/support/changed_environment.h"
 #include "tests/support/sqlite_archive.h"
 
 namespace dorvane {
@@ -210,6 +211,21 @@ TEST_F(SqliteTest, AFileWhoseNameLooksLikeAUrlIsReachedByItsPath) {
 }
 #endif
 
+#if !defined(_WIN32)  // the environment is changed as POSIX systems change it
+TEST_F(SqliteTest, WithoutAUrlTheEnvironmentNamesTheArchive) {
+  created();
+  {
+    const testing_support::ChangedEnvironment database("VESTARA_DB", url("?mode=rw"));
+    DbConnector connector;
+    EXPECT_TRUE(connector.Open("")) << connector.LastError();
+    EXPECT_EQ(connector.CheckSchema(), "");
+  }
+  const testing_support::ChangedEnvironment nothing("VESTARA_DB", "");
+  DbConnector connector;
+  EXPECT_FALSE(connector.Open(""));
+}
+#endif
+
 TEST_F(SqliteTest, OpenForgetsWhyAnEarlierOneFailed) {
   const auto connector = created();
   EXPECT_FALSE(connector->Open("nonsense"));
@@ -282,6 +298,18 @@ TEST_F(SqliteTest, ARollbackOwesTheIndexesAgain) {
   ASSERT_TRUE(connector->CreateSchema());
   connector->RollbackTrans();
   EXPECT_EQ(connector->CheckSchema(), "");
+}
+
+TEST_F(SqliteTest, ClosingInsideATransactionOwesTheIndexesAgain) {
+  {
+    const auto connector = created();
+    fill(*connector, 10);
+    ASSERT_TRUE(connector->ExecuteSql("DELETE FROM storico"));
+    connector->BeginTrans();
+    ASSERT_TRUE(connector->CreateSchema());
+  }
+  // One that may not write makes none by itself.
+  EXPECT_EQ(index_count(*opened("?mode=ro")), "9");
 }
 
 TEST_F(SqliteTest, ARecordSetOfATransactionIsCompleteBeforeItIsRolledBack) {
