@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/conformance/back_end.h"
+#include "tests/support/values.h"
 
 namespace conformance {
 namespace {
@@ -81,6 +82,21 @@ TEST_P(ServerSessionsTest, BehindEveryDefinitionTheSessionReadsOnlyAgain) {
     EXPECT_EQ(execute(row.statement), row.works) << connector_->LastError();
     EXPECT_TRUE(reads_only()) << row.statement;
   }
+}
+
+TEST_P(ServerSessionsTest, AnArchiveThatIsReadOnlyTakesNoChange) {
+  const auto writer = another();
+  open("&mode=ro");
+  EXPECT_EQ(one("SELECT count(*) FROM ruote"), "11");
+  for (const char* statement : {"DELETE FROM ruote", "CREATE TABLE another(id INT)", "DROP TABLE ruote"}) {
+    EXPECT_FALSE(execute(statement));
+    EXPECT_NE(connector_->LastError().find("mode=ro"), std::string::npos) << connector_->LastError();
+  }
+  EXPECT_EQ(testing_support::error_of([&] { connector_->BeginTrans(); }), 70);
+  connector_->RollbackTrans();
+  ASSERT_TRUE(writer->ExecuteSql("DELETE FROM ruote WHERE ruotaAlias='RN'")) << writer->LastError();
+  EXPECT_FALSE(connector_->CreateSchema());
+  EXPECT_EQ(one("SELECT count(*) FROM ruote"), "10");
 }
 
 }  // namespace

@@ -68,6 +68,19 @@ TEST_P(TransactionsTest, AChangeInTheOpenOneIsNeverTakenBackByTheNextBegin) {
   }
 }
 
+TEST_P(TransactionsTest, MakingWhatIsMissingIsAChange) {
+  ASSERT_TRUE(execute("DELETE FROM ruote WHERE ruotaAlias='RN'"));
+  connector_->BeginTrans();
+  const bool makes_tables_inside = GetParam() != Engine::mariadb;
+  EXPECT_EQ(connector_->CreateSchema(), makes_tables_inside) << connector_->LastError();
+  if (makes_tables_inside)
+    EXPECT_THROW(connector_->BeginTrans(), automation::RunTimeError);
+  else
+    EXPECT_NO_THROW(connector_->BeginTrans());
+  connector_->RollbackTrans();
+  EXPECT_EQ(one("SELECT count(*) FROM ruote"), "10");
+}
+
 TEST_P(TransactionsTest, ARefusedChangeIsNone) {
   save({1});
   connector_->BeginTrans();
