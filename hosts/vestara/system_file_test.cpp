@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sstream>
 
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/interruption.h"
+#include "tests/support/default_interrupts.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vestara::host {
@@ -86,6 +89,25 @@ TEST(SystemFile, ReadsWhatItWrites) {
   std::ostringstream err;
   EXPECT_EQ(read_system_file(path, err).combinations, combinations);
   EXPECT_EQ(err.str(), "");
+}
+
+TEST(SystemFile, AnInterruptLeavesTheFileAsItWas) {
+  const testing_support::DefaultInterrupts interrupts;
+  const testing_support::TemporaryFolder folder;
+  const std::string path = folder.file("system.txt", "before");
+  const Interruption interruption;
+  std::raise(SIGINT);
+  std::ostringstream out;
+  for (const std::string& place : {path, std::string("-")}) {
+    try {
+      write_system_file(place, out, "1,2\r\n3,4");
+      ADD_FAILURE() << place;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.code(), ExitCode::interrupted);
+    }
+  }
+  EXPECT_EQ(testing_support::bytes_of(path), "before");
+  EXPECT_EQ(out.str(), "");
 }
 
 TEST(SystemFile, WarnsWhenItReadsLinesOfAnotherLength) {

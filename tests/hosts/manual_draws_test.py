@@ -101,6 +101,7 @@ class Imports(Draws):
         self.official.write_bytes(tsv)
         done, fates = self.imported("--replace", "--keep-manual")
         self.assertEqual((len(fates), done["gone"]), (3, 11))
+        self.assertNotIn("entered by hand", self.errors)
         self.assertEqual(len(self.sql("SELECT 1 FROM storico")), tsv.count(b"\n") + 33)
 
     def test_a_failed_import_takes_everything_back(self):
