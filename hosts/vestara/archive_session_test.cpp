@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
+#include <functional>
 #include <sstream>
+#include <thread>
 
 #include "hosts/vestara/archive_copy.h"
+#include "hosts/vestara/archive_import.h"
 #include "hosts/vestara/draw_insertion.h"
 #include "hosts/vestara/failure.h"
+#include "hosts/vestara/in_process.h"
 #include "hosts/vestara/interruption.h"
 #include "hosts/vestara/manual_marks.h"
 #include "hosts/vestara/table_reader.h"
@@ -60,6 +65,74 @@ TEST_F(Sessions, ATableOfMarksThatCameMeanwhileIsSeen) {
   EXPECT_FALSE(marks.holds(7));
   marks.look_again();
   EXPECT_TRUE(marks.holds(7));
+}
+
+/// Another program that has changed something and commits it a little later, when somebody else waits for it.
+class LateCommit {
+ public:
+  LateCommit(const ArchiveSession& session, const std::function<void()>& change) : transaction_(session) {
+    change();
+    thread_ = std::thread([this] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      transaction_.commit();
+    });
+  }
+  LateCommit(const LateCommit&) = delete;
+  LateCommit& operator=(const LateCommit&) = delete;
+  ~LateCommit() { thread_.join(); }
+
+ private:
+  Transaction transaction_;
+  std::thread thread_;
+};
+
+class Waiting : public Sessions {
+ protected:
+  std::string patient_url() const { return "sqlite:" + folder_.path_to("a") + "?timeout=60000"; }
+  /// The day of one_draw is entered by hand.
+  static void mark(const ArchiveSession& session) {
+    ManualMarks marks(session);
+    marks.make_table();
+    marks.add(7);
+  }
+};
+
+TEST_F(Waiting, ACopyLooksAgainWhetherItsTargetIsEmpty) {
+  const ArchiveSession from = open("b");
+  const ArchiveSession other = open();
+  const ArchiveSession to = ArchiveSession::for_import(patient_url());
+  std::ostringstream err;
+  try {
+    const LateCommit writer(other, [&] { insert_draws(other, one_draw); });
+    copy_archive(from, to, HeldRows::refuse, err);
+    ADD_FAILURE();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.code(), ExitCode::usage) << failure.what();
+  }
+  EXPECT_EQ(draws(to), 1);
+}
+
+TEST_F(Waiting, AnImportSeesMarksThatCame) {
+  const ArchiveSession other = open();
+  insert_draws(other, one_draw);
+  const ArchiveSession session = ArchiveSession::for_import(patient_url());
+  const LateCommit writer(other, [&] { mark(other); });
+  const ImportOutcome outcome = import_draws(session, {{14, 1, 1, {1, 2, 3, 4, 5}}},
+                                             {ImportMode::replace, MissingManual::keep, std::nullopt}, {});
+  EXPECT_EQ(outcome.plan.manual.size(), 1U);
+  EXPECT_EQ(draws(session), 2);
+}
+
+TEST_F(Waiting, ADrawThatGoesTakesAMarkAlongThatCame) {
+  const ArchiveSession other = open();
+  insert_draws(other, one_draw);
+  Outcome done{};
+  {
+    const LateCommit writer(other, [&] { mark(other); });
+    done = run_in_process("draw delete 1900-01-06 --yes --db " + patient_url(), "");
+  }
+  EXPECT_EQ(done.code, 0) << done.err;
+  EXPECT_TRUE(ManualMarks(other).days().empty());
 }
 
 TEST_F(Sessions, ACopyHearsAnInterruptAfterItsLastRow) {
