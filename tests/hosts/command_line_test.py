@@ -342,6 +342,10 @@ class Failures(CommandLine):
         first = self.summary("import", "--dry-run", new)
         self.assertEqual((first["result"], first["held_before"]), ("checked, nothing changed", 0))
         self.assertFalse(self.archive.exists())
+        self.archive.touch()  # a database without tables
+        for words in ([], ["--replace"]):
+            self.assertEqual(self.summary("import", "--dry-run", *words, new), first)
+        self.assertEqual(self.archive.read_bytes(), b"")
         self.imported(seed=1)
         before = self.archive.read_bytes()
         second = self.summary("import", "--dry-run", "--replace", new)
