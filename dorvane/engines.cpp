@@ -18,6 +18,7 @@ struct Known {
 /// Filled while libraries are loaded, by whatever engines they have. Never destroyed: another thread may still open a
 /// connection while the process ends.
 automation::ProcessWide<std::vector<Known>>& engines() {
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* const known = new automation::ProcessWide<std::vector<Known>>;
   return *known;
 }

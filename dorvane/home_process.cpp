@@ -7,6 +7,7 @@
 namespace dorvane {
 namespace {
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 unsigned forks = 0;
 
 #if !defined(_WIN32)

@@ -12,8 +12,8 @@ namespace {
 
 using File = std::unique_ptr<std::FILE, decltype(&std::fclose)>;
 
-File opened(const std::string& path) {
-  std::FILE* const file = open_file(path, "ab");
+File opened(const std::string& path, const char* mode) {
+  std::FILE* const file = open_file(path, mode);
   // Without a buffer of its own the stream hands everything over in one write.
   if (file) std::setvbuf(file, nullptr, _IONBF, 0);
   return {file, std::fclose};
@@ -39,12 +39,13 @@ bool opens(const std::string& path, DWORD right) {
 
 bool append_to_file(const std::string& path, std::string_view bytes, int64_t largest) noexcept {
   try {
-    File file = opened(path);
+    File file = opened(path, "ab");
     if (!file) return false;
     if (!has_room(file.get(), bytes, largest)) {
       file.reset();
-      MoveFileExW(com::to_wide(path).c_str(), com::to_wide(path + ".1").c_str(), MOVEFILE_REPLACE_EXISTING);
-      file = opened(path);
+      const bool moved =
+          MoveFileExW(com::to_wide(path).c_str(), com::to_wide(path + ".1").c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+      file = opened(path, moved ? "ab" : "wb");
     }
     return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
   } catch (const std::exception&) {

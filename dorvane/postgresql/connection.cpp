@@ -179,10 +179,10 @@ void PostgresqlConnection::take_schema_turn() {
 }
 
 std::string PostgresqlConnection::sequence_of(std::string_view table, std::string_view column) {
-  const auto name = column_of(
-      concatenated({"SELECT format('%I.%I',nspname,relname) FROM pg_class JOIN pg_namespace n ON n.oid=relnamespace"
-                    " WHERE pg_class.oid=to_regclass(pg_get_serial_sequence(to_regclass('",
-                    table, "')::text,'", column, "'))"}));
+  constexpr std::string_view question =
+      "SELECT format('%I.%I',nspname,relname) FROM pg_class JOIN pg_namespace n ON n.oid=relnamespace"
+      " WHERE pg_class.oid=to_regclass(pg_get_serial_sequence(to_regclass('";
+  const auto name = column_of(concatenated({question, table, "')::text,'", column, "'))"}));
   return name.empty() ? std::string() : name.front();
 }
 

@@ -36,7 +36,6 @@ SqliteConnection::SqliteConnection(const Url& url)
     // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
     : wall_(prohibitions), settings_(file_settings(url)) {
   open();
-  indexes_owed_ = was_left_without_indexes();
 }
 
 void SqliteConnection::open() {
@@ -53,6 +52,7 @@ void SqliteConnection::open() {
     attach(open_frozen(settings_.path));
     frozen_ = true;
   }
+  indexes_owed_ = was_left_without_indexes();
 }
 
 void SqliteConnection::attach(Database database) {

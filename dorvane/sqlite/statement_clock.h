@@ -28,7 +28,7 @@ class StatementClock {
 /// Lets a connection's ticks go to a clock as long as it lives.
 class RunningClock {
  public:
-  RunningClock(StatementClock*& place, StatementClock& clock) : place_(place) { place_ = &clock; }
+  RunningClock(StatementClock*& place, StatementClock& clock) : place_(place) { place = &clock; }
   ~RunningClock() { place_ = nullptr; }
   RunningClock(const RunningClock&) = delete;
   RunningClock& operator=(const RunningClock&) = delete;

@@ -93,8 +93,9 @@ std::string Writer::type_text(ValueType type, std::string_view class_name) const
   constexpr std::array<std::string_view, 11> names{
       "void", "VARIANT",    "VARIANT_BOOL",      "short", "long", "float", "double", "DATE",
       "BSTR", "IDispatch*", "SAFEARRAY(VARIANT)"};
-  if (const ClassDescription* own = own_class(class_name)) return std::string(own->interface_name) + "*";
-  return std::string(class_name.empty() ? names.at(static_cast<size_t>(type)) : class_name);
+  if (class_name.empty()) return std::string(names.at(static_cast<size_t>(type)));
+  const ClassDescription* const own = own_class(class_name);
+  return std::string(own ? own->interface_name : class_name) + "*";
 }
 
 std::string default_attribute(const Parameter& row) {
@@ -169,8 +170,9 @@ std::string class_text(const SurfaceClass& known) {
 
 std::string Writer::body() const {
   std::string text;
+  // Not of IDispatch*: as the type of a parameter, the compiler would make a broken copy of the name.
   for (const std::string_view name : foreign_classes())
-    text.append("  [public] typedef IDispatch* ").append(name).append(";\n");
+    text.append("  [public] typedef IDispatch ").append(name).append(";\n");
   // Members may name interfaces that come later.
   for (const SurfaceClass& known : classes_)
     text.append("  dispinterface ").append(known.description->interface_name).append(";\n");

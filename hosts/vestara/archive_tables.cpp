@@ -38,16 +38,16 @@ constexpr std::array<TableColumn, 3> wheel_columns{
     {{"enumeratore", whole}, {"enumeratoreBit", whole}, {"ruotaAlias", text}}};
 constexpr std::array<TableColumn, 1> mark_columns{{{"dtEstr", date}}};
 
-constexpr std::array<ArchiveTable, 5> tables{{{"storico", draw_columns},
-                                              {"tRicerche", search_columns},
-                                              {"tSistemi", system_columns},
-                                              {"tSistemaDetail", detail_columns},
-                                              {"ruote", wheel_columns}}};
+constexpr std::array<ArchiveTable, 5> known_tables{{{"storico", draw_columns},
+                                                    {"tRicerche", search_columns},
+                                                    {"tSistemi", system_columns},
+                                                    {"tSistemaDetail", detail_columns},
+                                                    {"ruote", wheel_columns}}};
 constexpr ArchiveTable marks{"vestara_manual_draws", mark_columns};
 
 }  // namespace
 
-std::span<const ArchiveTable> archive_tables() { return tables; }
+std::span<const ArchiveTable> archive_tables() { return known_tables; }
 const ArchiveTable& marks_table() { return marks; }
 
 std::string column_list(const ArchiveTable& table) {

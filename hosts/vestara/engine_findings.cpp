@@ -24,8 +24,8 @@ constexpr std::array<EngineQuestion, 3> questions{{
 
 std::string_view triggers_of(const std::string& url) {
   const std::string scheme = automation::lower_case(url.substr(0, url.find(':')));
-  const auto found = std::find_if(questions.begin(), questions.end(),
-                                  [&](const EngineQuestion& question) { return question.scheme == scheme; });
+  const auto* const found = std::find_if(questions.begin(), questions.end(),
+                                         [&](const EngineQuestion& question) { return question.scheme == scheme; });
   return found == questions.end() ? std::string_view() : found->triggers;
 }
 

@@ -34,6 +34,7 @@ std::vector<std::string> lines_of_missing(const std::vector<DrawRow>& rows) {
 
 std::vector<std::string> lines_of_changed(const std::vector<ChangedRow>& rows) {
   std::vector<std::string> lines;
+  lines.reserve(rows.size());
   for (const ChangedRow& row : rows) lines.push_back(text_of(row.held) + " ->" + numbers_of(row.given));
   return lines;
 }

@@ -50,7 +50,8 @@ sigset_t ending_set() {
 
 RemovedOnSignal::RemovedOnSignal(const std::string& path) : place_(watched.size()) {
   if (path.size() >= PATH_MAX) return;
-  const auto free = std::find_if(watched.begin(), watched.end(), [](const Watched& file) { return file.is_used == 0; });
+  auto* const free =
+      std::find_if(watched.begin(), watched.end(), [](const Watched& file) { return file.is_used == 0; });
   if (free == watched.end()) return;
   if (none_is_watched()) change_handlers(SIG_DFL, remove_and_end);
   std::copy(path.begin(), path.end(), free->path.begin());

@@ -12,17 +12,17 @@ struct WheelNames {
   std::string_view name;
 };
 
-constexpr std::array<WheelNames, 11> wheels{{{"BA", "Bari"},
-                                             {"CA", "Cagliari"},
-                                             {"FI", "Firenze"},
-                                             {"GE", "Genova"},
-                                             {"MI", "Milano"},
-                                             {"NA", "Napoli"},
-                                             {"PA", "Palermo"},
-                                             {"RM", "Roma"},
-                                             {"TO", "Torino"},
-                                             {"VE", "Venezia"},
-                                             {"RN", "Nazionale"}}};
+constexpr std::array<WheelNames, 11> known_wheels{{{"BA", "Bari"},
+                                                   {"CA", "Cagliari"},
+                                                   {"FI", "Firenze"},
+                                                   {"GE", "Genova"},
+                                                   {"MI", "Milano"},
+                                                   {"NA", "Napoli"},
+                                                   {"PA", "Palermo"},
+                                                   {"RM", "Roma"},
+                                                   {"TO", "Torino"},
+                                                   {"VE", "Venezia"},
+                                                   {"RN", "Nazionale"}}};
 
 struct OtherName {
   std::string_view name;
@@ -35,8 +35,8 @@ constexpr std::array<OtherName, 3> other_names{{{"RO", 8}, {"NZ", 11}, {"Ruota N
 
 std::optional<int8_t> wheel_named(std::string_view name) {
   name = automation::trim(name);
-  for (size_t i = 0; i < wheels.size(); ++i) {
-    const std::string_view known = name.size() == 2 ? wheels[i].code : wheels[i].name;
+  for (size_t i = 0; i < known_wheels.size(); ++i) {
+    const std::string_view known = name.size() == 2 ? known_wheels[i].code : known_wheels[i].name;
     if (automation::equal_ignoring_case(name, known)) return static_cast<int8_t>(i + 1);
   }
   for (const OtherName& other : other_names)
@@ -44,7 +44,7 @@ std::optional<int8_t> wheel_named(std::string_view name) {
   return std::nullopt;
 }
 
-std::string_view wheel_code(int32_t wheel) { return wheels.at(static_cast<size_t>(wheel - 1)).code; }
-std::string_view wheel_name(int32_t wheel) { return wheels.at(static_cast<size_t>(wheel - 1)).name; }
+std::string_view wheel_code(int32_t wheel) { return known_wheels.at(static_cast<size_t>(wheel - 1)).code; }
+std::string_view wheel_name(int32_t wheel) { return known_wheels.at(static_cast<size_t>(wheel - 1)).name; }
 
 }  // namespace vestara::host
