@@ -184,8 +184,11 @@ bool holds(const au_value& value, const Variant& wanted) {
 }
 
 void to_value(const Variant& source, au_value& target) {
+  // The source may be what the target holds: an element of its array.
+  au_value stored{};
+  std::visit(Store{stored}, source.storage());
   au_clear(&target);
-  std::visit(Store{target}, source.storage());
+  target = stored;
 }
 
 }  // namespace automation::c_abi

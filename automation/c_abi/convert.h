@@ -25,7 +25,7 @@ void share(au_object* handle);
 Variant from_value(const au_value& value);
 /// True when the value is this one already; compared in place, without a copy of its text or array.
 bool holds(const au_value& value, const Variant& wanted);
-/// Clears `target` first; what it then holds is owned.
+/// Gives back what `target` held, which `source` may be part of; what it then holds is owned.
 void to_value(const Variant& source, au_value& target);
 /// The array in a value. Misuse when it holds none.
 Array& array_of(const au_value& value);

@@ -210,6 +210,18 @@ TEST_F(CAbi, TheSurfaceOfAClassIsTextAndOfAHostsObjectThereIsNone) {
   EXPECT_EQ(au_last_error().number, 438);
 }
 
+TEST_F(CAbi, AnElementMayTakeThePlaceOfItsArray) {
+  const std::string text(100, 't');
+  Value value;
+  const au_bound bound{0, 2};
+  ASSERT_EQ(au_make_array(&value, AU_EMPTY, &bound, 1), AU_OK);
+  const au_value last{AU_TEXT, 0, {.text = {text.data(), text.size()}}};
+  ASSERT_EQ(au_array_put(&value, 1, &last), AU_OK);
+  ASSERT_EQ(au_array_get(&value, 1, &value), AU_OK);
+  ASSERT_EQ(value.kind, AU_TEXT);
+  EXPECT_EQ(std::string(value.as.text.bytes, value.as.text.length), text);
+}
+
 TEST_F(CAbi, EveryElementIsANumberAndALength) {
   const std::string text = "abc";
   const struct {
