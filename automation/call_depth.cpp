@@ -11,10 +11,9 @@ namespace {
 thread_local int32_t running = 0;
 
 RunTimeError too_deep() {
-  constexpr int32_t out_of_stack_space = 28;
-  return {out_of_stack_space,
-          std::string(standard_description(out_of_stack_space)) + ": " + std::to_string(deepest_call) +
-              " calls lie inside each other; an object that is asked must not ask its caller again"};
+  const RunTimeError plain = out_of_stack_space();
+  return {plain.number(), plain.description() + ": " + std::to_string(deepest_call) +
+                              " calls lie inside each other; an object that is asked must not ask its caller again"};
 }
 
 }  // namespace

@@ -64,6 +64,7 @@ RunTimeError out_of_memory() { return RunTimeError(7); }
 RunTimeError subscript_out_of_range() { return RunTimeError(9); }
 RunTimeError division_by_zero() { return RunTimeError(11); }
 RunTimeError type_mismatch() { return RunTimeError(13); }
+RunTimeError out_of_stack_space() { return RunTimeError(28); }
 RunTimeError bad_file_name() { return RunTimeError(52); }
 RunTimeError permission_denied() { return RunTimeError(70); }
 RunTimeError path_file_access() { return RunTimeError(75); }

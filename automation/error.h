@@ -40,6 +40,7 @@ AUTOMATION_API RunTimeError out_of_memory();             // 7
 AUTOMATION_API RunTimeError subscript_out_of_range();    // 9
 AUTOMATION_API RunTimeError division_by_zero();          // 11
 AUTOMATION_API RunTimeError type_mismatch();             // 13
+AUTOMATION_API RunTimeError out_of_stack_space();        // 28
 AUTOMATION_API RunTimeError bad_file_name();             // 52
 AUTOMATION_API RunTimeError permission_denied();         // 70
 AUTOMATION_API RunTimeError path_file_access();          // 75

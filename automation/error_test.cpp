@@ -55,6 +55,7 @@ TEST(RunTimeError, MakersGiveTheirNumberAndItsText) {
               {subscript_out_of_range(), 9},
               {division_by_zero(), 11},
               {type_mismatch(), 13},
+              {out_of_stack_space(), 28},
               {bad_file_name(), 52},
               {permission_denied(), 70},
               {path_file_access(), 75},
