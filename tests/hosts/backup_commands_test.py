@@ -96,6 +96,15 @@ class RoundTrip(Backups):
         self.backup(self.url("a"), "no/such/folder", code=FILE)
         self.assertEqual(self.everything("a"), before)
 
+    def test_an_archive_whose_tables_are_others(self):
+        self.make("a")
+        self.backup(self.url("a"), "kept")
+        self.sql("b", "CREATE TABLE tRicerche(idRicerca INTEGER PRIMARY KEY)")
+        for form, step in (("restored", self.restore), ("backed up", self.backup)):
+            step(self.url("b"), "kept", "--yes", code=DATABASE)
+            self.assertRegex(self.errors, f"the archive sqlite:.*b cannot be {form}: .*tRicerche")
+        self.assertEqual(self.everything("kept"), self.everything("a"))
+
     def test_damage_that_no_row_shows(self):
         self.make("a")
         before = self.everything("a")

@@ -105,6 +105,14 @@ class Copies(Archives):
             self.copy(self.url("a"), self.url("b") + "?timeout=50", "--replace", code=DATABASE)
         self.assertEqual(self.everything("b"), before)
 
+    def test_a_target_whose_tables_are_others(self):
+        self.make("a")
+        self.sql("b", "CREATE TABLE tRicerche(idRicerca INTEGER PRIMARY KEY)")
+        for words in ([], ["--replace"]):
+            self.copy(self.url("a"), self.url("b"), *words, code=DATABASE)
+            self.assertRegex(self.errors, "the archive sqlite:.*b cannot be copied to: .*tRicerche")
+        self.assertEqual(self.sql("b", "SELECT count(*) FROM storico"), [(0,)])
+
     def test_the_copy_numbers_on(self):
         self.make("a")
         self.copy(self.url("a"), self.url("b"))
