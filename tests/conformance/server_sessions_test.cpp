@@ -67,6 +67,7 @@ TEST_P(ServerSessionsTest, BehindEveryDefinitionTheSessionReadsOnlyAgain) {
     const std::string value = setting("default_transaction_read_only", "TX_READ_ONLY");
     return value == "on" || value == "ON";
   };
+  ASSERT_TRUE(execute("DROP TABLE IF EXISTS another")) << connector_->LastError();
   EXPECT_TRUE(reads_only());
   const struct {
     const char* statement;

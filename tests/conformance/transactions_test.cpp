@@ -79,6 +79,13 @@ TEST_P(TransactionsTest, MakingWhatIsMissingIsAChange) {
     EXPECT_NO_THROW(connector_->BeginTrans());
   connector_->RollbackTrans();
   EXPECT_EQ(one("SELECT count(*) FROM ruote"), "10");
+  connector_->BeginTrans();
+  EXPECT_EQ(execute("CREATE TABLE another(id INT)"), makes_tables_inside) << connector_->LastError();
+  if (makes_tables_inside) {
+    EXPECT_THROW(connector_->BeginTrans(), automation::RunTimeError);
+  }
+  connector_->RollbackTrans();
+  EXPECT_EQ(one("SELECT count(*) FROM another"), "refused");
 }
 
 TEST_P(TransactionsTest, ARefusedChangeIsNone) {
