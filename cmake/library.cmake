@@ -28,6 +28,7 @@ function(vestara_library name)
 
   if(VESTARA_TESTS AND ARG_TESTS)
     add_executable(${name}_test ${ARG_TESTS})
+    set_target_properties(${name}_test PROPERTIES UNITY_BUILD OFF)
     target_link_libraries(${name}_test PRIVATE ${name}_objects ${ARG_PRIVATE} test_support GTest::gtest_main)
     discover_tests(${name}_test)
   endif()

@@ -1,5 +1,6 @@
-# Builds for users compile several sources of a target at once (CMAKE_UNITY_BUILD): most of a compilation is its headers.
-# The dev build does not, so that each source it has (all but those of automation/com) is known to compile alone.
+# Builds for users and for ./check compile several sources of a library at once (CMAKE_UNITY_BUILD): most of a compilation
+# is its headers. Tests are compiled alone, and so is everything in the dev build, which ./check --full makes too: each
+# source (all but those of automation/com) is known to compile alone.
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 
 # Files with the member rows of a class call them by the same names, each for itself.
