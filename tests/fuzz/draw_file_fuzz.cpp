@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "hosts/vestara/contest_numbers.h"
-#include "hosts/vestara/draw_file.h"
-#include "hosts/vestara/draw_file_writer.h"
-#include "hosts/vestara/failure.h"
-#include "hosts/vestara/file_source.h"
-#include "hosts/vestara/gzip_source.h"
-#include "hosts/vestara/synthetic_draws.h"
-#include "hosts/vestara/zip_source.h"
+#include "hosts/cli/draws/synthetic_draws.h"
+#include "hosts/cli/failure.h"
+#include "hosts/cli/files/contest_numbers.h"
+#include "hosts/cli/files/draw_file.h"
+#include "hosts/cli/files/draw_file_writer.h"
+#include "hosts/cli/files/file_source.h"
+#include "hosts/cli/files/gzip_source.h"
+#include "hosts/cli/files/zip_source.h"
 #include "tests/fuzz/counted_memory.h"
 #include "tests/support/random.h"
 

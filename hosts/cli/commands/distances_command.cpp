@@ -1,0 +1,100 @@
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "hosts/cli/commands.h"
+#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/options/search_question.h"
+#include "hosts/cli/output/histogram.h"
+#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/study/gap_rows.h"
+#include "hosts/cli/study/wheel_draws.h"
+
+namespace vestara::host {
+namespace {
+
+/// The gaps, and beside each one the draws of the chosen wheels in it, when those were asked for.
+struct Gaps {
+  std::vector<GapRow> rows;
+  std::vector<int64_t> wheel_draws;
+};
+
+Cell side_cell(std::optional<int32_t> day) { return day ? Cell(shown_day(*day)) : Cell(Absent{"open"}); }
+Cell number_cell(std::optional<int32_t> number) { return number ? Cell(int64_t{*number}) : Cell(); }
+
+std::vector<Cell> cells_of(const GapRow& row) {
+  return {side_cell(row.from),
+          side_cell(row.to),
+          int64_t{row.draws},
+          row.is_closed() ? Cell(int64_t{*row.to} - *row.from) : Cell(),
+          row.wheel.empty() ? Cell() : Cell(row.wheel),
+          number_cell(row.numbers_hit),
+          number_cell(row.contest)};
+}
+
+void add_wheel_draws(Report& report, const Gaps& gaps) {
+  const auto& draws = gaps.wheel_draws;
+  if (draws.empty()) return;
+  const auto [least, most] = std::minmax_element(draws.begin(), draws.end());
+  double sum = 0;
+  for (const int64_t count : draws) sum += static_cast<double>(count);
+  const auto open = std::find_if(gaps.rows.begin(), gaps.rows.end(), [](const GapRow& row) { return !row.to; });
+  const int64_t delay = open == gaps.rows.end() ? 0 : draws[static_cast<size_t>(open - gaps.rows.begin())];
+  for (const Fact& fact : {Fact{"current_wheel_delay", delay},
+                           {"mean_gap_wheel_draws", sum / static_cast<double>(draws.size())},
+                           {"minimum_gap_wheel_draws", *least},
+                           {"maximum_gap_wheel_draws", *most}})
+    report.facts.push_back(fact);
+  report.columns.emplace_back("wheel_draws");
+  for (size_t i = 0; i < draws.size(); ++i) report.rows[i].emplace_back(draws[i]);
+}
+
+Report describe(const cDistanze& distances, const Gaps& gaps) {
+  Report report;
+  report.facts = gap_facts(distances);
+  report.listing = "distances";
+  report.row_kind = "distance";
+  report.columns = {"from", "to", "draws", "days", "wheel", "hits", "contest"};
+  for (const GapRow& row : gaps.rows) report.rows.push_back(cells_of(row));
+  add_wheel_draws(report, gaps);
+  return report;
+}
+
+void write_plot(std::ostream& out, const Gaps& gaps) {
+  std::vector<int64_t> lengths;
+  for (size_t i = 0; i < gaps.rows.size(); ++i)
+    if (gaps.rows[i].is_closed())
+      lengths.push_back(gaps.wheel_draws.empty() ? gaps.rows[i].draws : gaps.wheel_draws[i]);
+  out << "\ngaps between two hits, in draws" << (gaps.wheel_draws.empty() ? "" : " of the wheels")
+      << (lengths.empty() ? ": none" : "") << "\n"
+      << plot(histogram_of(std::move(lengths)), {terminal_columns(out), shows_utf8(out)});
+}
+
+Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, const cDistanze& distances) {
+  Gaps gaps{gap_rows(distances), {}};
+  if (!options.wheel_draws) return gaps;
+  const WheelDraws draws(session, options.search);
+  for (const GapRow& row : gaps.rows) gaps.wheel_draws.push_back(draws.between(row.from, row.to));
+  return gaps;
+}
+
+}  // namespace
+
+ExitCode run_distances(const DistancesOptions& options, const Context& context) {
+  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
+  const SearchOptions& search = options.search;
+  cDistanze distances;
+  distances.ActiveConnection(session.connector());
+  distances.LoadDistanze(search.numbers.text, search.hits, search.wheels.codes, date_bound(search.from),
+                         date_bound(search.to), false, search.wheels.all, search.oldest_first);
+  // The library answers with empty values what its connector refused.
+  if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
+  const Gaps gaps = gaps_of(session, options, distances);
+  write_report(context.out, describe(distances, gaps), context.style());
+  if (options.plot) write_plot(context.out, gaps);
+  const bool any_hit =
+      std::any_of(gaps.rows.begin(), gaps.rows.end(), [](const GapRow& row) { return row.from || row.to; });
+  return any_hit ? ExitCode::ok : ExitCode::nothing_found;
+}
+
+}  // namespace vestara::host

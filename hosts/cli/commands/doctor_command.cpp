@@ -1,0 +1,113 @@
+#include <iterator>
+#include <optional>
+#include <vector>
+
+#include "automation/date.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/keeping/archive_url.h"
+#include "hosts/cli/keeping/content_checks.h"
+#include "hosts/cli/keeping/date_checks.h"
+#include "hosts/cli/keeping/day_checks.h"
+#include "hosts/cli/keeping/engine_findings.h"
+#include "hosts/cli/keeping/schema_findings.h"
+#include "hosts/cli/keeping/soundness.h"
+#include "hosts/cli/keeping/table_reader.h"
+#include "hosts/cli/output/shown_text.h"
+
+namespace vestara::host {
+namespace {
+
+ArchiveSession connect(const std::string& database, const std::string& url) {
+  try {
+    return ArchiveSession::for_reading(database);
+  } catch (const Failure& failure) {
+    throw Failure(failure.code(), std::string(failure.what()) + " (" + shown_url(url) + ")");
+  }
+}
+
+void append(Findings& all, Findings more) {
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+Cell day_cell(const std::optional<int32_t>& day) { return day ? Cell(shown_day(*day)) : Cell(); }
+
+void examine_dates(const ArchiveSession& session, Report& report, Findings& findings) {
+  DateFacts dates;
+  std::vector<DrawDay> days;
+  if (session.can_read(archive_tables().front())) {
+    dates = check_dates(session);
+    days = draw_days(session);
+  }
+  report.facts.push_back({"draw_dates", dates.dates});
+  report.facts.push_back({"first_date", day_cell(dates.first)});
+  report.facts.push_back({"last_date", day_cell(dates.last)});
+  report.facts.push_back({"undrawn_wheels", dates.lacking});
+  report.facts.push_back({"stray_dates", known_stray_days(days)});
+  append(findings, dates.findings);
+  append(findings, day_findings(days, automation::now().day()));
+}
+
+void count_rows(const ArchiveSession& session, Report& report) {
+  FactBlock rows{"rows", {}};
+  for (const ArchiveTable& table : archive_tables())
+    rows.facts.push_back({std::string(table.name),
+                          session.can_read(table) ? Cell(row_count(session, table)) : Cell(Absent{"unreadable"})});
+  if (session.can_read(marks_table()))
+    rows.facts.push_back({std::string(marks_table().name), row_count(session, marks_table())});
+  report.blocks.push_back(std::move(rows));
+}
+
+/// Why no change is possible; "" when one is. A change of no row is made and taken back.
+std::string why_unchangeable(const ArchiveSession& session) {
+  try {
+    const Transaction trial(session);
+    const bool has_draws = session.can_read(archive_tables().front());
+    if (!has_draws || session.connector()->ExecuteSql("DELETE FROM storico WHERE 1=0")) return {};
+    return session.connector()->LastError();
+  } catch (const Failure& failure) {
+    return failure.what();
+  }
+}
+
+void examine_changes(const ArchiveSession& session, const std::string& url, Report& report, Findings& findings) {
+  if (asks_read_only(url)) {
+    report.facts.push_back({"changes", "not asked for, mode=ro"});
+    return;
+  }
+  const std::string why = why_unchangeable(session);
+  report.facts.push_back({"changes", why.empty() ? "possible" : "refused"});
+  if (!why.empty())
+    findings.push_back(
+        {"changes are refused", 1, why, "let the other program finish, or give the user the right to write"});
+}
+
+void list_findings(const Findings& findings, Report& report) {
+  report.facts.push_back({"findings", static_cast<int64_t>(findings.size())});
+  report.listing = "faults";
+  report.row_kind = "fault";
+  report.columns = {"what", "count", "example", "remedy"};
+  for (const Finding& finding : findings)
+    report.rows.push_back({finding.what, finding.count, finding.example, finding.remedy});
+}
+
+}  // namespace
+
+ExitCode run_doctor(const DoctorOptions&, const Context& context) {
+  const std::string url = archive_url(context.options.database);
+  const ArchiveSession session = connect(context.options.database, url);
+  Report report;
+  report.facts = {{"archive", shown_url(url)}, {"connection", "open"}};
+  Findings findings = file_findings(session);
+  append(findings, schema_findings(session));
+  append(findings, trigger_findings(session, url));
+  append(findings, collation_findings(session));
+  examine_changes(session, url, report, findings);
+  examine_dates(session, report, findings);
+  count_rows(session, report);
+  append(findings, content_findings(session));
+  list_findings(findings, report);
+  write_report(context.out, report, context.style());
+  return findings.empty() ? ExitCode::ok : ExitCode::database;
+}
+
+}  // namespace vestara::host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+#include "hosts/cli/draws/draw_row.h"
+#include "hosts/cli/keeping/archive_session.h"
+#include "vestara/foundation/recordset.h"
+
+namespace vestara::host {
+
+/// Order inside one date: RN behind VE, or between RM and TO.
+enum class WheelOrder : bool { by_enumerator, by_code };
+
+/// Hands over the draws of the archive, oldest first, until `take` says false. Returns how many rows were passed
+/// over because they lack a date, a known wheel or one of the five numbers: no draw was held there. Each of them goes
+/// to `pass_over`.
+size_t read_draws(const ArchiveSession& session, WheelOrder order, const std::function<bool(const DrawRow&)>& take,
+                  const std::function<void(RecordSet&)>& pass_over = {});
+
+}  // namespace vestara::host

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/keeping/archive_tables.h"
+#include "hosts/cli/keeping/table_reader.h"
+
+namespace vestara::host {
+
+/// Rows on their way into a table, a thousand in a statement. Used inside a transaction; after a Failure the changes of
+/// that transaction are gone.
+class InsertBatch {
+ public:
+  InsertBatch(const ArchiveSession& session, const ArchiveTable& table);
+
+  /// Failure (database) naming the table and the key of a row that the database refuses.
+  void add(const LiteralRow& row);
+  /// Sends what is still held.
+  void flush();
+
+ private:
+  struct Tuple {
+    std::string key;
+    std::string text;
+  };
+
+  bool insert(const std::string& tuples) const;
+  [[noreturn]] void refuse() const;
+
+  const ArchiveSession& session_;
+  const ArchiveTable& table_;
+  std::string head_;
+  std::vector<Tuple> held_;
+  size_t bytes_ = 0;
+};
+
+}  // namespace vestara::host

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "hosts/cli/options/option_values.h"
+
+// What `vestara delays`, `frequencies`, `table` and `gaps` are asked for, checked. Days count from 1899-12-30.
+
+namespace vestara::host {
+
+/// The draws that figures are taken from.
+struct DrawRange {
+  WheelSelection wheels;
+  std::optional<int32_t> from;
+  std::optional<int32_t> to;
+};
+
+enum class Ranked : bool { by_library, in_full };  ///< the library's list, or every pair sorted
+enum class Shown : bool { ranking, grid };
+
+struct DelaysOptions {
+  DrawRange draws;
+  Ranked ranked = Ranked::by_library;
+  Shown shown = Shown::ranking;
+  size_t top = std::numeric_limits<size_t>::max();
+};
+
+enum class Counted { times, percent, percent_of_wheel };  ///< percent: in a hundred draws
+
+struct FrequenciesOptions {
+  DrawRange draws;
+  Counted counted = Counted::times;
+  Ranked ranked = Ranked::by_library;
+  Shown shown = Shown::ranking;
+  bool numbers = false;  ///< over the wheels together
+  size_t top = std::numeric_limits<size_t>::max();
+};
+
+struct TableOptions {
+  bool wheel_draws = false;
+  std::optional<int32_t> as_of;  ///< today, without it
+};
+
+struct GapsOptions {
+  std::vector<int16_t> numbers;  ///< one, or two in ascending order
+  int16_t wheel = 0;             ///< enumerator; 0 for all
+  bool without_national = false;
+  std::optional<int32_t> from;
+  std::optional<int32_t> to;
+  bool plot = false;
+
+  bool is_pair() const { return numbers.size() == 2; }
+};
+
+}  // namespace vestara::host

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "hosts/cli/files/draw_file_writer.h"
+#include "hosts/cli/output/output_file.h"
+
+namespace vestara::host {
+
+/// Draws on their way into a file or a stream, block by block.
+class DrawOutput {
+ public:
+  /// An empty path is `out`.
+  DrawOutput(const std::string& path, std::ostream& out, DrawFileWriter writer);
+
+  /// False when nobody takes more.
+  bool add(const DrawRow& row);
+  void finish();
+
+ private:
+  void flush();
+
+  OutputFile file_;
+  DrawFileWriter writer_;
+  std::string block_;
+};
+
+}  // namespace vestara::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/options/number_options.h"
+
+namespace vestara::host {
+
+/// The distances between the appearances of a number or a pair, as cDistanze2 has them, newest first. They count draws
+/// of the wheel, or dates when it is of all wheels.
+struct NumberGaps {
+  int64_t appearances = 0;
+  std::optional<int64_t> current_delay;  ///< draws since the last appearance; nothing without one
+  std::vector<int32_t> distances;        ///< one less than there are appearances
+
+  // Nothing where there are too few distances.
+  std::optional<double> mean;
+  std::optional<double> least;
+  std::optional<double> most;
+  std::optional<double> deviation;  ///< of a sample
+
+  /// The days of the appearances, counted from 1899-12-30; none when the archive tells them otherwise than the
+  /// library does.
+  std::vector<int32_t> days;
+};
+
+/// Failure (database) when the library could not count them.
+NumberGaps load_gaps(const ArchiveSession& session, const GapsOptions& options);
+
+/// The draws that they are taken from.
+DrawRange range_of(const GapsOptions& options);
+
+}  // namespace vestara::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/options/number_options.h"
+#include "vestara/foundation/wheel_grid.h"
+
+namespace vestara::host {
+
+/// The draws of each wheel by itself. Days count from 1899-12-30.
+class WheelCalendar {
+ public:
+  using Days = std::array<std::vector<int32_t>, wheel_count>;
+
+  /// Reads those of a range; rows of no wheel that there is are left out.
+  WheelCalendar(const ArchiveSession& session, const DrawRange& range);
+  /// By enumerator from 0, in any order; one for each draw.
+  explicit WheelCalendar(Days days);
+
+  int64_t draws(int16_t wheel) const;
+  /// Draws on later days.
+  int64_t draws_after(int16_t wheel, int32_t day) const;
+  /// Days on which a wheel was drawn.
+  int64_t dates() const;
+
+ private:
+  const std::vector<int32_t>& days_of(int16_t wheel) const { return days_.at(static_cast<size_t>(wheel - 1)); }
+
+  Days days_;  ///< sorted
+};
+
+}  // namespace vestara::host

@@ -1,0 +1,60 @@
+#include "hosts/cli/study/wheels_per_draw.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "tests/support/temporary_folder.h"
+
+namespace vestara::host {
+namespace {
+
+TEST(WheelsPerDraw, ExpectsWhatEachDrawGives) {
+  struct Row {
+    WheelsPerDraw::Draws draws;
+    int64_t count, wheels;
+    double expected;  ///< of one number
+  };
+  constexpr double miss = 85.0 / 90;
+  for (const Row& row : {Row{{}, 0, 0, 0},
+                         {{5}, 0, 0, 0},
+                         {{0, 18}, 18, 18, 1},
+                         {{0, 0, 2}, 2, 4, 2 * (1 - miss * miss)},
+                         {{0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}, 4, 34, (1 - miss) + 3 * (1 - std::pow(miss, 11))}}) {
+    const WheelsPerDraw draws(row.draws);
+    EXPECT_EQ(draws.draws(), row.count);
+    EXPECT_EQ(draws.wheels(), row.wheels);
+    EXPECT_NEAR(draws.expected_hits(1, 1), row.expected, 1e-12);
+  }
+}
+
+TEST(WheelsPerDraw, AreReadFromTheArchive) {
+  const testing_support::TemporaryFolder folder;
+  const ArchiveSession session = ArchiveSession::for_import("sqlite:" + folder.path_to("a"));
+  ASSERT_TRUE(session.connector()->ExecuteSql(
+      "INSERT INTO storico VALUES(1,'2005-05-04','BA',1,2,3,4,5,1),(2,'2005-05-04','VE',1,2,3,4,5,1),"
+      "(3,'2005-05-07','BA',1,2,3,4,5,2),(4,'2005-05-07','VE',0,0,0,0,0,2),(5,'2005-05-10','VE',1,2,NULL,4,5,3),"
+      "(6,'2005-05-12','RN',1,2,3,4,5,4),(7,'2005-05-12','VE',1,2,3,4,5,5)"));
+  struct Row {
+    WheelSelection wheels;
+    std::optional<int32_t> from;
+    int64_t draws, drawn;
+  };
+  constexpr int32_t the_seventh = 38479;
+  for (const Row& row : {Row{{true, ""}, {}, 4, 5},
+                         {{false, "VE"}, {}, 2, 2},
+                         {{false, "BA,VE"}, {}, 3, 4},
+                         {{true, ""}, the_seventh, 3, 3},
+                         {{false, "RN"}, the_seventh, 1, 1},
+                         {{false, "MI"}, {}, 0, 0}}) {
+    SearchOptions question;
+    question.wheels = row.wheels;
+    question.from = row.from;
+    const WheelsPerDraw draws(session, question);
+    EXPECT_EQ(draws.draws(), row.draws) << row.wheels.codes;
+    EXPECT_EQ(draws.wheels(), row.drawn) << row.wheels.codes;
+  }
+}
+
+}  // namespace
+}  // namespace vestara::host
