@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "dorvane/schema.h"
-#include "dorvane/wall.h"
+#include "dorvane/statement_guard.h"
 
 namespace dorvane {
 

@@ -16,14 +16,12 @@ using automation::RunTimeError;
 namespace {
 
 /// Whoever changes draws holds this row first: savers come one after the other on every engine, readers never wait.
-constexpr std::string_view turn = "SELECT enumeratore FROM ruote WHERE enumeratore=1 FOR UPDATE";
+constexpr std::string_view write_lock = "SELECT enumeratore FROM ruote WHERE enumeratore=1 FOR UPDATE";
 
 }  // namespace
 
 void ServerConnection::require_usable() const {
-  if (transaction_ == Transaction::lost)
-    throw RunTimeError(automation::unspecified_failure,
-                       "the transaction is lost (" + loss_reason_ + "); roll back or begin again");
+  transaction_.require_not_lost();
   if (!is_alive())
     throw RunTimeError(automation::unspecified_failure, "the connection to the server is lost; open the archive again");
 }
@@ -34,15 +32,7 @@ void ServerConnection::require_writable() const {
 
 template <class Body>
 auto ServerConnection::noticing_loss(Body&& body) {
-  try {
-    return body();
-  } catch (const RunTimeError& error) {
-    if (transaction_ == Transaction::open && !transaction_is_whole()) {
-      transaction_ = Transaction::lost;
-      loss_reason_ = error.description();
-    }
-    throw;
-  }
+  return transaction_.around(body, [this] { return transaction_is_whole(); });
 }
 
 void ServerConnection::quietly_roll_back() noexcept {
@@ -53,16 +43,14 @@ void ServerConnection::quietly_roll_back() noexcept {
   }
 }
 
-void ServerConnection::start() { run("START TRANSACTION READ WRITE"); }
-
 /// A change with a transaction of its own where none is open.
 template <class Body>
 void ServerConnection::atomically(Body&& body) {
-  if (transaction_ == Transaction::open) return noticing_loss(body);
+  if (transaction_.is_open()) return noticing_loss(body);
   start();
   try {
     body();
-    run("COMMIT");
+    keep();
   } catch (...) {
     quietly_roll_back();
     throw;
@@ -71,7 +59,7 @@ void ServerConnection::atomically(Body&& body) {
 
 Ref<StaticRecordSet> ServerConnection::query(std::string_view statement) {
   require_usable();
-  wall_.require_reading(statement);
+  guard_.require_reading(statement);
   ServerRows answer = noticing_loss([&] { return rows_in_order(statement); });
   spell_names(statement, syntax(), answer.headers);
   return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
@@ -92,20 +80,20 @@ ServerRows ServerConnection::rows_in_order(std::string_view statement) {
 void ServerConnection::execute(std::string_view statement) {
   require_usable();
   require_writable();
-  wall_.require_change(statement);
+  guard_.require_change(statement);
   const bool changes = changes_tables(statement, syntax());
-  if (transaction_ == Transaction::open && changes && !tables_are_transactional())
+  if (transaction_.is_open() && changes && !tables_are_transactional())
     throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
-  if (changes && transaction_ == Transaction::none) return define(dialect_.translate(statement));
+  if (changes && transaction_.is_none()) return define(dialect_.translate(statement));
   const bool empties = empties_the_archive(statement, syntax());
   int64_t rows = 0;
   atomically([&] {
     rows = run(dialect_.translate(statement));
-    if (empties) after_emptying();
+    if (empties) on_emptied();
   });
-  changed_ = changed_ || rows != 0 || changes;
-  refilled_ = refilled_ || empties;
-  if (transaction_ == Transaction::none) settle_refilled();
+  if (rows != 0 || changes) transaction_.changed();
+  emptied_ = emptied_ || empties;
+  if (transaction_.is_none()) finish_emptied();
 }
 
 void ServerConnection::define(std::string_view statement) {
@@ -113,10 +101,10 @@ void ServerConnection::define(std::string_view statement) {
 }
 
 /// What comes after a change that is kept already: its failure is none of the change.
-void ServerConnection::settle_refilled() noexcept {
-  if (!std::exchange(refilled_, false)) return;
+void ServerConnection::finish_emptied() noexcept {
+  if (!std::exchange(emptied_, false)) return;
   try {
-    after_refilling();
+    after_emptied_was_kept();
   } catch (const RunTimeError&) {
     return;  // keys go on where they were
   }
@@ -153,27 +141,25 @@ std::vector<std::string> ServerConnection::column_of(std::string_view statement)
 }
 
 void ServerConnection::begin() {
-  if (transaction_ != Transaction::none) rollback();
+  if (!transaction_.is_none()) rollback();
   try {
     require_usable();
     require_writable();
     start();
-    take_turn();
-    transaction_ = Transaction::open;
-    changed_ = false;
+    take_write_lock();
+    transaction_.opened();
   } catch (const RunTimeError& error) {
     quietly_roll_back();
-    transaction_ = Transaction::lost;
-    loss_reason_ = error.description();
+    transaction_.lost(error.description());
     throw;
   }
 }
 
-void ServerConnection::take_turn() {
+void ServerConnection::take_write_lock() {
   try {
-    rows(turn);
+    rows(write_lock);
   } catch (const ServerError& error) {
-    // An archive without wheels, or a user who may change draws but not wheels: there is no turn to take.
+    // An archive without wheels, or a user who may change draws but not wheels: there is no row to lock.
     if (error.refusal() != Refusal::missing && error.refusal() != Refusal::permission) throw;
     quietly_roll_back();
     start();
@@ -181,24 +167,23 @@ void ServerConnection::take_turn() {
 }
 
 void ServerConnection::commit() {
-  if (transaction_ == Transaction::none)
-    throw RunTimeError(automation::unspecified_failure, "there is no transaction to commit");
+  transaction_.require_begun();
   try {
     require_usable();
-    if (refilled_) before_keeping_refilled();
-    run("COMMIT");
-    transaction_ = Transaction::none;
+    if (emptied_) before_emptied_is_kept();
+    keep();
+    transaction_.ended();
   } catch (...) {
     rollback();
     throw;
   }
-  settle_refilled();
+  finish_emptied();
 }
 
 void ServerConnection::rollback() {
-  if (transaction_ == Transaction::none) return;
-  transaction_ = Transaction::none;
-  refilled_ = false;
+  if (transaction_.is_none()) return;
+  transaction_.ended();
+  emptied_ = false;
   quietly_roll_back();
 }
 
@@ -223,7 +208,7 @@ void ServerConnection::create_missing(std::span<const Creation> creations,
   const SchemaFacts facts = schema_facts();
   for (const Creation& creation : creations) {
     if ((facts.*has)(creation.name)) continue;
-    if (transaction_ == Transaction::open)
+    if (transaction_.is_open())
       run(creation.statement);
     else
       define(creation.statement);
@@ -237,7 +222,7 @@ void ServerConnection::repair_keys() {
 }
 
 void ServerConnection::make_schema() {
-  take_schema_turn();
+  take_schema_lock();
   create_missing(dialect_.tables, &SchemaFacts::has_table);
   create_missing(dialect_.indexes, &SchemaFacts::has_index);
   atomically([&] { run(wheels_insertion()); });
@@ -246,7 +231,7 @@ void ServerConnection::make_schema() {
 
 void ServerConnection::create_schema() {
   require_usable();
-  const bool outermost = transaction_ == Transaction::none;
+  const bool outermost = transaction_.is_none();
   if (!outermost && !tables_are_transactional())
     throw RunTimeError(5, "tables cannot be made inside a transaction: this engine would keep what was done so far");
   require_writable();
@@ -254,12 +239,12 @@ void ServerConnection::create_schema() {
   if (check_schema().empty()) return repair_keys();
   if (outermost && tables_are_transactional()) {
     start();
-    transaction_ = Transaction::open;
+    transaction_.opened();
   }
   try {
     noticing_loss([&] { make_schema(); });
-    changed_ = true;
-    if (outermost && transaction_ == Transaction::open) commit();
+    transaction_.changed();
+    if (outermost && transaction_.is_open()) commit();
   } catch (...) {
     if (outermost) rollback();
     throw;

@@ -11,7 +11,8 @@
 #include "dorvane/dialect.h"
 #include "dorvane/recordset.h"
 #include "dorvane/schema.h"
-#include "dorvane/wall.h"
+#include "dorvane/statement_guard.h"
+#include "dorvane/transaction_state.h"
 
 namespace dorvane {
 
@@ -21,7 +22,8 @@ struct ServerRows {
   std::unique_ptr<RowSource> source;
 };
 
-/// What is the same on every server: the wall, transactions and what loses them, one writer at a time, the schema.
+/// What is the same on every server: the statement guard, transactions and what loses them, one writer at a time, the
+/// schema.
 ///
 /// Outside a transaction the session itself is read only, so that no reading statement can write whatever its text;
 /// a change gets a transaction of its own. A lost connection is never made anew.
@@ -33,17 +35,17 @@ class ServerConnection : public Connection {
   void begin() final;
   void commit() final;
   void rollback() final;
-  bool has_changes() const final { return transaction_ == Transaction::open && changed_; }
+  bool has_changes() const final { return transaction_.has_changes(); }
   void create_schema() final;
   std::vector<std::string> check_schema() final;
 
  protected:
   enum class Access : uint8_t { read_write, read_only };
   ServerConnection(const Dialect& dialect, Access access)
-      : dialect_(dialect), wall_(dialect.prohibitions), access_(access) {}
+      : dialect_(dialect), guard_(dialect.prohibitions), access_(access) {}
 
   /// What this server has besides the engine's own, in lower case.
-  void refuse_functions(const std::vector<std::string>& names) { wall_.refuse_functions(names); }
+  void refuse_functions(const std::vector<std::string>& names) { guard_.refuse_functions(names); }
 
   /// Runs one statement that needs no answer; returns how many rows it changed, or could have. Raises ServerError.
   virtual int64_t run(std::string_view statement) = 0;
@@ -53,6 +55,10 @@ class ServerConnection : public Connection {
   enum class OnRefusal : uint8_t { lose_transaction, keep_transaction };
   /// The same for a host's statement, which can then change nothing whatever its text.
   virtual ServerRows reading_rows(std::string_view statement, OnRefusal) { return rows(statement); }
+  /// Begins a transaction that may write at the server.
+  virtual void start() { run("START TRANSACTION READ WRITE"); }
+  /// Commits it at the server. Raises when the server rolled it back instead.
+  virtual void keep() { run("COMMIT"); }
   /// True while the server holds the transaction that was begun; false once an error took it.
   virtual bool transaction_is_whole() const = 0;
 
@@ -61,20 +67,24 @@ class ServerConnection : public Connection {
   /// Runs such a statement while no transaction is open.
   virtual void define(std::string_view statement);
 
-  /// The statement that adds missing wheels; where `take_schema_turn` keeps nobody away, it passes over what another
+  /// The statement that adds missing wheels; where `take_schema_lock` keeps nobody away, it passes over what another
   /// program added meanwhile.
   virtual std::string wheels_insertion() const;
 
-  // What an engine does besides, all within the transaction unless said otherwise.
-  /// Before the schema is looked at and made, so that two programs do not make it at once.
-  virtual void take_schema_turn() {}
-  /// After the draws were all deleted: the next keys begin anew where that can be taken back.
-  virtual void after_emptying() {}
-  /// Before such a transaction is kept.
-  virtual void before_keeping_refilled() {}
-  /// After such a change was kept, outside every transaction.
-  virtual void after_refilling() {}
-  /// What puts the next keys behind rows whose keys another program chose.
+  // Moments at which an engine may do more. Each does nothing where it is not overridden.
+  /// Called by `create_schema` before it looks what is missing, inside its transaction where the engine has one for
+  /// tables. PostgreSQL takes a lock there, so that two programs do not make the schema at once.
+  virtual void take_schema_lock() {}
+  /// Called by `execute` right after a statement that deleted all draws, inside its transaction. PostgreSQL restarts
+  /// the sequence of their keys, which a rollback takes back.
+  virtual void on_emptied() {}
+  /// Called before a transaction that deleted all draws is committed, inside it. MariaDB gives the new rows low keys
+  /// when the old ones were high.
+  virtual void before_emptied_is_kept() {}
+  /// Called once a change that deleted all draws is committed, outside every transaction. A failure is ignored: the
+  /// change is kept already. PostgreSQL cleans the table; MariaDB sets the next key behind the largest.
+  virtual void after_emptied_was_kept() {}
+  /// Called by `create_schema`: the statements that put the next keys behind rows whose keys another program chose.
   virtual std::vector<std::string> key_repairs() { return {}; }
 
   /// A setting that makes statements like ours faster, which not every server of the protocol knows.
@@ -87,9 +97,6 @@ class ServerConnection : public Connection {
   std::vector<std::string> column_of(std::string_view statement);
 
  private:
-  /// `lost`: the server gave the transaction up, or never began it. Nothing runs until the next transaction call.
-  enum class Transaction : uint8_t { none, open, lost };
-
   void require_usable() const;
   void require_writable() const;
   const Syntax& syntax() const { return dialect_.prohibitions.syntax; }
@@ -98,22 +105,19 @@ class ServerConnection : public Connection {
   auto noticing_loss(Body&& body);
   template <class Body>
   void atomically(Body&& body);
-  void start();
-  void take_turn();
+  void take_write_lock();
   void create_missing(std::span<const Creation> creations, bool (SchemaFacts::*has)(std::string_view) const);
   SchemaFacts schema_facts();
   void quietly_roll_back() noexcept;
-  void settle_refilled() noexcept;
+  void finish_emptied() noexcept;
   void repair_keys();
   void make_schema();
 
   const Dialect& dialect_;
-  Wall wall_;
+  StatementGuard guard_;
   Access access_;
-  Transaction transaction_ = Transaction::none;
-  bool changed_ = false;  ///< something was changed in the open transaction
-  std::string loss_reason_;
-  bool refilled_ = false;  ///< the draws were all deleted, in the open transaction or just now
+  TransactionState transaction_;
+  bool emptied_ = false;  ///< the draws were all deleted, in the open transaction or just now
 };
 
 }  // namespace dorvane

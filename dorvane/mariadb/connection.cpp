@@ -131,10 +131,14 @@ Result MariadbConnection::answer(std::string_view statement) {
 }
 
 int64_t MariadbConnection::run(std::string_view statement) {
-  if (statement == "START TRANSACTION READ WRITE") transaction_taken_ = false;
   // A statement with an answer may have called what changes something.
   const Result result = answer(statement);
   return result ? 1 : static_cast<int64_t>(mysql_affected_rows(session_.get()));
+}
+
+void MariadbConnection::start() {
+  transaction_taken_ = false;
+  ServerConnection::start();
 }
 
 ServerRows MariadbConnection::rows(std::string_view statement) {
@@ -146,7 +150,7 @@ ServerRows MariadbConnection::rows(std::string_view statement) {
   return answer;
 }
 
-/// Tables that are made outside transactions leave no turn to take: what another program adds meanwhile is passed over.
+/// Tables that are made outside transactions take no lock: what another program adds meanwhile is passed over.
 std::string MariadbConnection::wheels_insertion() const {
   std::string statement = translate(wheels_statement());
   return statement.insert(statement.find(' '), " IGNORE");
@@ -165,13 +169,13 @@ void MariadbConnection::define(std::string_view statement) {
 }
 
 /// The counter of keys cannot be set back while the old rows may return; the new rows' keys can.
-void MariadbConnection::before_keeping_refilled() {
+void MariadbConnection::before_emptied_is_kept() {
   const int32_t lowest = single_number("SELECT min(id) FROM storico");
   if (lowest < high_key) return;
   run(concatenated({"UPDATE storico SET id=id-", std::to_string(lowest - 1), " ORDER BY id"}));
 }
 
 /// Sets the next key behind the largest there is, whatever number is given.
-void MariadbConnection::after_refilling() { define("ALTER TABLE storico AUTO_INCREMENT=1"); }
+void MariadbConnection::after_emptied_was_kept() { define("ALTER TABLE storico AUTO_INCREMENT=1"); }
 
 }  // namespace dorvane::mariadb

@@ -21,6 +21,7 @@ class MariadbConnection final : public ServerConnection {
 
  private:
   int64_t run(std::string_view statement) override;
+  void start() override;
   ServerRows rows(std::string_view statement) override;
   bool transaction_is_whole() const override { return alive_ && !transaction_taken_; }
 
@@ -28,8 +29,8 @@ class MariadbConnection final : public ServerConnection {
   void define(std::string_view statement) override;
   std::string wheels_insertion() const override;
 
-  void before_keeping_refilled() override;
-  void after_refilling() override;
+  void before_emptied_is_kept() override;
+  void after_emptied_was_kept() override;
 
   /// The statement's rows, or nothing when it has none.
   Result answer(std::string_view statement);

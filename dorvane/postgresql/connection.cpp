@@ -135,11 +135,14 @@ void PostgresqlConnection::require_answer(const PGresult* result, std::string_vi
 }
 
 int64_t PostgresqlConnection::run(std::string_view statement) {
-  const Result result = answer(statement);
-  // The server answers a commit of a transaction that failed with a rollback, and without an error.
-  if (statement == "COMMIT" && std::string_view(PQcmdStatus(result.get())) != "COMMIT")
+  return std::strtoll(PQcmdTuples(answer(statement).get()), nullptr, 10);
+}
+
+/// The server answers a commit of a transaction that failed with a rollback, and without an error.
+void PostgresqlConnection::keep() {
+  const Result result = answer("COMMIT");
+  if (std::string_view(PQcmdStatus(result.get())) != "COMMIT")
     throw ServerError(Refusal::statement, "postgresql", "the transaction was rolled back", {});
-  return std::strtoll(PQcmdTuples(result.get()), nullptr, 10);
 }
 
 ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {
@@ -173,7 +176,7 @@ void PostgresqlConnection::fix_search_path() {
       " NOT NULL");
 }
 
-void PostgresqlConnection::take_schema_turn() {
+void PostgresqlConnection::take_schema_lock() {
   // Any number will do, as long as every program of ours takes the same.
   rows("SELECT pg_advisory_xact_lock(1871010701)");
 }
@@ -187,7 +190,7 @@ std::string PostgresqlConnection::sequence_of(std::string_view table, std::strin
 }
 
 /// Only the sequence's owner may do this, and only where the draws have one; a refusal must not cost the transaction.
-void PostgresqlConnection::after_emptying() {
+void PostgresqlConnection::on_emptied() {
   const bool owner =
       !column_of("SELECT 1 FROM pg_class WHERE oid=to_regclass('storico') AND pg_has_role(relowner,'USAGE')").empty();
   const std::string sequence = owner ? sequence_of("storico", "id") : std::string();
@@ -196,7 +199,7 @@ void PostgresqlConnection::after_emptying() {
 
 /// The rows that went are still in the way of every search, and plans are those of the old table, until the server's
 /// own cleaning comes round. For the table's owner only: others get a warning, which is nothing.
-void PostgresqlConnection::after_refilling() { run("VACUUM ANALYZE storico"); }
+void PostgresqlConnection::after_emptied_was_kept() { run("VACUUM ANALYZE storico"); }
 
 std::vector<std::string> PostgresqlConnection::key_repairs() {
   std::vector<std::string> repairs;

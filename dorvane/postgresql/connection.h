@@ -22,15 +22,16 @@ class PostgresqlConnection final : public ServerConnection {
 
  private:
   int64_t run(std::string_view statement) override;
+  void keep() override;
   ServerRows rows(std::string_view statement) override;
   ServerRows reading_rows(std::string_view statement, OnRefusal on_refusal) override;
   bool transaction_is_whole() const override;
 
   bool tables_are_transactional() const override { return true; }
 
-  void take_schema_turn() override;
-  void after_emptying() override;
-  void after_refilling() override;
+  void take_schema_lock() override;
+  void on_emptied() override;
+  void after_emptied_was_kept() override;
   std::vector<std::string> key_repairs() override;
 
   Result answer(std::string_view statement);

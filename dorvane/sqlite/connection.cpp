@@ -34,7 +34,7 @@ const Engine registered("sqlite", "sqlite:archive.sqlite", [](const Url& url) ->
 
 SqliteConnection::SqliteConnection(const Url& url)
     // Read whole before the file is touched: a wrong option must not leave an empty archive behind.
-    : wall_(prohibitions), settings_(file_settings(url)) {
+    : guard_(prohibitions), settings_(file_settings(url)) {
   open();
 }
 
@@ -77,9 +77,9 @@ int SqliteConnection::tick(void* self) {
 SqliteConnection::~SqliteConnection() {
   complete_record_sets();
   insert_ = nullptr;
-  if (transaction_ == Transaction::open) attempt("ROLLBACK");
-  if (transaction_ != Transaction::none) indexes_owed_ = indexes_owed_at_begin_;
-  transaction_ = Transaction::none;
+  if (transaction_.is_open()) attempt("ROLLBACK");
+  if (!transaction_.is_none()) indexes_owed_ = indexes_owed_at_begin_;
+  transaction_.ended();
   try {
     if (indexes_owed_) rebuild_indexes();
   } catch (const RunTimeError&) {
@@ -165,24 +165,10 @@ int64_t SqliteConnection::single_number(std::string_view statement) {
   return sqlite3_column_int64(prepared.get(), 0);
 }
 
-void SqliteConnection::require_usable() const {
-  if (transaction_ != Transaction::lost) return;
-  throw RunTimeError(automation::unspecified_failure,
-                     "the transaction is lost (" + loss_reason_ + "); roll back or begin again");
-}
-
 template <class Body>
 void SqliteConnection::noticing_loss(Body&& body) {
-  try {
-    body();
-  } catch (const RunTimeError& error) {
-    // A full disk, among others, makes the engine roll everything back by itself.
-    if (transaction_ == Transaction::open && sqlite3_get_autocommit(database_.get()) != 0) {
-      transaction_ = Transaction::lost;
-      loss_reason_ = error.description();
-    }
-    throw;
-  }
+  // A full disk, among others, makes the engine roll everything back by itself.
+  transaction_.around(body, [this] { return sqlite3_get_autocommit(database_.get()) == 0; });
 }
 
 template <class Body>
@@ -218,7 +204,7 @@ void SqliteConnection::read_anew_if_changed() {
   if (!frozen_ || stamp_of(settings_.path) == stamp_) return;
   insert_ = nullptr;
   open();
-  if (transaction_ == Transaction::open) run("BEGIN", Permission::anything);
+  if (transaction_.is_open()) run("BEGIN", Permission::anything);
 }
 
 template <class Body>
@@ -239,8 +225,8 @@ auto SqliteConnection::steadily(Body&& body) {
 }
 
 Ref<StaticRecordSet> SqliteConnection::query(std::string_view statement) {
-  require_usable();
-  wall_.require_reading(statement);
+  transaction_.require_not_lost();
+  guard_.require_reading(statement);
   repair_before_read();
   return steadily([&] {
     auto rows = started(statement);
@@ -269,9 +255,9 @@ Ref<StaticRecordSet> SqliteConnection::started(std::string_view statement) {
 }
 
 void SqliteConnection::execute(std::string_view statement) {
-  require_usable();
+  transaction_.require_not_lost();
   const bool recognised = recognise_insert(statement, syntax, values_);
-  if (!recognised) wall_.require_change(statement);
+  if (!recognised) guard_.require_change(statement);
   complete_record_sets();
   const int changed_before = sqlite3_total_changes(database_.get());
   StatementClock clock(settings_.changing_limit);
@@ -284,7 +270,8 @@ void SqliteConnection::execute(std::string_view statement) {
     else
       run(translate(statement), Permission::change);
   });
-  changed_ = changed_ || sqlite3_total_changes(database_.get()) != changed_before || changes_tables(statement, syntax);
+  if (sqlite3_total_changes(database_.get()) != changed_before || changes_tables(statement, syntax))
+    transaction_.changed();
 }
 
 void SqliteConnection::insert_rows(const InsertValues& rows) {
@@ -355,12 +342,12 @@ void SqliteConnection::repair_before_read() {
   } catch (const RunTimeError&) {
     // The answer is the same without them, only slower.
     indexes_owed_ = false;
-    require_usable();
+    transaction_.require_not_lost();
   }
 }
 
 int32_t SqliteConnection::max_id(std::string_view table, std::string_view column) {
-  require_usable();
+  transaction_.require_not_lost();
   const std::string statement = largest_value(table, column);
   repair_before_read();
   const int64_t largest = steadily([&] {
@@ -372,50 +359,47 @@ int32_t SqliteConnection::max_id(std::string_view table, std::string_view column
 }
 
 void SqliteConnection::begin() {
-  if (transaction_ != Transaction::none) rollback();
+  if (!transaction_.is_none()) rollback();
   complete_record_sets();
-  changed_ = false;
   indexes_owed_at_begin_ = indexes_owed_;
   try {
     run("BEGIN IMMEDIATE", Permission::anything);
-    transaction_ = Transaction::open;
+    transaction_.opened();
   } catch (const RunTimeError& error) {
-    transaction_ = Transaction::lost;
-    loss_reason_ = error.description();
+    transaction_.lost(error.description());
     throw;
   }
 }
 
 void SqliteConnection::commit() {
-  if (transaction_ == Transaction::none)
-    throw RunTimeError(automation::unspecified_failure, "sqlite: there is no transaction to commit");
+  transaction_.require_begun();
   try {
-    require_usable();
+    transaction_.require_not_lost();
     complete_record_sets();
     if (indexes_owed_) rebuild_indexes();
     run("COMMIT", Permission::anything);
-    transaction_ = Transaction::none;
-  } catch (const RunTimeError&) {
+    transaction_.ended();
+  } catch (...) {
     rollback();
     throw;
   }
 }
 
 void SqliteConnection::rollback() {
-  if (transaction_ == Transaction::none) return;
+  if (transaction_.is_none()) return;
   complete_record_sets();
   if (sqlite3_get_autocommit(database_.get()) == 0) run("ROLLBACK", Permission::anything);
-  transaction_ = Transaction::none;
+  transaction_.ended();
   indexes_owed_ = indexes_owed_at_begin_;
 }
 
 void SqliteConnection::create_schema() {
-  require_usable();
+  transaction_.require_not_lost();
   complete_record_sets();
   const bool fresh = single_number("SELECT count(*) FROM sqlite_master") == 0;
   // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another
   // program that creates the same archive just now may be ahead: then it is switched already.
-  if (fresh && transaction_ == Transaction::none) attempt("PRAGMA journal_mode=WAL");
+  if (fresh && transaction_.is_none()) attempt("PRAGMA journal_mode=WAL");
   noticing_loss([&] {
     atomically([&] {
       for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
@@ -424,7 +408,7 @@ void SqliteConnection::create_schema() {
       create_indexes();
     });
   });
-  changed_ = true;
+  transaction_.changed();
   indexes_owed_ = false;
 }
 

@@ -14,7 +14,8 @@
 #include "dorvane/sqlite/archive_file.h"
 #include "dorvane/sqlite/handles.h"
 #include "dorvane/sqlite/statement_clock.h"
-#include "dorvane/wall.h"
+#include "dorvane/statement_guard.h"
+#include "dorvane/transaction_state.h"
 
 namespace dorvane {
 class StaticRecordSet;
@@ -37,7 +38,7 @@ class SqliteConnection final : public Connection {
   void create_schema() override;
   std::vector<std::string> check_schema() override;
   std::vector<std::string> check_file() override;
-  bool has_changes() const override { return transaction_ == Transaction::open && changed_; }
+  bool has_changes() const override { return transaction_.has_changes(); }
   bool is_alive() const override { return true; }
   /// Nothing is closed: closing a file would give its journal and its locks up in the other process's name.
   void leave() noexcept override {}
@@ -45,8 +46,6 @@ class SqliteConnection final : public Connection {
  private:
   /// What the statement being prepared may do.
   enum class Permission : uint8_t { read, change, anything };
-  /// `lost`: the engine gave the transaction up, or never began it. Nothing runs until the next transaction call.
-  enum class Transaction : uint8_t { none, open, lost };
 
   static int authorize(void* self, int action, const char*, const char* second, const char*, const char*);
   /// Gives a statement its permission while it is prepared and stepped, which can prepare further ones.
@@ -71,10 +70,9 @@ class SqliteConnection final : public Connection {
   /// Runs statements of our own whose failure changes nothing.
   void attempt(const char* statements) noexcept;
   int64_t single_number(std::string_view statement);
-  /// Raises when the transaction is lost; notices when a failure lost it.
-  void require_usable() const;
   template <class Body>
   void atomically(Body&& body);
+  /// Runs a body and notices when its failure lost the transaction.
   template <class Body>
   void noticing_loss(Body&& body);
 
@@ -95,7 +93,7 @@ class SqliteConnection final : public Connection {
   void forget(const StaticRecordSet* rows);
 
   Database database_;
-  Wall wall_;
+  StatementGuard guard_;
   FileSettings settings_;
   /// Rows are fetched later than their statement is prepared, and reading is what that takes.
   Permission permission_ = Permission::read;
@@ -105,9 +103,7 @@ class SqliteConnection final : public Connection {
   /// The file is read without locks, because nothing can be made beside it; `stamp_` tells when it was changed.
   bool frozen_ = false;
   FileStamp stamp_;
-  Transaction transaction_ = Transaction::none;
-  std::string loss_reason_;
-  bool changed_ = false;  ///< something was changed in the open transaction
+  TransactionState transaction_;
   /// The draw indexes were dropped with the rows and are owed to the next reader.
   bool indexes_owed_ = false;
   bool indexes_owed_at_begin_ = false;

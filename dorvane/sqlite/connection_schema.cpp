@@ -47,7 +47,7 @@ SchemaFacts SqliteConnection::schema_facts() {
 }
 
 std::vector<std::string> SqliteConnection::check_schema() {
-  require_usable();
+  transaction_.require_not_lost();
   read_anew_if_changed();
   repair_before_read();
   std::vector<Creation> indexes(draw_indexes().begin(), draw_indexes().end());
@@ -56,7 +56,7 @@ std::vector<std::string> SqliteConnection::check_schema() {
 }
 
 std::vector<std::string> SqliteConnection::check_file() {
-  require_usable();
+  transaction_.require_not_lost();
   read_anew_if_changed();
   const Statement check = prepare("PRAGMA integrity_check", Permission::anything);
   std::vector<std::string> findings;

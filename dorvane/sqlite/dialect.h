@@ -6,8 +6,8 @@
 
 #include "dorvane/column_store.h"
 #include "dorvane/schema.h"
+#include "dorvane/statement_guard.h"
 #include "dorvane/tokens.h"
-#include "dorvane/wall.h"
 
 // What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
 

@@ -7,7 +7,7 @@
 
 namespace attacks {
 
-/// An engine by its own client, under the modes that a connection of ours sets and behind no wall.
+/// An engine by its own client, under the modes that a connection of ours sets and without the statement guard.
 class BareEngine {
  public:
   virtual ~BareEngine() = default;

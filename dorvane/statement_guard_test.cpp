@@ -1,4 +1,4 @@
-#include "dorvane/wall.h"
+#include "dorvane/statement_guard.h"
 
 #include <gtest/gtest.h>
 
@@ -26,14 +26,14 @@ bool passes(Body body) {
   }
 }
 
-TEST(Wall, LetsReadersReadAndChangesChange) {
+TEST(StatementGuard, LetsReadersReadAndChangesChange) {
   struct Row {
     const char* text;
     bool reads;
     bool changes;
   };
-  Wall wall(prohibitions);
-  wall.refuse_functions({"of_this_server"});
+  StatementGuard guard(prohibitions);
+  guard.refuse_functions({"of_this_server"});
   for (const Row& row : {
            Row{"SELECT 1", true, true},
            Row{"select 'insert' FROM \"delete\"", true, true},
@@ -102,13 +102,13 @@ TEST(Wall, LetsReadersReadAndChangesChange) {
            Row{"SELECT NEXT VALUE FOR s", false, false},
            Row{"SELECT next FROM t", true, true},
        }) {
-    EXPECT_EQ(passes([&] { wall.require_reading(row.text); }), row.reads) << row.text;
-    EXPECT_EQ(passes([&] { wall.require_change(row.text); }), row.changes) << row.text;
+    EXPECT_EQ(passes([&] { guard.require_reading(row.text); }), row.reads) << row.text;
+    EXPECT_EQ(passes([&] { guard.require_change(row.text); }), row.changes) << row.text;
   }
-  EXPECT_FALSE(passes([&] { wall.require_reading(std::string_view("SELECT 1\0", 9)); }));
+  EXPECT_FALSE(passes([&] { guard.require_reading(std::string_view("SELECT 1\0", 9)); }));
 }
 
-TEST(Wall, StatementsHaveNoParameters) {
+TEST(StatementGuard, StatementsHaveNoParameters) {
   struct Row {
     const char* text;
     bool passes;
@@ -122,11 +122,12 @@ TEST(Wall, StatementsHaveNoParameters) {
         Row{"SELECT @`x`", false, false}, Row{"SELECT $x", false, false}, Row{"SELECT $1", false, false},
         Row{"SELECT '?',\":a\" -- $1", true, true}, Row{"SELECT '1'::date", true, false},
         Row{"SELECT a[1:2]", true, false}, Row{"SELECT a <@ b, @ -5", true, false}}) {
-    EXPECT_EQ(passes([&] { Wall(prohibitions).require_reading(row.text); }), row.passes) << row.text;
-    EXPECT_EQ(passes([&] { Wall(others).require_reading(row.text); }), row.passes_where_they_are_no_operators)
+    EXPECT_EQ(passes([&] { StatementGuard(prohibitions).require_reading(row.text); }), row.passes) << row.text;
+    EXPECT_EQ(passes([&] { StatementGuard(others).require_reading(row.text); }), row.passes_where_they_are_no_operators)
         << row.text;
-    EXPECT_EQ(passes([&] { Wall(prohibitions).require_change(std::string("DELETE FROM t WHERE a=") + row.text); }),
-              row.passes)
+    EXPECT_EQ(
+        passes([&] { StatementGuard(prohibitions).require_change(std::string("DELETE FROM t WHERE a=") + row.text); }),
+        row.passes)
         << row.text;
   }
 }

@@ -1,4 +1,4 @@
-#include "dorvane/wall.h"
+#include "dorvane/statement_guard.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -59,11 +59,11 @@ bool touches(const Token& token, const Token& next) {
 
 }  // namespace
 
-Wall::Wall(const Prohibitions& prohibitions)
+StatementGuard::StatementGuard(const Prohibitions& prohibitions)
     : prohibitions_(prohibitions), functions_(prohibitions.functions.begin(), prohibitions.functions.end()) {}
 
 /// In any form that an engine knows, so that a statement means the same to all of them.
-bool Wall::is_parameter(const Tokens& tokens, size_t place) const {
+bool StatementGuard::is_parameter(const Tokens& tokens, size_t place) const {
   const Token& token = tokens[place];
   if (token.kind != TokenKind::symbol) return false;
   if (token.text == "?" || token.text == "$") return true;
@@ -75,14 +75,14 @@ bool Wall::is_parameter(const Tokens& tokens, size_t place) const {
   return before_name && !casts;
 }
 
-bool Wall::does_harm(const Tokens& tokens, size_t place) const {
+bool StatementGuard::does_harm(const Tokens& tokens, size_t place) const {
   const std::string name = name_of(tokens[place]);
   if (name.empty()) return false;
   const bool called = place + 1 < tokens.size() && tokens[place + 1].text == "(";
   return is_harmful_pair(tokens, place) || contains(prohibitions_.names, name) || (called && functions_.contains(name));
 }
 
-void Wall::require_harmless(std::string_view statement, const Tokens& tokens) const {
+void StatementGuard::require_harmless(std::string_view statement, const Tokens& tokens) const {
   if (statement.find('\0') != std::string_view::npos) throw RunTimeError(5, "the statement holds a NUL character");
   for (size_t i = 0; i < tokens.size(); ++i) {
     if (tokens[i].kind == TokenKind::unusual)
@@ -98,7 +98,7 @@ void Wall::require_harmless(std::string_view statement, const Tokens& tokens) co
   }
 }
 
-void Wall::require_reading(std::string_view statement, const Tokens& tokens) const {
+void StatementGuard::require_reading(std::string_view statement, const Tokens& tokens) const {
   require_harmless(statement, tokens);
   if (!is_one_of(first_word(statement, prohibitions_.syntax), {"select", "with", "values"}))
     throw not_allowed(statement);
@@ -107,11 +107,11 @@ void Wall::require_reading(std::string_view statement, const Tokens& tokens) con
       throw not_allowed(statement);
 }
 
-void Wall::require_reading(std::string_view statement) const {
+void StatementGuard::require_reading(std::string_view statement) const {
   require_reading(statement, tokens_of(statement, prohibitions_.syntax));
 }
 
-void Wall::require_change(std::string_view statement) const {
+void StatementGuard::require_change(std::string_view statement) const {
   const Syntax& syntax = prohibitions_.syntax;
   const Token first = first_word(statement, syntax);
   if (is_one_of(first, {"insert", "replace"}) && inserts_literals(statement, syntax)) return;

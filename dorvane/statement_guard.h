@@ -27,9 +27,9 @@ struct Prohibitions {
 /// One rule for all engines. Reading: one SELECT, WITH or VALUES. Changing: one INSERT, UPDATE, DELETE or REPLACE (or
 /// WITH before it), a reading statement, or CREATE, ALTER or DROP of tables, indexes, views and triggers. No
 /// parameters, settings, transactions or maintenance; rows of the archive's tables as literals only.
-class Wall {
+class StatementGuard {
  public:
-  explicit Wall(const Prohibitions& prohibitions);
+  explicit StatementGuard(const Prohibitions& prohibitions);
 
   /// What one server has besides, in lower case.
   void refuse_functions(const std::vector<std::string>& names) { functions_.insert(names.begin(), names.end()); }
