@@ -58,6 +58,12 @@ std::string_view standard_description(int32_t number) {
   return "Application-defined or object-defined error";
 }
 
+RunTimeError failure(FailureKind kind, std::string text) {
+  RunTimeError error(unspecified_failure, std::move(text));
+  error.kind_ = kind;
+  return error;
+}
+
 RunTimeError invalid_call() { return RunTimeError(5); }
 RunTimeError overflow() { return RunTimeError(6); }
 RunTimeError out_of_memory() { return RunTimeError(7); }

@@ -9,6 +9,16 @@
 
 namespace automation {
 
+/// What a failure is about, for a host that answers by it, with an exit code for example.
+enum class FailureKind : uint8_t {
+  unspecified,    ///< whoever raised it did not say
+  argument,       ///< what was asked for makes no sense
+  nothing_found,  ///< there is nothing of what was asked for
+  database,       ///< the database cannot be opened, read or changed, or holds what it should not
+  file,           ///< a file cannot be found, read or written, or holds what it should not
+  interrupted,    ///< the user stopped it
+};
+
 /// The platform's run-time error: a number with its text. Trapped at the edge of a class or handed to the host.
 class AUTOMATION_API RunTimeError : public std::exception {
  public:
@@ -20,12 +30,16 @@ class AUTOMATION_API RunTimeError : public std::exception {
   int32_t number() const { return number_; }
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
+  FailureKind kind() const { return kind_; }
   const char* what() const noexcept override { return description_.c_str(); }
 
  private:
   int32_t number_;
   std::string description_;
   std::string source_;
+  FailureKind kind_ = FailureKind::unspecified;
+
+  friend AUTOMATION_API RunTimeError failure(FailureKind kind, std::string text);
 };
 
 /// The platform's text for a number; "Application-defined or object-defined error" when the table has none.
@@ -33,6 +47,10 @@ AUTOMATION_API std::string_view standard_description(int32_t number);
 
 /// An error of the outside world (a database, a sink) that came without a number of its own.
 inline constexpr int32_t unspecified_failure = -2147467259;
+
+/// A failure that the platform has no number for: an `unspecified_failure` with its kind. The text says what was
+/// wrong, where, and what would be right.
+AUTOMATION_API RunTimeError failure(FailureKind kind, std::string text);
 
 AUTOMATION_API RunTimeError invalid_call();              // 5
 AUTOMATION_API RunTimeError overflow();                  // 6

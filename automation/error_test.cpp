@@ -83,7 +83,19 @@ TEST(RunTimeError, KeepsWhatItIsGiven) {
   EXPECT_EQ(error.number(), -2147217900);
   EXPECT_EQ(error.description(), "syntax");
   EXPECT_EQ(error.source(), "cLotto");
+  EXPECT_EQ(error.kind(), FailureKind::unspecified);
   EXPECT_EQ(unspecified_failure, -2147467259);
+}
+
+TEST(RunTimeError, AFailureHasItsKindAndNoNumberOfThePlatform) {
+  using enum FailureKind;
+  for (const FailureKind kind : {argument, nothing_found, database, file, interrupted}) {
+    const RunTimeError error = failure(kind, "draws.csv:3: no such wheel");
+    EXPECT_EQ(error.kind(), kind);
+    EXPECT_EQ(error.number(), unspecified_failure);
+    EXPECT_EQ(error.description(), "draws.csv:3: no such wheel");
+    EXPECT_EQ(error.source(), "");
+  }
 }
 
 }  // namespace
