@@ -26,7 +26,7 @@ std::vector<int32_t> values_of(const NumberList& numbers) {
 /// How many are going to be listed. Failure (usage) for more than a collection could hold, unless so many were asked
 /// for.
 uint64_t wanted_of(const CombinationsOptions& options) {
-  const ExactCount count = combination_count(options.numbers, options.size);
+  const ExactCount count = combination_count(options.numbers.count, options.size);
   if (options.first) return count < *options.first ? static_cast<uint64_t>(count) : *options.first;
   if (count <= static_cast<uint32_t>(std::numeric_limits<int32_t>::max())) return static_cast<uint64_t>(count);
   throw Failure(ExitCode::usage, std::to_string(options.size) + " of " + std::to_string(options.numbers.count) +
@@ -53,8 +53,8 @@ uint64_t list(const std::vector<int32_t>& values, uint64_t wanted, NumberStream&
 
 ExitCode write_combinations(const CombinationsOptions& options, uint64_t wanted, const Context& context) {
   const std::vector<int32_t> values = values_of(options.numbers);
-  NumberStream stream(context.out, combinations_head(options.numbers, options.size, Listing::follows), context.style(),
-                      *std::max_element(values.begin(), values.end()));
+  NumberStream stream(context.out, combinations_head(options.numbers.count, options.size, Listing::follows),
+                      context.style(), *std::max_element(values.begin(), values.end()));
   const Interruption interruption;
   uint64_t listed = 0;
   {
@@ -77,7 +77,7 @@ ExitCode write_combinations(const CombinationsOptions& options, uint64_t wanted,
 
 ExitCode run_combinations(const CombinationsOptions& options, const Context& context) {
   if (!options.count_only) return write_combinations(options, wanted_of(options), context);
-  write_report(context.out, combinations_head(options.numbers, options.size, Listing::absent), context.style());
+  write_report(context.out, combinations_head(options.numbers.count, options.size, Listing::absent), context.style());
   return ExitCode::ok;
 }
 

@@ -33,7 +33,7 @@ ExitCode run_delays(const DelaysOptions& options, const Context& context) {
   Report report;
   report.facts = facts_of(all, options.draws);
   if (options.shown == Shown::grid) {
-    write_grid(report, names, delays.grid, wheels, context);
+    write_grid(context.out, report, names, delays.grid, wheels, context.style());
   } else {
     list_ranking(report, names, options.ranked == Ranked::in_full ? all : delays.ranking, options.top);
     write_report(context.out, report, context.style());

@@ -4,7 +4,6 @@
 
 #include "hosts/cli/commands.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/search_question.h"
 #include "hosts/cli/output/histogram.h"
 #include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/study/gap_rows.h"
@@ -73,7 +72,7 @@ void write_plot(std::ostream& out, const Gaps& gaps) {
 Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, const cDistanze& distances) {
   Gaps gaps{gap_rows(distances), {}};
   if (!options.wheel_draws) return gaps;
-  const WheelDraws draws(session, options.search);
+  const WheelDraws draws(session, options.search.draws);
   for (const GapRow& row : gaps.rows) gaps.wheel_draws.push_back(draws.between(row.from, row.to));
   return gaps;
 }
@@ -85,8 +84,8 @@ ExitCode run_distances(const DistancesOptions& options, const Context& context) 
   const SearchOptions& search = options.search;
   cDistanze distances;
   distances.ActiveConnection(session.connector());
-  distances.LoadDistanze(search.numbers.text, search.hits, search.wheels.codes, date_bound(search.from),
-                         date_bound(search.to), false, search.wheels.all, search.oldest_first);
+  distances.LoadDistanze(search.numbers.text, search.hits, search.draws.wheels.codes, date_bound(search.draws.from),
+                         date_bound(search.draws.to), false, search.draws.wheels.all, search.oldest_first);
   // The library answers with empty values what its connector refused.
   if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
   const Gaps gaps = gaps_of(session, options, distances);

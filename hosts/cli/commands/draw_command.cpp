@@ -79,7 +79,7 @@ void require_usual(const DrawSaveOptions& options, const std::vector<DrawRow>& r
 }
 
 Report save(const DrawSaveOptions& options, const Context& context) {
-  const std::vector<DrawRow> rows = rows_to_save(options);
+  const auto rows = options.file.empty() ? options.rows : rows_in_file(options.file, options.day);
   require_usual(options, rows, context.err);
   const ArchiveSession session = ArchiveSession::for_change(context.options.database);
   const int32_t held = rows_of_day(session, options.day);

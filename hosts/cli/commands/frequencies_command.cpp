@@ -90,10 +90,14 @@ void write_averages(Report report, const Averages& averages, const Context& cont
   if (wheel_loads(averages.options.draws).size() == 1) report.facts.push_back({"dates", averages.calendar.dates()});
   if (of_wheel) {
     const auto percent = percent_of_wheels(averages.counts, averages.wheels, averages.calendar);
-    if (grid) return write_grid(report, {"frequencies", "wheel_percent"}, percent, averages.wheels, context);
+    if (grid)
+      return write_grid(context.out, report, {"frequencies", "wheel_percent"}, percent, averages.wheels,
+                        context.style());
     list_percent_of_wheel(report, averages, percent);
   } else {
-    if (grid) return write_grid(report, {"frequencies", "percent"}, averages.library.grid, averages.wheels, context);
+    if (grid)
+      return write_grid(context.out, report, {"frequencies", "percent"}, averages.library.grid, averages.wheels,
+                        context.style());
     list_percent(report, averages);
   }
   write_report(context.out, report, context.style());
@@ -103,7 +107,7 @@ void write_counts(Report report, const FrequenciesOptions& options, const Figure
                   const Context& context) {
   const auto wheels = chosen_wheels(options.draws.wheels);
   const FigureNames names{"frequencies", "times"};
-  if (options.shown == Shown::grid) return write_grid(report, names, counts.grid, wheels, context);
+  if (options.shown == Shown::grid) return write_grid(context.out, report, names, counts.grid, wheels, context.style());
   if (options.numbers)
     list_numbers(report, counts.grid, wheels, options.top);
   else if (options.ranked == Ranked::in_full)

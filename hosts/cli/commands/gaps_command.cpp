@@ -13,10 +13,10 @@ namespace vestara::host {
 namespace {
 
 /// Wheels in a draw: one, or as many as a date of the range had in the mean.
-double wheels_in_draw(const ArchiveSession& session, const GapsOptions& options) {
-  if (options.wheel != 0) return 1;
+double wheels_in_draw(const ArchiveSession& session, const GapQuestion& question) {
+  if (question.wheel != 0) return 1;
   auto rows = session.rows("SELECT count(*) AS righe,count(DISTINCT dtEstr) AS giorni FROM storico" +
-                           range_condition(range_of(options)));
+                           range_condition(range_of(question)));
   const int32_t wheels = rows->whole_number(rows->column("righe"));
   const int32_t dates = rows->whole_number(rows->column("giorni"));
   session.connector()->CloseRecordset(rows);
@@ -34,7 +34,7 @@ std::vector<int64_t> between_dates(const NumberGaps& gaps) {
   return lengths;
 }
 
-std::vector<Fact> facts_of(const NumberGaps& gaps, const GapsOptions& options, double chance) {
+std::vector<Fact> facts_of(const NumberGaps& gaps, const GapQuestion& question, double chance) {
   std::vector<Fact> facts{{"appearances", gaps.appearances},
                           {"current_delay", gaps.current_delay ? Cell(*gaps.current_delay) : Cell()},
                           {"mean_distance", optional_cell(gaps.mean)},
@@ -42,7 +42,7 @@ std::vector<Fact> facts_of(const NumberGaps& gaps, const GapsOptions& options, d
                           {"maximum_distance", whole_cell(gaps.most)},
                           {"deviation", optional_cell(gaps.deviation)},
                           {"expected_distance", chance > 0 ? Cell(1 / chance) : Cell()}};
-  if (options.wheel != 0) return facts;
+  if (question.wheel != 0) return facts;
   const auto lengths = between_dates(gaps);
   double sum = 0;
   for (const int64_t length : lengths) sum += static_cast<double>(length);
@@ -51,9 +51,9 @@ std::vector<Fact> facts_of(const NumberGaps& gaps, const GapsOptions& options, d
   return facts;
 }
 
-Report describe(const NumberGaps& gaps, const GapsOptions& options, double chance) {
+Report describe(const NumberGaps& gaps, const GapQuestion& question, double chance) {
   Report report;
-  report.facts = facts_of(gaps, options, chance);
+  report.facts = facts_of(gaps, question, chance);
   report.listing = "distances";
   report.row_kind = "distance";
   report.columns = {"from", "to", "draws", "days"};
@@ -70,11 +70,11 @@ Report describe(const NumberGaps& gaps, const GapsOptions& options, double chanc
   return report;
 }
 
-void write_plot(std::ostream& out, const NumberGaps& gaps, const GapsOptions& options, double chance) {
+void write_plot(std::ostream& out, const NumberGaps& gaps, const GapQuestion& question, double chance) {
   const bool utf8 = shows_utf8(out);
   const Histogram histogram = histogram_of(between_dates(gaps));
   out << "\ndistances between two appearances, in "
-      << (options.wheel != 0 ? "draws of " + std::string(wheel_code(options.wheel)) : "draw dates");
+      << (question.wheel != 0 ? "draws of " + std::string(wheel_code(question.wheel)) : "draw dates");
   if (histogram.counts.empty())
     out << ": none\n";
   else
@@ -86,10 +86,10 @@ void write_plot(std::ostream& out, const NumberGaps& gaps, const GapsOptions& op
 
 ExitCode run_gaps(const GapsOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const NumberGaps gaps = load_gaps(session, options);
-  const double chance = appearance_chance(options.numbers.size(), wheels_in_draw(session, options));
-  write_report(context.out, describe(gaps, options, chance), context.style());
-  if (options.plot) write_plot(context.out, gaps, options, chance);
+  const NumberGaps gaps = load_gaps(session, options.question);
+  const double chance = appearance_chance(options.question.numbers.size(), wheels_in_draw(session, options.question));
+  write_report(context.out, describe(gaps, options.question, chance), context.style());
+  if (options.plot) write_plot(context.out, gaps, options.question, chance);
   return gaps.appearances == 0 ? ExitCode::nothing_found : ExitCode::ok;
 }
 

@@ -2,7 +2,7 @@
 
 #include "automation/date.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/stored_searches.h"
+#include "hosts/cli/commands/stored_question.h"
 #include "vestara/archive/lotto.h"
 #include "vestara/archive/saved_search_text.h"
 #include "vestara/foundation/error_log.h"
@@ -33,8 +33,8 @@ int32_t store(const ArchiveSession& session, const SavedSaveOptions& options) {
   Transaction transaction(session);
   if (options.id != 0) search_with_id(session, options.id);
   if (!lotto.SaveRicerchePersonalizzate(options.id, std::string(options.name), std::string(search.numbers.text),
-                                        search.hits, std::string(search.wheels.codes), automation::now(),
-                                        date_bound(search.from), date_bound(search.to)))
+                                        search.hits, std::string(search.draws.wheels.codes), automation::now(),
+                                        date_bound(search.draws.from), date_bound(search.draws.to)))
     session.fail("the search could not be saved, see " + log_path());
   const int32_t id = options.id != 0 ? options.id : session.connector()->GetMaxId("tRicerche", "idRicerca");
   transaction.commit();
@@ -44,7 +44,7 @@ int32_t store(const ArchiveSession& session, const SavedSaveOptions& options) {
 /// Failure (database) when it is none that `vestara search` could make.
 SearchOptions search_of(const StoredSearch& stored, int32_t id) {
   try {
-    return search_question(words_of(stored));
+    return question_of(stored);
   } catch (const Failure& failure) {
     throw Failure(ExitCode::database, "saved search " + std::to_string(id) + " cannot be run: " + failure.what());
   }

@@ -1,7 +1,6 @@
 #include "automation/coercion.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/search_question.h"
 #include "hosts/cli/study/search_statistics.h"
 #include "vestara/archive/lotto.h"
 
@@ -41,13 +40,14 @@ ExitCode run_search(const SearchOptions& options, const Context& context) {
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
   lotto.StatisticsIsActive(options.statistics);
-  auto dates = lotto.LoadLottoEstr(options.numbers.text, options.hits, options.wheels.codes, date_bound(options.from),
-                                   date_bound(options.to), false, options.wheels.all, options.oldest_first);
+  auto dates = lotto.LoadLottoEstr(options.numbers.text, options.hits, options.draws.wheels.codes,
+                                   date_bound(options.draws.from), date_bound(options.draws.to), false,
+                                   options.draws.wheels.all, options.oldest_first);
   // The library answers with empty values what its connector refused.
   if (!dates || !session.connector()->LastError().empty()) session.fail("the archive cannot be read");
   Report report = describe(lotto, *dates);
   session.connector()->CloseRecordset(dates);
-  if (options.statistics) report.blocks.push_back(statistics_block(session, options, *lotto.Statistiche()));
+  if (options.statistics) report.blocks.push_back(statistics_block(session, options.draws, *lotto.Statistiche()));
   OutputStyle style = context.style();
   style.table_rows = options.table_rows;
   write_report(context.out, report, style);

@@ -62,7 +62,7 @@ ExitCode run_system_save(const SystemSaveOptions& options, const Context& contex
   return ExitCode::ok;
 }
 
-ExitCode run_system_list(const SystemListOptions& options, const Context& context) {
+ExitCode run_system_list(const SystemFilter& options, const Context& context) {
   const auto systems = stored_systems(ArchiveSession::for_reading(context.options.database), options);
   Report report;
   report.listing = "systems";

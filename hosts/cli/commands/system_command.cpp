@@ -18,7 +18,7 @@ void write_numbers(Report report, const std::string& numbers, const Context& con
 struct RunSystem {
   const Context& context;
 
-  ExitCode operator()(const SystemGenerateOptions& options) const {
+  ExitCode operator()(const SetQuestion& options) const {
     const std::string numbers = numbers_of_set(options);
     Report report;
     report.facts = {{"set", set_name(options.set)}};
@@ -27,13 +27,13 @@ struct RunSystem {
     context.err << "vestara: the library's list of a figure stops at 80; 1 to 9 with --strict is a whole one\n";
     return ExitCode::nothing_found;
   }
-  ExitCode operator()(const SystemRandomOptions& options) const {
+  ExitCode operator()(const RandomQuestion& options) const {
     write_numbers({}, random_numbers(options), context);
     return ExitCode::ok;
   }
   ExitCode operator()(const SystemIntegralOptions& options) const { return run_integral(options, context); }
   ExitCode operator()(const SystemSaveOptions& options) const { return run_system_save(options, context); }
-  ExitCode operator()(const SystemListOptions& options) const { return run_system_list(options, context); }
+  ExitCode operator()(const SystemFilter& options) const { return run_system_list(options, context); }
   ExitCode operator()(const SystemShowOptions& options) const { return run_system_show(options, context); }
   ExitCode operator()(const SystemConvertOptions& options) const { return run_system_convert(options, context); }
   ExitCode operator()(const SystemDeleteOptions& options) const { return run_system_delete(options, context); }

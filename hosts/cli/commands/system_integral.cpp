@@ -23,7 +23,7 @@ constexpr uint64_t most_text = uint64_t{1} << 30;  // bytes
 
 Failure too_much(const SystemIntegralOptions& options, const std::string& limit) {
   return {ExitCode::usage, std::to_string(options.size) + " of " + std::to_string(options.numbers.count) +
-                               " numbers make " + digits_of(combination_count(options.numbers, options.size)) +
+                               " numbers make " + digits_of(combination_count(options.numbers.count, options.size)) +
                                " combinations, " + limit +
                                "; vestara combinations lists them one by one, all or --first N of them"};
 }
@@ -79,7 +79,7 @@ uint64_t integral_text_size(const NumberList& numbers, int32_t size, uint64_t co
 }
 
 void check_integral(const SystemIntegralOptions& options) {
-  const ExactCount count = combination_count(options.numbers, options.size);
+  const ExactCount count = combination_count(options.numbers.count, options.size);
   if (options.size > most_chosen)
     throw too_much(options, "but the library chooses " + std::to_string(most_chosen) + " numbers at most");
   if (count > static_cast<uint32_t>(std::numeric_limits<int32_t>::max()))
@@ -93,19 +93,19 @@ void check_integral(const SystemIntegralOptions& options) {
 
 ExitCode run_integral(const SystemIntegralOptions& options, const Context& context) {
   if (options.count_only) {
-    write_report(context.out, combinations_head(options.numbers, options.size, Listing::absent), context.style());
+    write_report(context.out, combinations_head(options.numbers.count, options.size, Listing::absent), context.style());
     return ExitCode::ok;
   }
   check_integral(options);
-  const auto wanted = static_cast<uint64_t>(combination_count(options.numbers, options.size));
+  const auto wanted = static_cast<uint64_t>(combination_count(options.numbers.count, options.size));
   const StoppableCall stoppable;
   const std::string text = text_of(options, wanted);
   if (!options.output.empty()) {
     write_system_file(options.output, context.out, text);
     return ExitCode::ok;
   }
-  NumberStream stream(context.out, combinations_head(options.numbers, options.size, Listing::follows), context.style(),
-                      widest_of(options.numbers));
+  NumberStream stream(context.out, combinations_head(options.numbers.count, options.size, Listing::follows),
+                      context.style(), widest_of(options.numbers));
   list(text, wanted, stream);
   return ExitCode::ok;
 }

@@ -10,6 +10,11 @@
 
 namespace vestara::host {
 
+automation::Variant date_bound(std::optional<int32_t> day) {
+  if (!day) return automation::Missing{};
+  return automation::Date::from_day(*day);
+}
+
 std::string range_condition(const DrawRange& range) {
   std::string condition;
   if (range.from) condition = "dtEstr>=" + day_literal(*range.from);

@@ -1,12 +1,29 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "hosts/cli/options/number_options.h"
+#include "automation/variant.h"
 
 namespace vestara::host {
+
+/// Which wheels somebody looks at.
+struct WheelSelection {
+  bool all = true;
+  std::string codes;  ///< "BA,NA"; empty for all
+};
+
+/// The draws that somebody looks at. Days count from 1899-12-30.
+struct DrawRange {
+  WheelSelection wheels;
+  std::optional<int32_t> from;
+  std::optional<int32_t> to;
+};
+
+/// A bound as the library takes it.
+automation::Variant date_bound(std::optional<int32_t> day);
 
 /// " WHERE " and what the draws of a range fulfil, or nothing when there is no condition.
 std::string range_condition(const DrawRange& range);

@@ -87,16 +87,15 @@ std::vector<DrawRow> read_draw_line(std::string_view line, int32_t day) {
   return wheel_named(words.front()) ? rows_by_wheel(words, day) : rows_in_order(words, day);
 }
 
-std::vector<DrawRow> rows_to_save(const DrawSaveOptions& options) {
-  if (options.file.empty()) return options.rows;
-  const std::string name = source_name(options.file);
-  const DrawFile file = parse_draw_file(read_source(options.file), name);
+std::vector<DrawRow> rows_in_file(const std::string& path, int32_t day) {
+  const std::string name = source_name(path);
+  const DrawFile file = parse_draw_file(read_source(path), name);
   refuse_rejected(file, name);
   std::vector<DrawRow> rows;
   std::copy_if(file.draws.rows.begin(), file.draws.rows.end(), std::back_inserter(rows),
-               [&](const DrawRow& row) { return row.day == options.day; });
+               [&](const DrawRow& row) { return row.day == day; });
   if (!rows.empty()) return rows;
-  throw Failure(ExitCode::file, name + " has no draw of " + shown_day(options.day) + "; its dates are " +
+  throw Failure(ExitCode::file, name + " has no draw of " + shown_day(day) + "; its dates are " +
                                     shown_day(file.draws.rows.front().day) + " to " +
                                     shown_day(file.draws.rows.back().day));
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "hosts/cli/draws/draw_row.h"
-#include "hosts/cli/options/options.h"
 
 // A draw that is typed in: its numbers and its wheels. Rows are sorted by wheel.
 
@@ -20,8 +19,8 @@ std::vector<int8_t> wheels_of_day(int32_t day);
 /// Failure (usage).
 std::vector<DrawRow> read_draw_line(std::string_view line, int32_t day);
 
-/// The rows that were given, or those of the day in the file that was named. Failure (file) when it has none.
-std::vector<DrawRow> rows_to_save(const DrawSaveOptions& options);
+/// The rows of the day in a file of draws; "-" is standard input. Failure (file) when it has none.
+std::vector<DrawRow> rows_in_file(const std::string& path, int32_t day);
 
 /// Failure (usage) for a wheel that was not drawn yet, and without one that always is: all eleven since 2005-05-04.
 void require_drawn_wheels(const std::vector<DrawRow>& rows, int32_t day);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/keeping/insert_batch.h"
 #include "hosts/cli/keeping/value_literal.h"

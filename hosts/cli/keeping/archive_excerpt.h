@@ -1,7 +1,7 @@
 #pragma once
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/number_options.h"
 
 namespace vestara::host {
 

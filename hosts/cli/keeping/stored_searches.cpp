@@ -26,12 +26,6 @@ std::pair<double, double> age(const StoredSearch& search) {
   return {saved ? saved->serial() : std::numeric_limits<double>::lowest(), id};
 }
 
-/// A date without its time of day, which bounds do not have.
-std::string bound_of(const Variant& value) {
-  const auto date = automation::date_in(value);
-  return date ? automation::iso_day(*date) : stored_text(value);
-}
-
 }  // namespace
 
 std::vector<StoredSearch> stored_searches(const ArchiveSession& session, int32_t id) {
@@ -52,15 +46,6 @@ std::vector<std::string> stored_names() { return {"id", "name", "numbers", "hits
 std::vector<Cell> stored_values(const StoredSearch& search) {
   return {stored_cell(search.id),     stored_cell(search.name), stored_cell(search.numbers), stored_cell(search.hits),
           stored_cell(search.wheels), stored_cell(search.from), stored_cell(search.to),      stored_cell(search.saved)};
-}
-
-SearchWords words_of(const StoredSearch& search) {
-  const std::string wheels = stored_text(search.wheels);
-  return {{stored_text(search.numbers)},
-          stored_text(search.hits),
-          wheels.empty() ? "all" : wheels,
-          bound_of(search.from),
-          bound_of(search.to)};
 }
 
 }  // namespace vestara::host

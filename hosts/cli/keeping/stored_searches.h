@@ -6,7 +6,6 @@
 
 #include "automation/variant.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/search_question.h"
 #include "hosts/cli/output/output.h"
 
 namespace vestara::host {
@@ -29,8 +28,5 @@ std::vector<StoredSearch> stored_searches(const ArchiveSession& session, int32_t
 /// The names of a search's values and the values, in one order; dates as "YYYY-MM-DD".
 std::vector<std::string> stored_names();
 std::vector<Cell> stored_values(const StoredSearch& search);
-
-/// What `vestara search` would be given for it.
-SearchWords words_of(const StoredSearch& search);
 
 }  // namespace vestara::host

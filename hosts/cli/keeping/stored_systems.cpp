@@ -40,7 +40,7 @@ bool contains(const Cell& cell, const std::string& text) {
 
 }  // namespace
 
-std::vector<StoredSystem> stored_systems(const ArchiveSession& session, const SystemListOptions& filter) {
+std::vector<StoredSystem> stored_systems(const ArchiveSession& session, const SystemFilter& filter) {
   cSistemi catalogue;
   catalogue.ActiveConnection(session.connector());
   auto systems =

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/system_options.h"
 #include "hosts/cli/output/output.h"
 
 namespace vestara::host {
@@ -23,8 +22,19 @@ struct StoredSystem {
   Cell guarantee;
 };
 
+/// Which systems somebody looks for. An empty text and 0 do not filter.
+struct SystemFilter {
+  std::string title;        ///< found anywhere in the title
+  std::string description;  ///< the same
+  std::string kind;
+  int16_t numbers = 0;
+  int16_t size = 0;
+  int16_t bets = 0;
+  int16_t guarantee = 0;
+};
+
 /// The systems that meet every filter, by id. "%", "_" and "\" of a filter stand for themselves.
-std::vector<StoredSystem> stored_systems(const ArchiveSession& session, const SystemListOptions& filter);
+std::vector<StoredSystem> stored_systems(const ArchiveSession& session, const SystemFilter& filter);
 /// Failure (nothing_found) when there is none with this id, which is 1 or more.
 StoredSystem system_with_id(const ArchiveSession& session, int32_t id);
 

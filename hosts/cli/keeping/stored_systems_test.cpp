@@ -20,7 +20,7 @@ class StoredSystems : public testing::Test {
     EXPECT_TRUE(session_.connector()->ExecuteSql(statement)) << session_.connector()->LastError();
   }
   /// "1 3": the ids in their order.
-  std::string found(const SystemListOptions& filter) {
+  std::string found(const SystemFilter& filter) {
     std::string ids;
     for (const StoredSystem& system : stored_systems(session_, filter))
       ids.append(ids.empty() ? "" : " ").append(cell_text(system.id));
@@ -36,7 +36,7 @@ TEST_F(StoredSystems, FiltersMeanWhatTheySay) {
   add(2, "50% it''s", "U", "1,2");
   add(3, "a_b \\\\ c", "S", "1,2");
   struct Row {
-    SystemListOptions filter;
+    SystemFilter filter;
     const char* ids;
   };
   for (const Row& row :

@@ -7,6 +7,7 @@
 #include "automation/text.h"
 #include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/failure.h"
+#include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/shown_text.h"
 #include "vestara/foundation/wheel_grid.h"
 
@@ -88,18 +89,18 @@ TableOptions table_options(const NumberArguments& given) {
 
 GapsOptions gaps_options(const NumberArguments& given, OutputFormat format) {
   GapsOptions options;
-  options.numbers = number_or_pair(numbers_value(given.numbers));
+  options.question.numbers = number_or_pair(numbers_value(given.numbers));
   if (!given.wheel.empty()) {
     refuse("--wheel", {{"--all", given.all}, {"--without-rn", given.without_national}}, "it names the only one");
-    options.wheel = wheel_value(given.wheel);
+    options.question.wheel = wheel_value(given.wheel);
   }
   if (given.plot && format != OutputFormat::table)
     throw Failure(ExitCode::usage,
                   "--plot goes with --format table only; the other forms carry the distances themselves");
-  options.without_national = given.without_national;
-  options.from = day_bound("--from", given.from);
-  options.to = day_bound("--to", given.to);
-  check_range(options.from, options.to);
+  options.question.without_national = given.without_national;
+  options.question.from = day_bound("--from", given.from);
+  options.question.to = day_bound("--to", given.to);
+  check_range(options.question.from, options.question.to);
   options.plot = given.plot;
   return options;
 }

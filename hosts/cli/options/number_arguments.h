@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hosts/cli/options/number_options.h"
+#include "hosts/cli/output/output.h"
 
 namespace vestara::host {
 

@@ -4,20 +4,13 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <vector>
 
-#include "hosts/cli/options/option_values.h"
+#include "hosts/cli/draws/draw_range.h"
+#include "hosts/cli/study/number_gaps.h"
 
 // What `vestara delays`, `frequencies`, `table` and `gaps` are asked for, checked. Days count from 1899-12-30.
 
 namespace vestara::host {
-
-/// The draws that figures are taken from.
-struct DrawRange {
-  WheelSelection wheels;
-  std::optional<int32_t> from;
-  std::optional<int32_t> to;
-};
 
 enum class Ranked : bool { by_library, in_full };  ///< the library's list, or every pair sorted
 enum class Shown : bool { ranking, grid };
@@ -46,14 +39,8 @@ struct TableOptions {
 };
 
 struct GapsOptions {
-  std::vector<int16_t> numbers;  ///< one, or two in ascending order
-  int16_t wheel = 0;             ///< enumerator; 0 for all
-  bool without_national = false;
-  std::optional<int32_t> from;
-  std::optional<int32_t> to;
+  GapQuestion question;
   bool plot = false;
-
-  bool is_pair() const { return numbers.size() == 2; }
 };
 
 }  // namespace vestara::host

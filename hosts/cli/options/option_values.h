@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/files/draw_format.h"
 #include "hosts/cli/output/output.h"
 #include "hosts/cli/terminal/terminal.h"
@@ -30,11 +31,6 @@ void check_range(std::optional<int32_t> from, std::optional<int32_t> to);
 /// 1 to 5, or ambata, ambo, terno, quaterna, cinquina.
 int16_t hits_value(const std::string& text);
 
-/// Which wheels a search looks at.
-struct WheelSelection {
-  bool all = true;
-  std::string codes;  ///< "BA,NA"; empty for all
-};
 /// "BA,Napoli", "all" or "cities".
 WheelSelection wheels_value(const std::string& text);
 

@@ -50,9 +50,7 @@ struct ArchiveOptions {};
 struct SearchOptions {
   NumberList numbers;
   int16_t hits = 1;
-  WheelSelection wheels;
-  std::optional<int32_t> from;
-  std::optional<int32_t> to;
+  DrawRange draws;
   bool oldest_first = false;
   size_t table_rows = std::numeric_limits<size_t>::max();
   bool statistics = false;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "automation/variant.h"
 #include "hosts/cli/options/options.h"
 
 namespace vestara::host {
@@ -20,8 +18,5 @@ struct SearchWords {
 
 /// The search that they mean. Failure (usage) when they mean none.
 SearchOptions search_question(const SearchWords& words);
-
-/// A bound as the library takes it.
-automation::Variant date_bound(std::optional<int32_t> day);
 
 }  // namespace vestara::host

@@ -5,29 +5,14 @@
 #include <string>
 #include <variant>
 
+#include "hosts/cli/keeping/stored_systems.h"
 #include "hosts/cli/options/option_values.h"
+#include "hosts/cli/study/system_numbers.h"
 #include "hosts/cli/terminal/confirmation.h"
 
 // What the commands behind `vestara system` are asked for, checked. An empty output is no file.
 
 namespace vestara::host {
-
-enum class NumberSet { twins, reversibles, ending, fibonacci, tens, figure };
-enum class Reach : bool { library, plain };  ///< the library's list, or the one of 1 to 90 that players expect
-
-struct SystemGenerateOptions {
-  NumberSet set = NumberSet::twins;
-  int16_t number = 0;  ///< 0 for twins and reversibles
-  Reach reach = Reach::library;
-};
-
-struct SystemRandomOptions {
-  int32_t count = 0;
-  int32_t least = 1;
-  int32_t most = 90;
-  bool repeat = false;
-  bool sorted = false;
-};
 
 struct SystemIntegralOptions {
   NumberList numbers;
@@ -44,17 +29,6 @@ struct SystemSaveOptions {
   int16_t guarantee = 0;
   int32_t replaced = 0;  ///< the system in whose place it comes; 0 for none
   Consent consent = Consent::ask;
-};
-
-/// An empty text and 0 do not filter.
-struct SystemListOptions {
-  std::string title;        ///< found anywhere in the title
-  std::string description;  ///< the same
-  std::string kind;
-  int16_t numbers = 0;
-  int16_t size = 0;
-  int16_t bets = 0;
-  int16_t guarantee = 0;
 };
 
 struct SystemShowOptions {
@@ -75,7 +49,7 @@ struct SystemDeleteOptions {
   Consent consent = Consent::ask;
 };
 
-using SystemOptions = std::variant<SystemGenerateOptions, SystemRandomOptions, SystemIntegralOptions, SystemSaveOptions,
-                                   SystemListOptions, SystemShowOptions, SystemConvertOptions, SystemDeleteOptions>;
+using SystemOptions = std::variant<SetQuestion, RandomQuestion, SystemIntegralOptions, SystemSaveOptions, SystemFilter,
+                                   SystemShowOptions, SystemConvertOptions, SystemDeleteOptions>;
 
 }  // namespace vestara::host

@@ -67,9 +67,9 @@ std::string set_name(NumberSet set) {
   return std::string(std::find_if(sets.begin(), sets.end(), [&](const Set& each) { return each.set == set; })->name);
 }
 
-SystemGenerateOptions system_generate_options(const SystemArguments& given) {
+SetQuestion system_generate_options(const SystemArguments& given) {
   const Set set = set_named(given.set);
-  SystemGenerateOptions options{set.set, 0, given.strict ? Reach::plain : Reach::library};
+  SetQuestion options{set.set, 0, given.strict ? Reach::plain : Reach::library};
   const bool takes_number = set.most != 0;
   if (given.set_number.empty() == takes_number)
     throw Failure(ExitCode::usage,
@@ -82,12 +82,12 @@ SystemGenerateOptions system_generate_options(const SystemArguments& given) {
   return options;
 }
 
-SystemRandomOptions system_random_options(const SystemArguments& given) {
+RandomQuestion system_random_options(const SystemArguments& given) {
   constexpr int32_t most_numbers = 1000000;
   constexpr int32_t largest = (1 << 30) - 1;  // the library's largest range, less one
-  const SystemRandomOptions options{whole_value("--count", given.count, 1, most_numbers),
-                                    whole_value("--from", given.from, 0, largest),
-                                    whole_value("--to", given.to, 0, largest), given.repeat, given.sorted};
+  const RandomQuestion options{whole_value("--count", given.count, 1, most_numbers),
+                               whole_value("--from", given.from, 0, largest), whole_value("--to", given.to, 0, largest),
+                               given.repeat, given.sorted};
   if (options.least > options.most)
     throw Failure(ExitCode::usage, "--from " + std::to_string(options.least) + " is larger than --to " +
                                        std::to_string(options.most) + "; the smaller number comes first");
@@ -120,7 +120,7 @@ SystemSaveOptions system_save_options(const SystemArguments& given) {
   return options;
 }
 
-SystemListOptions system_list_options(const SystemArguments& given) {
+SystemFilter system_list_options(const SystemArguments& given) {
   check_kind(given.kind);
   return {given.title,
           given.description,

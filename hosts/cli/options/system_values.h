@@ -6,11 +6,11 @@
 
 namespace vestara::host {
 
-SystemGenerateOptions system_generate_options(const SystemArguments& given);
-SystemRandomOptions system_random_options(const SystemArguments& given);
+SetQuestion system_generate_options(const SystemArguments& given);
+RandomQuestion system_random_options(const SystemArguments& given);
 SystemIntegralOptions system_integral_options(const SystemArguments& given);
 SystemSaveOptions system_save_options(const SystemArguments& given);
-SystemListOptions system_list_options(const SystemArguments& given);
+SystemFilter system_list_options(const SystemArguments& given);
 SystemShowOptions system_show_options(const SystemArguments& given);
 SystemConvertOptions system_convert_options(const SystemArguments& given);
 SystemDeleteOptions system_delete_options(const SystemArguments& given);

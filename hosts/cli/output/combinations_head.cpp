@@ -2,13 +2,13 @@
 
 namespace vestara::host {
 
-ExactCount combination_count(const NumberList& numbers, int32_t size) {
-  return ways_to_choose(static_cast<int32_t>(numbers.count), size);
+ExactCount combination_count(size_t numbers, int32_t size) {
+  return ways_to_choose(static_cast<int32_t>(numbers), size);
 }
 
-Report combinations_head(const NumberList& numbers, int32_t size, Listing listing) {
+Report combinations_head(size_t numbers, int32_t size, Listing listing) {
   Report report;
-  report.facts = {{"numbers", static_cast<int64_t>(numbers.count)},
+  report.facts = {{"numbers", static_cast<int64_t>(numbers)},
                   {"size", int64_t{size}},
                   {"count", count_cell(combination_count(numbers, size))}};
   if (listing == Listing::absent) return report;

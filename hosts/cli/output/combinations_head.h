@@ -1,14 +1,15 @@
 #pragma once
 
-#include "hosts/cli/options/option_values.h"
+#include "hosts/cli/output/output.h"
 #include "hosts/cli/study/exact_count.h"
 
 namespace vestara::host {
 
-ExactCount combination_count(const NumberList& numbers, int32_t size);
+/// The ways to choose `size` of so many numbers.
+ExactCount combination_count(size_t numbers, int32_t size);
 
 enum class Listing : bool { absent, follows };
 /// How many combinations there are, and the columns of their listing.
-Report combinations_head(const NumberList& numbers, int32_t size, Listing listing);
+Report combinations_head(size_t numbers, int32_t size, Listing listing);
 
 }  // namespace vestara::host

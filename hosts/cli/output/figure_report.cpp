@@ -6,6 +6,7 @@
 
 #include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/output/heat_map.h"
+#include "hosts/cli/terminal/terminal.h"
 
 namespace vestara::host {
 namespace {
@@ -54,26 +55,25 @@ void list_ranking(Report& report, const FigureNames& names, const std::vector<Ra
 }
 
 template <class Value>
-void write_grid(Report report, const FigureNames& names, const WheelGrid<Value>& grid,
-                const std::vector<int16_t>& wheels, const Context& context) {
-  const OutputStyle style = context.style();
+void write_grid(std::ostream& out, Report report, const FigureNames& names, const WheelGrid<Value>& grid,
+                const std::vector<int16_t>& wheels, const OutputStyle& style) {
   if (style.format == OutputFormat::table) {
-    write_report(context.out, report, style);
-    context.out << "\n" << heat_map(map_of(grid, wheels), terminal_columns(context.out), style.colour);
+    write_report(out, report, style);
+    out << "\n" << heat_map(map_of(grid, wheels), terminal_columns(out), style.colour);
     return;
   }
   begin_listing(report, names, {"wheel", "number"});
   for (const int16_t wheel : wheels)
     for (int16_t number = 1; number <= number_count; ++number)
       report.rows.push_back({std::string(wheel_code(wheel)), int64_t{number}, figure_cell(grid.at(wheel, number))});
-  write_report(context.out, report, style);
+  write_report(out, report, style);
 }
 
 template void list_ranking(Report&, const FigureNames&, const std::vector<RankingEntry<int32_t>>&, size_t);
 template void list_ranking(Report&, const FigureNames&, const std::vector<RankingEntry<double>>&, size_t);
-template void write_grid(Report, const FigureNames&, const WheelGrid<int32_t>&, const std::vector<int16_t>&,
-                         const Context&);
-template void write_grid(Report, const FigureNames&, const WheelGrid<double>&, const std::vector<int16_t>&,
-                         const Context&);
+template void write_grid(std::ostream&, Report, const FigureNames&, const WheelGrid<int32_t>&,
+                         const std::vector<int16_t>&, const OutputStyle&);
+template void write_grid(std::ostream&, Report, const FigureNames&, const WheelGrid<double>&,
+                         const std::vector<int16_t>&, const OutputStyle&);
 
 }  // namespace vestara::host

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "hosts/cli/commands.h"
 #include "hosts/cli/output/output.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
@@ -30,7 +29,7 @@ void list_ranking(Report& report, const FigureNames& names, const std::vector<Ra
 
 /// The grid: wheel, number and figure of each cell in the forms for programs, a map of colours in a table.
 template <class Value>
-void write_grid(Report report, const FigureNames& names, const WheelGrid<Value>& grid,
-                const std::vector<int16_t>& wheels, const Context& context);
+void write_grid(std::ostream& out, Report report, const FigureNames& names, const WheelGrid<Value>& grid,
+                const std::vector<int16_t>& wheels, const OutputStyle& style);
 
 }  // namespace vestara::host

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/library_failure.h"
-#include "hosts/cli/options/search_question.h"
 #include "hosts/cli/widened.h"
 #include "vestara/frequency/frequency.h"
 

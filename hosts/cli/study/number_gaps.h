@@ -4,10 +4,21 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/number_options.h"
 
 namespace vestara::host {
+
+/// Whose distances are asked for, and in which draws. Days count from 1899-12-30.
+struct GapQuestion {
+  std::vector<int16_t> numbers;  ///< one, or two in ascending order
+  int16_t wheel = 0;             ///< enumerator; 0 for all
+  bool without_national = false;
+  std::optional<int32_t> from;
+  std::optional<int32_t> to;
+
+  bool is_pair() const { return numbers.size() == 2; }
+};
 
 /// The distances between the appearances of a number or a pair, as cDistanze2 has them, newest first. They count draws
 /// of the wheel, or dates when it is of all wheels.
@@ -28,9 +39,9 @@ struct NumberGaps {
 };
 
 /// Failure (database) when the library could not count them.
-NumberGaps load_gaps(const ArchiveSession& session, const GapsOptions& options);
+NumberGaps load_gaps(const ArchiveSession& session, const GapQuestion& question);
 
 /// The draws that they are taken from.
-DrawRange range_of(const GapsOptions& options);
+DrawRange range_of(const GapQuestion& question);
 
 }  // namespace vestara::host

@@ -83,12 +83,12 @@ std::string note_on(const cStatistiche& statistics, const WheelsPerDraw& drawn) 
 
 }  // namespace
 
-FactBlock statistics_block(const ArchiveSession& session, const SearchOptions& question, cStatistiche& statistics) {
-  const WheelsPerDraw drawn(session, question);
+FactBlock statistics_block(const ArchiveSession& session, const DrawRange& range, cStatistiche& statistics) {
+  const WheelsPerDraw drawn(session, range);
   FactBlock block{"statistics", drawn_facts(statistics, drawn)};
   append(block.facts, gap_facts(*statistics.Distanze()));
   append(block.facts, library_facts(statistics));
-  append(block.facts, facts_of_all_wheels(statistics, wheels_searched(session, question)));
+  append(block.facts, facts_of_all_wheels(statistics, wheels_in(session, range)));
   const std::string note = note_on(statistics, drawn);
   if (!note.empty()) block.facts.push_back({"note", note});
   return block;

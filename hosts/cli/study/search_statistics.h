@@ -1,7 +1,7 @@
 #pragma once
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/options.h"
 #include "hosts/cli/output/output.h"
 #include "vestara/statistics/statistics.h"
 
@@ -11,6 +11,6 @@ namespace vestara::host {
 /// drawn in it, and what they gave; the gaps; the library's own figures; last what chance would give if every wheel of
 /// the search were drawn each time. Programs read the names: none goes, and none gets another meaning. A note says
 /// where the library's figures differ in kind.
-FactBlock statistics_block(const ArchiveSession& session, const SearchOptions& question, cStatistiche& statistics);
+FactBlock statistics_block(const ArchiveSession& session, const DrawRange& range, cStatistiche& statistics);
 
 }  // namespace vestara::host

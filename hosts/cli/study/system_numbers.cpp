@@ -56,34 +56,34 @@ std::string plain_list(NumberSet set, int16_t number) {
   return within_the_game(library_list(set, number));
 }
 
-automation::Variant drawn(const SystemRandomOptions& options) {
+automation::Variant drawn(const RandomQuestion& question) {
   const cSistemi systems;
   automation::Array series;
-  systems.GetRndNumber(series, options.count, options.least, options.most, options.repeat);
+  systems.GetRndNumber(series, question.count, question.least, question.most, question.repeat);
   automation::Variant numbers = series;
-  if (options.sorted) systems.ArrNumbersSort(numbers);
+  if (question.sorted) systems.ArrNumbersSort(numbers);
   return numbers;
 }
 
 }  // namespace
 
-std::string numbers_of_set(const SystemGenerateOptions& options) {
-  return options.reach == Reach::plain ? plain_list(options.set, options.number)
-                                       : library_list(options.set, options.number);
+std::string numbers_of_set(const SetQuestion& question) {
+  return question.reach == Reach::plain ? plain_list(question.set, question.number)
+                                        : library_list(question.set, question.number);
 }
 
-std::string random_numbers(const SystemRandomOptions& options) {
+std::string random_numbers(const RandomQuestion& question) {
   const StoppableCall stoppable;
   try {
     std::string list;
-    const automation::Variant numbers = drawn(options);
+    const automation::Variant numbers = drawn(question);
     for (const automation::Variant& number : numbers.get_if<automation::Array>()->items())
       append(list, automation::to_text(number));
     return list;
   } catch (const automation::RunTimeError&) {
     if (!Interruption::requested()) throw;
     throw Failure(ExitCode::interrupted,
-                  "interrupted before all of " + std::to_string(options.count) + " numbers were drawn");
+                  "interrupted before all of " + std::to_string(question.count) + " numbers were drawn");
   }
 }
 

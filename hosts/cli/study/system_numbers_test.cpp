@@ -43,9 +43,9 @@ TEST(SystemNumbers, Sets) {
 }
 
 TEST(SystemNumbers, RandomOnes) {
-  for (const SystemRandomOptions& options :
-       {SystemRandomOptions{90, 1, 90}, SystemRandomOptions{5, 1, 90, false, true}, SystemRandomOptions{1, 0, 0},
-        SystemRandomOptions{3, 7, 7, true}, SystemRandomOptions{300, 5, 9, true, true}}) {
+  for (const RandomQuestion& options :
+       {RandomQuestion{90, 1, 90}, RandomQuestion{5, 1, 90, false, true}, RandomQuestion{1, 0, 0},
+        RandomQuestion{3, 7, 7, true}, RandomQuestion{300, 5, 9, true, true}}) {
     const std::string list = random_numbers(options);
     std::vector<int32_t> numbers;
     for (const std::string_view piece : automation::split(list, ',')) {

@@ -6,7 +6,6 @@
 
 #include "automation/coercion.h"
 #include "automation/date.h"
-#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/draws/wheel_names.h"
 
 namespace vestara::host {

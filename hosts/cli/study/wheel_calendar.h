@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/number_options.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {

@@ -5,17 +5,12 @@
 
 #include "automation/coercion.h"
 #include "automation/date.h"
-#include "hosts/cli/draws/draw_range.h"
 
 namespace vestara::host {
 namespace {
 
-std::string condition_of(const SearchOptions& question) {
-  return range_condition({question.wheels, question.from, question.to});
-}
-
-std::vector<int32_t> days_of(const ArchiveSession& session, const SearchOptions& question) {
-  auto rows = session.rows("SELECT DISTINCT dtEstr,concorsoNumero FROM storico" + condition_of(question));
+std::vector<int32_t> days_of(const ArchiveSession& session, const DrawRange& range) {
+  auto rows = session.rows("SELECT DISTINCT dtEstr,concorsoNumero FROM storico" + range_condition(range));
   std::vector<int32_t> days;
   for (const Column day = rows->column("dtEstr"); !rows->at_end(); rows->move_next())
     if (const auto date = automation::date_in(rows->value(day))) days.push_back(date->day());
@@ -25,8 +20,7 @@ std::vector<int32_t> days_of(const ArchiveSession& session, const SearchOptions&
 
 }  // namespace
 
-WheelDraws::WheelDraws(const ArchiveSession& session, const SearchOptions& question)
-    : WheelDraws(days_of(session, question)) {}
+WheelDraws::WheelDraws(const ArchiveSession& session, const DrawRange& range) : WheelDraws(days_of(session, range)) {}
 
 WheelDraws::WheelDraws(std::vector<int32_t> days) : days_(std::move(days)) { std::sort(days_.begin(), days_.end()); }
 
@@ -36,10 +30,10 @@ int64_t WheelDraws::between(std::optional<int32_t> after, std::optional<int32_t>
   return last - first;
 }
 
-int16_t wheels_searched(const ArchiveSession& session, const SearchOptions& question) {
-  if (!question.wheels.all)
-    return static_cast<int16_t>(1 + std::count(question.wheels.codes.begin(), question.wheels.codes.end(), ','));
-  auto rows = session.rows("SELECT count(DISTINCT ruota) AS quante FROM storico" + condition_of(question));
+int16_t wheels_in(const ArchiveSession& session, const DrawRange& range) {
+  if (!range.wheels.all)
+    return static_cast<int16_t>(1 + std::count(range.wheels.codes.begin(), range.wheels.codes.end(), ','));
+  auto rows = session.rows("SELECT count(DISTINCT ruota) AS quante FROM storico" + range_condition(range));
   const int32_t wheels = rows->at_end() ? 0 : rows->whole_number(rows->column("quante"));
   session.connector()->CloseRecordset(rows);
   return static_cast<int16_t>(wheels);

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/options.h"
 
 namespace vestara::host {
 
@@ -13,8 +13,8 @@ namespace vestara::host {
 /// Days count from 1899-12-30.
 class WheelDraws {
  public:
-  /// Reads them for the period and the wheels of a search.
-  WheelDraws(const ArchiveSession& session, const SearchOptions& question);
+  /// Reads those of a range.
+  WheelDraws(const ArchiveSession& session, const DrawRange& range);
   /// `days` in any order, one for each draw.
   explicit WheelDraws(std::vector<int32_t> days);
 
@@ -26,7 +26,7 @@ class WheelDraws {
   std::vector<int32_t> days_;  ///< sorted
 };
 
-/// How many wheels a search looks at: those that it names, or all that the archive has in its period.
-int16_t wheels_searched(const ArchiveSession& session, const SearchOptions& question);
+/// How many wheels a range has: those that it names, or all that the archive has in its period.
+int16_t wheels_in(const ArchiveSession& session, const DrawRange& range);
 
 }  // namespace vestara::host

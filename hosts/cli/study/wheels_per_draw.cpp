@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <string>
 
-#include "hosts/cli/draws/draw_range.h"
 #include "vestara/statistics/statistics.h"
 
 namespace vestara::host {
 namespace {
 
-WheelsPerDraw::Draws read_draws(const ArchiveSession& session, const SearchOptions& question) {
-  std::string condition = range_condition({question.wheels, question.from, question.to});
+WheelsPerDraw::Draws read_draws(const ArchiveSession& session, const DrawRange& range) {
+  std::string condition = range_condition(range);
   condition += condition.empty() ? " WHERE " : " AND ";
   auto rows = session.rows(
       "SELECT ruote,count(*) AS estrazioni FROM (SELECT count(DISTINCT ruota) AS ruote FROM storico" + condition +
@@ -27,8 +26,8 @@ WheelsPerDraw::Draws read_draws(const ArchiveSession& session, const SearchOptio
 
 }  // namespace
 
-WheelsPerDraw::WheelsPerDraw(const ArchiveSession& session, const SearchOptions& question)
-    : WheelsPerDraw(read_draws(session, question)) {}
+WheelsPerDraw::WheelsPerDraw(const ArchiveSession& session, const DrawRange& range)
+    : WheelsPerDraw(read_draws(session, range)) {}
 
 int64_t WheelsPerDraw::draws() const {
   int64_t draws = 0;

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/options/options.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
@@ -16,8 +16,8 @@ class WheelsPerDraw {
   /// Index: wheels drawn. Value: draws with so many.
   using Draws = std::array<int64_t, wheel_count + 1>;
 
-  /// Reads the period and the wheels of a search. A wheel whose row lacks numbers was not drawn.
-  WheelsPerDraw(const ArchiveSession& session, const SearchOptions& question);
+  /// Reads those of a range. A wheel whose row lacks numbers was not drawn.
+  WheelsPerDraw(const ArchiveSession& session, const DrawRange& range);
   explicit WheelsPerDraw(const Draws& draws) : draws_(draws) {}
 
   /// Draws in which one of the wheels was drawn.

@@ -47,10 +47,7 @@ TEST(WheelsPerDraw, AreReadFromTheArchive) {
                          {{true, ""}, the_seventh, 3, 3},
                          {{false, "RN"}, the_seventh, 1, 1},
                          {{false, "MI"}, {}, 0, 0}}) {
-    SearchOptions question;
-    question.wheels = row.wheels;
-    question.from = row.from;
-    const WheelsPerDraw draws(session, question);
+    const WheelsPerDraw draws(session, DrawRange{row.wheels, row.from, {}});
     EXPECT_EQ(draws.draws(), row.draws) << row.wheels.codes;
     EXPECT_EQ(draws.wheels(), row.drawn) << row.wheels.codes;
   }
