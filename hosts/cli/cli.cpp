@@ -8,6 +8,7 @@
 
 #include "automation/shown_text.h"
 #include "automation/text.h"
+#include "hosts/cli/archive/shortage.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/options/command_line.h"
@@ -75,9 +76,10 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
   ExitCode code = ExitCode::ok;
   try {
     code = run_command(argc, argv, out, err);
-  } catch (const Failure& failure) {
-    say(err, failure.what());
-    code = failure.code();
+  } catch (const vestara::Failure& failure) {
+    const bool is_of_database = failure.kind() == FailureKind::database;
+    say(err, failure.description() + (is_of_database ? shortage_of_files() : std::string()));
+    code = exit_code(failure.kind());
   } catch (const std::bad_alloc&) {
     say(err, "there is not enough memory for this, nothing was changed; other programs have to end first");
     code = ExitCode::database;

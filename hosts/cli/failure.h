@@ -1,7 +1,8 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
+
+#include "vestara/foundation/failure.h"
 
 namespace vestara::host {
 
@@ -16,14 +17,44 @@ enum class ExitCode : int {
   interrupted = 130,
 };
 
-/// Ends a command. The text reads "what was wrong, where; what would be right"; further lines may follow it.
-class Failure : public std::runtime_error {
+/// The exit code of a failure.
+constexpr ExitCode exit_code(FailureKind kind) {
+  switch (kind) {
+    case FailureKind::argument:
+      return ExitCode::usage;
+    case FailureKind::nothing_found:
+      return ExitCode::nothing_found;
+    case FailureKind::file:
+      return ExitCode::file;
+    case FailureKind::interrupted:
+      return ExitCode::interrupted;
+    case FailureKind::unspecified:
+    case FailureKind::database:
+      break;
+  }
+  return ExitCode::database;
+}
+
+/// Ends a command with an exit code, which is that of a kind of failure.
+class Failure : public vestara::Failure {
  public:
-  Failure(ExitCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
-  ExitCode code() const { return code_; }
+  Failure(ExitCode code, const std::string& text) : vestara::Failure(kind_of(code), text) {}
 
  private:
-  ExitCode code_;
+  static constexpr FailureKind kind_of(ExitCode code) {
+    switch (code) {
+      case ExitCode::usage:
+        return FailureKind::argument;
+      case ExitCode::nothing_found:
+        return FailureKind::nothing_found;
+      case ExitCode::file:
+        return FailureKind::file;
+      case ExitCode::interrupted:
+        return FailureKind::interrupted;
+      default:
+        return FailureKind::database;
+    }
+  }
 };
 
 }  // namespace vestara::host

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/archive/archive_session.h"
 
 namespace vestara::host {
 

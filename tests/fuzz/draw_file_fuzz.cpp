@@ -8,16 +8,16 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "hosts/cli/draws/synthetic_draws.h"
-#include "hosts/cli/failure.h"
-#include "hosts/cli/files/contest_numbers.h"
-#include "hosts/cli/files/draw_file.h"
-#include "hosts/cli/files/draw_file_writer.h"
-#include "hosts/cli/files/file_source.h"
-#include "hosts/cli/files/gzip_source.h"
-#include "hosts/cli/files/zip_source.h"
 #include "tests/fuzz/counted_memory.h"
 #include "tests/support/random.h"
+#include "vestara/draws/synthetic_draws.h"
+#include "vestara/files/contest_numbers.h"
+#include "vestara/files/draw_file.h"
+#include "vestara/files/draw_file_writer.h"
+#include "vestara/files/file_source.h"
+#include "vestara/files/gzip_source.h"
+#include "vestara/files/zip_source.h"
+#include "vestara/foundation/failure.h"
 
 // Files of draws in every form, damaged at random. Each must be read or refused with a Failure (file); what is read
 // must be draws, add up and read back; the memory taken must stay within its bound.
@@ -26,7 +26,7 @@
 namespace {
 
 using testing_support::Random;
-using namespace vestara::host;
+using namespace vestara;
 
 [[noreturn]] void fail(const char* what, const std::string& file) {
   std::fprintf(stderr, "%s does not hold for a file of %zu bytes, left in draw_file_fuzz.failed\n", what, file.size());
@@ -245,7 +245,7 @@ void check_file(const std::string& bytes, Tally& tally) {
     if (!file.draws.rejected.empty()) ++tally.with_rejects;
     if (peak > fixed + 4 * size) fail("memory is four times the file at most", bytes);
   } catch (const Failure& failure) {
-    if (failure.code() != ExitCode::file) fail("a bad file is refused as one", bytes);
+    if (failure.kind() != FailureKind::file) fail("a bad file is refused as one", bytes);
     // How much of a packed file came out before it proved damaged is not known here.
     const bool is_measured = is_unpacked || !(is_zip(bytes) || is_gzip(bytes));
     if (is_measured && counted_memory::peak() > fixed + 4 * size) fail("a refused file takes no more", bytes);

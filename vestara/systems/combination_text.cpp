@@ -36,7 +36,7 @@ std::string_view trimmed_to_digits(std::string_view combinations) {
 
 std::string distinct_elements(std::string_view combinations) {
   std::vector<Variant> elements;
-  for (const std::string_view line : automation::split(combinations, line_break)) {
+  for (const std::string_view line : combination_lines(combinations)) {
     if (line.empty()) elements.emplace_back("");
     for (const std::string_view element : automation::split(line, ',')) elements.emplace_back(element);
   }
@@ -61,7 +61,7 @@ std::vector<std::string> converted_lines(std::string_view combinations, std::spa
     if (number < 0) throw automation::subscript_out_of_range();
     replacements[number] = new_elements[i];
   }
-  for (const std::string_view line : automation::split(combinations, line_break)) {
+  for (const std::string_view line : combination_lines(combinations)) {
     std::string text = rewritten(line, [&](int32_t number) {
       const auto found = replacements.find(number);
       if (found == replacements.end()) throw automation::subscript_out_of_range();

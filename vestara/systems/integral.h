@@ -7,14 +7,13 @@
 #include <vector>
 
 #include "automation/export.h"
+#include "vestara/foundation/combination_lines.h"
 
 namespace vestara {
 
 /// How many ways there are to choose `chosen` of `items`: a falling product in double precision over a 32-bit
 /// factorial. 0 for none to choose; error 6 for 13 or more, whose factorial does not fit: both on purpose.
 VESTARA_API double integral_count(int16_t items, int16_t chosen);
-
-inline constexpr std::string_view line_break = "\r\n";
 
 /// One line per combination of `chosen` of the items, in lexicographic order of their places, joined by ",": no
 /// break behind the last line. `count` is how many there are; `chosen` is 1 to the number of items. Yields to the

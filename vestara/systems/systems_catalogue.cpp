@@ -104,7 +104,7 @@ bool cSistemi::SalvaSistema(InOut<int32_t> idSis, InOut<std::string> sistemaComb
     if (!connector->ExecuteSql(
             system_insert_statement(*idSis, {titolo, descrizione, numeri, QtaNumeri, nGiocate, kColonne, iGaranzia})))
       return false;
-    return std::ranges::all_of(automation::split(*sistemaCombi, line_break), [&](std::string_view line) {
+    return std::ranges::all_of(combination_lines(*sistemaCombi), [&](std::string_view line) {
       return connector->ExecuteSql(combination_insert_statement(*idSis, line));
     });
   });

@@ -1,10 +1,10 @@
 #include <vector>
 
 #include "automation/coercion.h"
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/draws/wheel_names.h"
-#include "hosts/cli/keeping/archive_session.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/draws/wheel_names.h"
 
 namespace vestara::host {
 namespace {

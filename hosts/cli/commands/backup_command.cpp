@@ -3,15 +3,15 @@
 
 #include "automation/error.h"
 #include "dorvane/backup.h"
+#include "hosts/cli/archive/archive_url.h"
+#include "hosts/cli/checks/soundness.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_copy.h"
-#include "hosts/cli/keeping/archive_url.h"
-#include "hosts/cli/keeping/soundness.h"
-#include "hosts/cli/keeping/table_reader.h"
 #include "hosts/cli/output/output_file.h"
 #include "hosts/cli/output/part_file.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/terminal/copy_progress.h"
 #include "hosts/cli/terminal/interruption.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/copy/table_reader.h"
 
 namespace vestara::host {
 namespace {

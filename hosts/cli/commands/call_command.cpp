@@ -4,17 +4,17 @@
 #include "automation/error.h"
 #include "automation/shown_text.h"
 #include "automation/text.h"
+#include "hosts/cli/archive/archive_session.h"
+#include "hosts/cli/archive/archive_url.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/keeping/archive_url.h"
 #include "hosts/cli/output/json_text.h"
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/programming/call_arguments.h"
 #include "hosts/cli/programming/known_classes.h"
 #include "hosts/cli/programming/literal.h"
 #include "hosts/cli/programming/member_path.h"
 #include "hosts/cli/programming/near_names.h"
 #include "hosts/cli/programming/variant_json.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {
@@ -122,6 +122,8 @@ ExitCode run_call(const CallOptions& options, const Context& context) {
   try {
     if (session) object = connected(object, *session);
     write(context.out, outcome_of(*object, options));
+  } catch (const vestara::Failure&) {
+    throw;
   } catch (const automation::RunTimeError& error) {
     write(context.out, error_json(error, identifier_of(*object)));
     return ExitCode::raised;

@@ -1,7 +1,7 @@
+#include "hosts/cli/archive/archive_url.h"
+#include "hosts/cli/checks/soundness.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_copy.h"
-#include "hosts/cli/keeping/archive_url.h"
-#include "hosts/cli/keeping/soundness.h"
+#include "hosts/cli/terminal/copy_progress.h"
 #include "hosts/cli/terminal/interruption.h"
 
 namespace vestara::host {

@@ -2,12 +2,12 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/output/histogram.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/output/histogram_plot.h"
 #include "hosts/cli/study/gap_rows.h"
-#include "hosts/cli/study/wheel_draws.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/study/wheel_draws.h"
 
 namespace vestara::host {
 namespace {

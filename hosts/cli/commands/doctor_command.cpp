@@ -3,16 +3,16 @@
 #include <vector>
 
 #include "automation/date.h"
+#include "hosts/cli/archive/archive_url.h"
+#include "hosts/cli/checks/content_checks.h"
+#include "hosts/cli/checks/date_checks.h"
+#include "hosts/cli/checks/day_checks.h"
+#include "hosts/cli/checks/engine_findings.h"
+#include "hosts/cli/checks/schema_findings.h"
+#include "hosts/cli/checks/soundness.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_url.h"
-#include "hosts/cli/keeping/content_checks.h"
-#include "hosts/cli/keeping/date_checks.h"
-#include "hosts/cli/keeping/day_checks.h"
-#include "hosts/cli/keeping/engine_findings.h"
-#include "hosts/cli/keeping/schema_findings.h"
-#include "hosts/cli/keeping/soundness.h"
-#include "hosts/cli/keeping/table_reader.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/copy/table_reader.h"
 
 namespace vestara::host {
 namespace {
@@ -20,8 +20,8 @@ namespace {
 ArchiveSession connect(const std::string& database, const std::string& url) {
   try {
     return ArchiveSession::for_reading(database);
-  } catch (const Failure& failure) {
-    throw Failure(failure.code(), std::string(failure.what()) + " (" + shown_url(url) + ")");
+  } catch (const vestara::Failure& failure) {
+    throw vestara::Failure(failure.kind(), std::string(failure.what()) + " (" + shown_url(url) + ")");
   }
 }
 
@@ -64,7 +64,7 @@ std::string why_unchangeable(const ArchiveSession& session) {
     const bool has_draws = session.can_read(archive_tables().front());
     if (!has_draws || session.connector()->ExecuteSql("DELETE FROM storico WHERE 1=0")) return {};
     return session.connector()->LastError();
-  } catch (const Failure& failure) {
+  } catch (const vestara::Failure& failure) {
     return failure.what();
   }
 }

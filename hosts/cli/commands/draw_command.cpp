@@ -2,16 +2,17 @@
 #include <vector>
 
 #include "automation/date.h"
+#include "hosts/cli/archive/required_draw.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/commands/draw_show.h"
-#include "hosts/cli/draws/wheel_names.h"
-#include "hosts/cli/files/draw_entry.h"
-#include "hosts/cli/keeping/archive_counts.h"
-#include "hosts/cli/keeping/draw_insertion.h"
-#include "hosts/cli/keeping/manual_marks.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/options/draw_entry.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheels.h"
+#include "vestara/keeping/archive_counts.h"
+#include "vestara/keeping/import/draw_insertion.h"
+#include "vestara/keeping/import/manual_marks.h"
 
 namespace vestara::host {
 namespace {
@@ -81,7 +82,7 @@ void require_usual(const DrawSaveOptions& options, const std::vector<DrawRow>& r
 Report save(const DrawSaveOptions& options, const Context& context) {
   const auto rows = options.file.empty() ? options.rows : rows_in_file(options.file, options.day);
   require_usual(options, rows, context.err);
-  const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   const int32_t held = rows_of_day(session, options.day);
   if (held != 0) require_consent(options.consent, "replace " + rows_in_words(held, options.day), context.err);
   const Saved saved = store(session, options, rows, held);
@@ -95,7 +96,7 @@ Report save(const DrawSaveOptions& options, const Context& context) {
 }
 
 Report erase(const DrawDeleteOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   const int32_t held = some_rows_of_day(session, options.day);
   require_consent(options.consent, "delete " + rows_in_words(held, options.day), context.err);
   const int32_t gone = remove(session, options.day);

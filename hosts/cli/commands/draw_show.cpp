@@ -3,13 +3,14 @@
 #include <string>
 
 #include "automation/coercion.h"
-#include "hosts/cli/draws/wheel_names.h"
+#include "hosts/cli/archive/required_draw.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/keeping/archive_counts.h"
-#include "hosts/cli/output/shown_text.h"
 #include "vestara/archive/draw_record.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/draws/wheel_names.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/archive_counts.h"
 
 namespace vestara::host {
 namespace {

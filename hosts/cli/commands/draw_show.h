@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/options/options.h"
 #include "hosts/cli/output/output.h"
 

@@ -1,9 +1,9 @@
 #include <optional>
 
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_rows.h"
 #include "hosts/cli/output/draw_output.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/archive_rows.h"
 
 namespace vestara::host {
 

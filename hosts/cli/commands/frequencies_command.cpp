@@ -1,13 +1,13 @@
 #include <algorithm>
 
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/draws/wheel_names.h"
-#include "hosts/cli/keeping/archive_session.h"
 #include "hosts/cli/output/figure_report.h"
 #include "hosts/cli/study/frequency_figures.h"
 #include "hosts/cli/study/plain_ranking.h"
-#include "hosts/cli/study/wheel_calendar.h"
+#include "vestara/draws/draw_range.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/study/wheel_calendar.h"
 
 namespace vestara::host {
 namespace {

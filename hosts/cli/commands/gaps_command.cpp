@@ -1,13 +1,13 @@
 #include <algorithm>
 
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/draws/wheel_names.h"
-#include "hosts/cli/keeping/archive_session.h"
-#include "hosts/cli/output/histogram.h"
-#include "hosts/cli/output/shown_text.h"
-#include "hosts/cli/study/chance.h"
+#include "hosts/cli/output/histogram_plot.h"
 #include "hosts/cli/study/number_gaps.h"
+#include "vestara/draws/draw_range.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/study/chance.h"
 
 namespace vestara::host {
 namespace {

@@ -1,8 +1,8 @@
 #include "hosts/cli/commands.h"
-#include "hosts/cli/draws/calendar.h"
-#include "hosts/cli/draws/synthetic_draws.h"
 #include "hosts/cli/output/draw_output.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/draws/calendar.h"
+#include "vestara/draws/synthetic_draws.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {

@@ -1,11 +1,12 @@
+#include "hosts/cli/archive/archive_url.h"
+#include "hosts/cli/archive/import_words.h"
+#include "hosts/cli/archive/removal_place.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/files/draw_file.h"
-#include "hosts/cli/files/file_source.h"
-#include "hosts/cli/keeping/archive_import.h"
-#include "hosts/cli/keeping/archive_url.h"
-#include "hosts/cli/keeping/import_words.h"
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/terminal/progress_bar.h"
+#include "vestara/files/draw_file.h"
+#include "vestara/files/file_source.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/import/archive_import.h"
 
 namespace vestara::host {
 namespace {
@@ -48,8 +49,8 @@ Report summary(const DrawFile& file, const ImportOutcome& outcome, const std::st
 }
 
 ImportRules rules_of(const ImportOptions& options, const std::string& database) {
-  ImportRules rules{options.mode, options.missing_manual, std::nullopt};
-  if (options.backup == Backup::file) rules.backup_url = archive_url(database);
+  ImportRules rules{options.mode, options.missing_manual, {}};
+  if (options.backup == Backup::file) rules.backup = [url = archive_url(database)] { return removal_place(url); };
   return rules;
 }
 

@@ -45,7 +45,7 @@ int32_t store(const ArchiveSession& session, const SavedSaveOptions& options) {
 SearchOptions search_of(const StoredSearch& stored, int32_t id) {
   try {
     return question_of(stored);
-  } catch (const Failure& failure) {
+  } catch (const vestara::Failure& failure) {
     throw Failure(ExitCode::database, "saved search " + std::to_string(id) + " cannot be run: " + failure.what());
   }
 }
@@ -77,7 +77,7 @@ struct RunSaved {
   }
 
   ExitCode operator()(const SavedSaveOptions& options) const {
-    const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+    const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
     if (options.id != 0) {
       search_with_id(session, options.id);
       require_consent(options.consent, "replace the saved search " + std::to_string(options.id), context.err);
@@ -92,7 +92,7 @@ struct RunSaved {
   }
 
   ExitCode operator()(const SavedDeleteOptions& options) const {
-    const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+    const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
     search_with_id(session, options.id);
     require_consent(options.consent, "delete the saved search " + std::to_string(options.id), context.err);
     cLotto lotto;

@@ -1,6 +1,6 @@
 #include "automation/coercion.h"
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/keeping/archive_session.h"
 #include "hosts/cli/study/search_statistics.h"
 #include "vestara/archive/lotto.h"
 

@@ -2,7 +2,7 @@
 
 #include "automation/coercion.h"
 #include "automation/date.h"
-#include "hosts/cli/keeping/stored_value.h"
+#include "vestara/keeping/stored_value.h"
 
 namespace vestara::host {
 namespace {

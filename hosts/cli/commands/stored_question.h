@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/cli/keeping/stored_searches.h"
+#include "hosts/cli/archive/stored_searches.h"
 #include "hosts/cli/options/search_question.h"
 
 namespace vestara::host {

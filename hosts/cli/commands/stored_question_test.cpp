@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {
@@ -24,7 +24,7 @@ std::string meaning(const StoredSearch& search) {
     return options.numbers.text + " " + std::to_string(options.hits) + " " +
            (options.draws.wheels.all ? "all" : options.draws.wheels.codes) + " " + day(options.draws.from) + ".." +
            day(options.draws.to);
-  } catch (const Failure& failure) {
+  } catch (const vestara::Failure& failure) {
     const std::string what = failure.what();
     return "wrong: " + what.substr(0, what.find("; "));
   }

@@ -2,11 +2,11 @@
 
 #include <limits>
 
-#include "hosts/cli/files/system_file.h"
-#include "hosts/cli/keeping/stored_systems.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/archive/stored_systems.h"
+#include "hosts/cli/output/system_output.h"
 #include "hosts/cli/study/system_numbers.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {
@@ -49,7 +49,7 @@ int32_t store(const ArchiveSession& session, const SystemSaveOptions& options, c
 ExitCode run_system_save(const SystemSaveOptions& options, const Context& context) {
   const SystemFile file = read_system_file(options.file, context.err);
   const std::string numbers = cSistemi().GetCombiNumbers(file.combinations);
-  const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   const bool replaces = options.replaced != 0;
   if (replaces) require_consent(options.consent, "replace " + in_words(session, options.replaced), context.err);
   const int32_t id = store(session, options, file, numbers);
@@ -78,7 +78,7 @@ ExitCode run_system_list(const SystemFilter& options, const Context& context) {
 }
 
 ExitCode run_system_delete(const SystemDeleteOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_change(context.options.database);
+  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   require_consent(options.consent, "delete " + in_words(session, options.id), context.err);
   cSistemi catalogue;
   catalogue.ActiveConnection(session.connector());

@@ -7,9 +7,9 @@
 
 #include "automation/coercion.h"
 #include "automation/text.h"
-#include "hosts/cli/files/system_file.h"
 #include "hosts/cli/output/combinations_head.h"
 #include "hosts/cli/output/number_stream.h"
+#include "hosts/cli/output/system_output.h"
 #include "hosts/cli/terminal/stoppable_call.h"
 #include "vestara/foundation/error_log.h"
 #include "vestara/systems/integral.h"

@@ -45,8 +45,8 @@ TEST(SystemIntegral, Limits) {
     std::string refusal;
     try {
       check_integral({numbers_up_to(row.numbers), row.size, false, {}});
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.code(), ExitCode::usage);
+    } catch (const vestara::Failure& failure) {
+      EXPECT_EQ(failure.kind(), FailureKind::argument);
       refusal = failure.what();
       EXPECT_NE(refusal.find("; vestara combinations "), std::string::npos);
       refusal.erase(refusal.find(';'));

@@ -3,12 +3,13 @@
 
 #include "automation/coercion.h"
 #include "automation/text.h"
+#include "hosts/cli/archive/stored_systems.h"
 #include "hosts/cli/commands/system_catalogue.h"
-#include "hosts/cli/files/system_file.h"
-#include "hosts/cli/keeping/stored_systems.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/output/system_output.h"
 #include "hosts/cli/study/system_numbers.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {
@@ -68,7 +69,7 @@ ExitCode no_combinations(const std::string& name, const Context& context) {
   return ExitCode::nothing_found;
 }
 
-std::string name_of(const SystemConvertOptions& options) {
+std::string name_of_system(const SystemConvertOptions& options) {
   return options.id != 0 ? "system " + std::to_string(options.id) : "the system";
 }
 
@@ -82,10 +83,11 @@ std::string combinations_to_convert(const SystemConvertOptions& options, const C
 /// Failure when the numbers are fewer or more than the system's.
 std::string numbers_to_replace(const SystemConvertOptions& options, const std::string& combinations) {
   std::string numbers = cSistemi().GetCombiNumbers(combinations);
-  if (numbers.empty()) throw Failure(ExitCode::database, name_of(options) + " cannot be converted, see " + log_path());
+  if (numbers.empty())
+    throw Failure(ExitCode::database, name_of_system(options) + " cannot be converted, see " + log_path());
   const size_t count = length_of(numbers);
   if (count == options.numbers.count) return numbers;
-  throw Failure(ExitCode::usage, name_of(options) + " has " + counted(count, "different number") +
+  throw Failure(ExitCode::usage, name_of_system(options) + " has " + counted(count, "different number") +
                                      ", --numbers gives " + std::to_string(options.numbers.count) +
                                      "; give one for each of " + numbers);
 }
@@ -107,11 +109,12 @@ ExitCode run_system_show(const SystemShowOptions& options, const Context& contex
 
 ExitCode run_system_convert(const SystemConvertOptions& options, const Context& context) {
   const std::string before = combinations_to_convert(options, context);
-  if (before.empty()) return no_combinations(name_of(options), context);
+  if (before.empty()) return no_combinations(name_of_system(options), context);
   const std::string replaced = numbers_to_replace(options, before);
   std::string after;
   cSistemi().GetSisNumsConvert(before, options.numbers.text, after);
-  if (after.empty()) throw Failure(ExitCode::database, name_of(options) + " cannot be converted, see " + log_path());
+  if (after.empty())
+    throw Failure(ExitCode::database, name_of_system(options) + " cannot be converted, see " + log_path());
   if (!options.output.empty()) {
     write_system_file(options.output, context.out, after);
     return ExitCode::ok;

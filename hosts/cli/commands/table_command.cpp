@@ -5,14 +5,14 @@
 #include "automation/coercion.h"
 #include "automation/date.h"
 #include "automation/text.h"
+#include "hosts/cli/archive/archive_excerpt.h"
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/keeping/archive_excerpt.h"
-#include "hosts/cli/keeping/archive_session.h"
 #include "hosts/cli/library_failure.h"
-#include "hosts/cli/output/shown_text.h"
-#include "hosts/cli/study/wheel_calendar.h"
+#include "vestara/draws/draw_range.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/frequency/analytic_table.h"
+#include "vestara/study/wheel_calendar.h"
 
 namespace vestara::host {
 namespace {

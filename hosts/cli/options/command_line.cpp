@@ -5,7 +5,6 @@
 #include <CLI/Formatter.hpp>
 #include <vector>
 
-#include "hosts/cli/draws/calendar.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/draw_arguments.h"
@@ -14,8 +13,9 @@
 #include "hosts/cli/options/search_question.h"
 #include "hosts/cli/options/study_arguments.h"
 #include "hosts/cli/options/system_arguments.h"
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/version.h"
+#include "vestara/draws/calendar.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {

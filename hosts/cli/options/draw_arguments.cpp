@@ -2,11 +2,11 @@
 
 #include <limits>
 
-#include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/files/draw_entry.h"
 #include "hosts/cli/options/command_parts.h"
-#include "hosts/cli/output/shown_text.h"
+#include "hosts/cli/options/draw_entry.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {
@@ -47,8 +47,8 @@ TEST(DrawArguments, WhatIsMissingOrWrong) {
     try {
       draw_options("save", given);
       ADD_FAILURE() << row.what;
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.code(), ExitCode::usage);
+    } catch (const vestara::Failure& failure) {
+      EXPECT_EQ(failure.kind(), FailureKind::argument);
       EXPECT_EQ(std::string(failure.what()).substr(0, std::string_view(row.what).size()), row.what);
     }
   }

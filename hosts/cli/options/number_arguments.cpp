@@ -5,19 +5,19 @@
 #include <utility>
 
 #include "automation/text.h"
-#include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/options/option_values.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {
 namespace {
 
-using Given = std::pair<const char*, bool>;
+using GivenOption = std::pair<const char*, bool>;
 
 /// Refuses options that were given and that `reason` rules out.
-void refuse(const std::string& with, std::initializer_list<Given> options, const std::string& reason) {
+void refuse(const std::string& with, std::initializer_list<GivenOption> options, const std::string& reason) {
   for (const auto& [name, given] : options)
     if (given)
       throw Failure(ExitCode::usage, std::string(name).append(" does not go with ").append(with + "; ").append(reason));

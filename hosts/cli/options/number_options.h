@@ -5,8 +5,8 @@
 #include <limits>
 #include <optional>
 
-#include "hosts/cli/draws/draw_range.h"
 #include "hosts/cli/study/number_gaps.h"
+#include "vestara/draws/draw_range.h"
 
 // What `vestara delays`, `frequencies`, `table` and `gaps` are asked for, checked. Days count from 1899-12-30.
 

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "automation/text.h"
-#include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/files/row_reader.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/draws/wheel_names.h"
+#include "vestara/files/row_reader.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {

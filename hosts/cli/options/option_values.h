@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/files/draw_format.h"
 #include "hosts/cli/output/output.h"
 #include "hosts/cli/terminal/terminal.h"
+#include "vestara/draws/draw_range.h"
+#include "vestara/files/draw_format.h"
 
 // Values of options, from text. A wrong one is a Failure (usage) that names the option and says what would be right.
 

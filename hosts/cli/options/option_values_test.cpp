@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {
@@ -13,8 +13,8 @@ template <class Read>
 std::string outcome(Read&& read) {
   try {
     return read();
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.code(), ExitCode::usage);
+  } catch (const vestara::Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::argument);
     const std::string what = failure.what();
     EXPECT_NE(what.find("; "), std::string::npos) << what;
     return "usage: " + what.substr(0, what.find("; "));

@@ -10,17 +10,17 @@
 
 #include "automation/object.h"
 #include "automation/registration.h"
-#include "hosts/cli/draws/draw_row.h"
-#include "hosts/cli/files/draw_file_writer.h"
-#include "hosts/cli/keeping/archive_copy.h"
-#include "hosts/cli/keeping/import_mode.h"
-#include "hosts/cli/keeping/manual_draws.h"
 #include "hosts/cli/options/number_options.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/options/system_options.h"
 #include "hosts/cli/output/output.h"
 #include "hosts/cli/terminal/confirmation.h"
 #include "hosts/cli/terminal/terminal.h"
+#include "vestara/draws/draw_row.h"
+#include "vestara/files/draw_file_writer.h"
+#include "vestara/keeping/copy/archive_copy.h"
+#include "vestara/keeping/import/import_mode.h"
+#include "vestara/keeping/import/manual_draws.h"
 
 // What a command line asks for, checked. Days count from 1899-12-30.
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <variant>
 
-#include "hosts/cli/keeping/stored_systems.h"
+#include "hosts/cli/archive/stored_systems.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/study/system_numbers.h"
 #include "hosts/cli/terminal/confirmation.h"

@@ -7,7 +7,7 @@
 
 #include "automation/text.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara::host {

@@ -12,8 +12,8 @@ std::string refusal(const std::string& command, const SystemArguments& given) {
   try {
     system_options(command, given);
     return {};
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.code(), ExitCode::usage);
+  } catch (const vestara::Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::argument);
     const std::string what = failure.what();
     return what.substr(0, what.find("; "));
   }

@@ -1,5 +1,7 @@
 #include "hosts/cli/output/combinations_head.h"
 
+#include "hosts/cli/output/count_cell.h"
+
 namespace vestara::host {
 
 ExactCount combination_count(size_t numbers, int32_t size) {

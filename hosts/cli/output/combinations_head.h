@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hosts/cli/output/output.h"
-#include "hosts/cli/study/exact_count.h"
+#include "vestara/study/exact_count.h"
 
 namespace vestara::host {
 

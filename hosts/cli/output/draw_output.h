@@ -3,8 +3,8 @@
 #include <ostream>
 #include <string>
 
-#include "hosts/cli/files/draw_file_writer.h"
 #include "hosts/cli/output/output_file.h"
+#include "vestara/files/draw_file_writer.h"
 
 namespace vestara::host {
 

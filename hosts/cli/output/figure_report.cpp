@@ -4,9 +4,9 @@
 #include <array>
 #include <charconv>
 
-#include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/output/heat_map.h"
 #include "hosts/cli/terminal/terminal.h"
+#include "vestara/draws/wheel_names.h"
 
 namespace vestara::host {
 namespace {

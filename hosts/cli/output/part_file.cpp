@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "hosts/cli/output/file_descriptor.h"
+#include "vestara/files/file_descriptor.h"
 
 namespace vestara::host {
 namespace {

@@ -7,9 +7,9 @@
 #include "automation/registry.h"
 #include "automation/text.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/programming/member_path.h"
 #include "hosts/cli/programming/near_names.h"
+#include "vestara/foundation/message_text.h"
 #include "vestara/statistics/statistics.h"
 
 namespace vestara::host {

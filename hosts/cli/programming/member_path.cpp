@@ -7,8 +7,8 @@
 #include "automation/ref.h"
 #include "automation/text.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/programming/literal.h"
+#include "vestara/foundation/message_text.h"
 
 namespace vestara::host {
 namespace {

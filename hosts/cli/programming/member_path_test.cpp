@@ -12,11 +12,16 @@ namespace {
 std::string outcome(const char* path) {
   dorvane::DbConnector connector;
   connector.Open("sqlite::memory:");
-  try {
-    return testing_support::outcome([&] { return follow(connector, path); });
-  } catch (const Failure& failure) {
-    return std::string("usage: ") + failure.what();
-  }
+  std::string refusal;
+  const std::string result = testing_support::outcome([&]() -> automation::Variant {
+    try {
+      return follow(connector, path);
+    } catch (const vestara::Failure& failure) {
+      refusal = std::string("usage: ") + failure.what();
+      return automation::Empty{};
+    }
+  });
+  return refusal.empty() ? result : refusal;
 }
 
 TEST(MemberPath, LeadsFromMemberToMember) {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/archive/archive_session.h"
+#include "vestara/draws/draw_range.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "automation/coercion.h"
-#include "hosts/cli/draws/wheel_names.h"
 #include "hosts/cli/library_failure.h"
 #include "vestara/distances/number_distances.h"
+#include "vestara/draws/wheel_names.h"
 
 namespace vestara::host {
 namespace {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/archive/archive_session.h"
+#include "vestara/draws/draw_range.h"
 
 namespace vestara::host {
 

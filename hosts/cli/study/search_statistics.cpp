@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
-#include "hosts/cli/output/shown_text.h"
 #include "hosts/cli/study/expected_draws.h"
 #include "hosts/cli/study/gap_rows.h"
-#include "hosts/cli/study/wheel_draws.h"
-#include "hosts/cli/study/wheels_per_draw.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/study/wheel_draws.h"
+#include "vestara/study/wheels_per_draw.h"
 
 namespace vestara::host {
 namespace {

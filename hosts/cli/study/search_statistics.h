@@ -1,8 +1,8 @@
 #pragma once
 
-#include "hosts/cli/draws/draw_range.h"
-#include "hosts/cli/keeping/archive_session.h"
+#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/output/output.h"
+#include "vestara/draws/draw_range.h"
 #include "vestara/statistics/statistics.h"
 
 namespace vestara::host {

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "automation/export.h"
+#include "automation/variant.h"
+
+namespace vestara {
+
+/// Which wheels somebody looks at.
+struct WheelSelection {
+  bool all = true;
+  std::string codes;  ///< "BA,NA"; empty for all
+};
+
+/// The draws that somebody looks at. Days count from 1899-12-30.
+struct DrawRange {
+  WheelSelection wheels;
+  std::optional<int32_t> from;
+  std::optional<int32_t> to;
+};
+
+/// A bound as the library takes it.
+VESTARA_API automation::Variant date_bound(std::optional<int32_t> day);
+
+/// " WHERE " and what the draws of a range fulfil, or nothing when there is no condition.
+VESTARA_API std::string range_condition(const DrawRange& range);
+
+/// The enumerators of the chosen wheels, in order.
+VESTARA_API std::vector<int16_t> chosen_wheels(const WheelSelection& wheels);
+
+/// The wheel lists that cFrequenza is asked with, one after the other: with several wheels it applies the period to
+/// the first one only, so that each is then asked for by itself.
+VESTARA_API std::vector<WheelSelection> wheel_loads(const DrawRange& range);
+
+/// What to tell about that; empty when one load will do.
+VESTARA_API std::string note_on_loads(const DrawRange& range);
+
+}  // namespace vestara

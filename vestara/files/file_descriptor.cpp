@@ -1,0 +1,19 @@
+#include "vestara/files/file_descriptor.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace vestara {
+
+bool write_all(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    bytes.remove_prefix(static_cast<size_t>(count));
+  }
+  return true;
+}
+
+}  // namespace vestara
