@@ -13,6 +13,7 @@ set(public_headers
     automation/describe.h automation/entry_points.h automation/error.h automation/event_source.h automation/export.h
     automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h
     automation/registration.h automation/registry.h automation/report.h automation/text.h automation/variant.h automation/yield.h
+    records/recordset.h
     vestara/foundation/combination_walk.h vestara/foundation/connector.h vestara/foundation/date_order.h vestara/foundation/error_log.h vestara/foundation/recordset.h
     vestara/foundation/schema.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
     vestara/foundation/wheels.h

@@ -11,7 +11,6 @@
 #include "automation/ref.h"
 #include "dorvane/home_process.h"
 #include "vestara/foundation/connector.h"
-#include "vestara/foundation/recordset.h"
 
 namespace dorvane {
 

@@ -2,17 +2,18 @@
 # Each row: a folder, then the prefixes that its files may include from this project.
 set(layers
     "automation|automation/"
-    "vestara/foundation|automation/ vestara/foundation/"
-    "vestara/archive|automation/ vestara/foundation/ vestara/archive/ vestara/statistics/"
-    "vestara/statistics|automation/ vestara/foundation/ vestara/statistics/ vestara/distances/"
-    "vestara/distances|automation/ vestara/foundation/ vestara/distances/"
-    "vestara/systems|automation/ vestara/foundation/ vestara/systems/"
-    "vestara/frequency|automation/ vestara/foundation/ vestara/frequency/"
-    "vestara/server|automation/ vestara/"
-    "dorvane|automation/ dorvane/ vestara/foundation/connector.h vestara/foundation/recordset.h"
-    "hosts|automation/ vestara/ dorvane/ hosts/")
+    "records|automation/ records/"
+    "vestara/foundation|automation/ records/ vestara/foundation/"
+    "vestara/archive|automation/ records/ vestara/foundation/ vestara/archive/ vestara/statistics/"
+    "vestara/statistics|automation/ records/ vestara/foundation/ vestara/statistics/ vestara/distances/"
+    "vestara/distances|automation/ records/ vestara/foundation/ vestara/distances/"
+    "vestara/systems|automation/ records/ vestara/foundation/ vestara/systems/"
+    "vestara/frequency|automation/ records/ vestara/foundation/ vestara/frequency/"
+    "vestara/server|automation/ records/ vestara/"
+    "dorvane|automation/ records/ dorvane/ vestara/foundation/connector.h"
+    "hosts|automation/ records/ vestara/ dorvane/ hosts/")
 # The component library and the component model stand on the standard library alone.
-set(standard_only "^(automation|vestara)/")
+set(standard_only "^(automation|records|vestara)/")
 set(platform_headers "^(stddef|stdint|windows|dlfcn|oleauto|objbase|olectl|dispex|unistd|sys/[a-z]+|fcntl)\\.?h?$")
 
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}" DIRECTORY)

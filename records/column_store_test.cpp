@@ -1,4 +1,4 @@
-#include "dorvane/column_store.h"
+#include "records/column_store.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "automation/error.h"
 
-namespace dorvane {
+namespace records {
 namespace {
 
 using automation::Date;
@@ -144,4 +144,4 @@ TEST(ColumnStore, NullBitsCrossWords) {
 }
 
 }  // namespace
-}  // namespace dorvane
+}  // namespace records

@@ -1,4 +1,4 @@
-#include "dorvane/column_store.h"
+#include "records/column_store.h"
 
 #include <cstring>
 #include <limits>
@@ -6,7 +6,7 @@
 #include "automation/coercion.h"
 #include "automation/error.h"
 
-namespace dorvane {
+namespace records {
 
 using automation::Date;
 using automation::Variant;
@@ -203,4 +203,4 @@ std::string_view ColumnStore::text(size_t row) const {
   return scratch_;
 }
 
-}  // namespace dorvane
+}  // namespace records

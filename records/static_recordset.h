@@ -9,14 +9,15 @@
 #include <vector>
 
 #include "automation/error.h"
-#include "dorvane/column_store.h"
-#include "dorvane/fields.h"
-#include "vestara/foundation/recordset.h"
+#include "automation/export.h"
+#include "records/column_store.h"
+#include "records/fields.h"
+#include "records/recordset.h"
 
-namespace dorvane {
+namespace records {
 
 /// Where the rows of a record set come from. Raises the engine's error when a row cannot be had.
-class RowSource {
+class AUTOMATION_API RowSource {
  public:
   RowSource() = default;
   RowSource(const RowSource&) = delete;
@@ -33,8 +34,9 @@ struct ColumnHeader {
 };
 
 /// A static record set that is filled as it is walked: rows are fetched when the cursor gets there, all of them
-/// when something needs the whole. The connection completes it before anything could change what it would read.
-class StaticRecordSet final : public vestara::RecordSet {
+/// when something needs the whole. Who owns the source completes the set before anything could change what it would
+/// read.
+class AUTOMATION_API StaticRecordSet final : public RecordSet {
  public:
   StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_ptr<RowSource> source);
   ~StaticRecordSet() override;
@@ -58,12 +60,12 @@ class StaticRecordSet final : public vestara::RecordSet {
   void move(int32_t rows) override;
   int32_t record_count() override;
   int32_t column_count() override;
-  std::string column_name(vestara::Column column) override;
-  vestara::Column column(std::string_view name) override;
-  automation::Variant value(vestara::Column column) override;
-  bool is_null(vestara::Column column) override;
-  int32_t whole_number(vestara::Column column) override;
-  std::string_view text(vestara::Column column) override;
+  std::string column_name(Column column) override;
+  Column column(std::string_view name) override;
+  automation::Variant value(Column column) override;
+  bool is_null(Column column) override;
+  int32_t whole_number(Column column) override;
+  std::string_view text(Column column) override;
   bool is_open() override { return open_; }
   void close() override;
 
@@ -82,13 +84,13 @@ class StaticRecordSet final : public vestara::RecordSet {
   [[noreturn]] void fail() const;
   void fetch_all();
   /// The column, when the cursor stands on a row.
-  const ColumnStore& cell(vestara::Column column) {
+  const ColumnStore& cell(Column column) {
     const auto place = static_cast<size_t>(column.index);
     // A closed set has no columns left.
     const bool present = position_ >= 0 && position_ < rows_ && place < columns_.size();
     return present ? columns_[place] : reached_cell(column);
   }
-  const ColumnStore& reached_cell(vestara::Column column);
+  const ColumnStore& reached_cell(Column column);
 
   std::vector<ColumnHeader> headers_;
   std::vector<ColumnStore> columns_;
@@ -100,4 +102,4 @@ class StaticRecordSet final : public vestara::RecordSet {
   bool open_ = true;
 };
 
-}  // namespace dorvane
+}  // namespace records

@@ -4,12 +4,12 @@
 
 #include "automation/error.h"
 #include "automation/member.h"
-#include "dorvane/fields.h"
-#include "dorvane/recordset.h"
+#include "records/fields.h"
+#include "records/static_recordset.h"
 
 // The record set as hosts call it, by its classic names.
 
-namespace dorvane {
+namespace records {
 
 using automation::Array;
 using automation::Ref;
@@ -17,7 +17,7 @@ using automation::VariantKind;
 
 int32_t StaticRecordSet::state() const { return open_ ? 1 : 0; }
 
-Ref<Fields> StaticRecordSet::fields() { return automation::make<Fields>(Ref<vestara::RecordSet>(this)); }
+Ref<Fields> StaticRecordSet::fields() { return automation::make<Fields>(Ref<RecordSet>(this)); }
 
 Array StaticRecordSet::get_rows(int32_t most) {
   require_open();
@@ -71,4 +71,4 @@ const automation::ClassDescription& StaticRecordSet::description() const {
   return description;
 }
 
-}  // namespace dorvane
+}  // namespace records

@@ -2,18 +2,19 @@
 
 #include <string>
 
+#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
-#include "vestara/foundation/recordset.h"
+#include "records/recordset.h"
 
-namespace dorvane {
+namespace records {
 
 /// One column of a record set, as hosts hold it: its value is that of the row the cursor stands on.
-class Field final : public automation::Object {
+class AUTOMATION_API Field final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Field";
-  Field(automation::Ref<vestara::RecordSet> rows, vestara::Column column);
+  Field(automation::Ref<RecordSet> rows, Column column);
   const automation::ClassDescription& description() const override;
 
   std::string Name() const;
@@ -21,15 +22,15 @@ class Field final : public automation::Object {
   automation::Variant Value() const;
 
  private:
-  automation::Ref<vestara::RecordSet> rows_;
-  vestara::Column column_;
+  automation::Ref<RecordSet> rows_;
+  Column column_;
 };
 
 /// The columns of a record set, counted from 0.
-class Fields final : public automation::Object {
+class AUTOMATION_API Fields final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Fields";
-  explicit Fields(automation::Ref<vestara::RecordSet> rows);
+  explicit Fields(automation::Ref<RecordSet> rows);
   const automation::ClassDescription& description() const override;
 
   int32_t Count() const;
@@ -37,7 +38,7 @@ class Fields final : public automation::Object {
   automation::Ref<Field> Item(const automation::Variant& index) const;
 
  private:
-  automation::Ref<vestara::RecordSet> rows_;
+  automation::Ref<RecordSet> rows_;
 };
 
-}  // namespace dorvane
+}  // namespace records

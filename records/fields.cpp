@@ -1,4 +1,4 @@
-#include "dorvane/fields.h"
+#include "records/fields.h"
 
 #include <array>
 #include <utility>
@@ -7,17 +7,17 @@
 #include "automation/error.h"
 #include "automation/member.h"
 
-namespace dorvane {
+namespace records {
 
+using Column;
 using automation::Ref;
 using automation::Variant;
-using vestara::Column;
 
-Field::Field(Ref<vestara::RecordSet> rows, Column column) : rows_(std::move(rows)), column_(column) {}
+Field::Field(Ref<RecordSet> rows, Column column) : rows_(std::move(rows)), column_(column) {}
 std::string Field::Name() const { return rows_->column_name(column_); }
 Variant Field::Value() const { return rows_->value(column_); }
 
-Fields::Fields(Ref<vestara::RecordSet> rows) : rows_(std::move(rows)) {}
+Fields::Fields(Ref<RecordSet> rows) : rows_(std::move(rows)) {}
 int32_t Fields::Count() const { return rows_->column_count(); }
 
 Ref<Field> Fields::Item(const Variant& index) const {
@@ -63,4 +63,4 @@ const automation::ClassDescription& Fields::description() const {
   return description;
 }
 
-}  // namespace dorvane
+}  // namespace records

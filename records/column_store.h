@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "automation/date.h"
+#include "automation/export.h"
 #include "automation/variant.h"
 
-namespace dorvane {
+namespace records {
 
 /// Texts of one column: equal neighbours and short texts that recur are kept once.
 class TextStore {
@@ -39,7 +40,7 @@ class TextStore {
 enum class TextReading : uint8_t { plain, iso_dates };
 
 /// The values of one column, in the narrowest form that holds them all. Rows count from 0.
-class ColumnStore {
+class AUTOMATION_API ColumnStore {
  public:
   explicit ColumnStore(TextReading reading) : reading_(reading) {}
 
@@ -76,4 +77,4 @@ class ColumnStore {
   mutable std::string scratch_;
 };
 
-}  // namespace dorvane
+}  // namespace records

@@ -1,4 +1,4 @@
-#include "dorvane/recordset.h"
+#include "records/static_recordset.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include "automation/error.h"
 
-namespace dorvane {
+namespace records {
 namespace {
 
 using automation::RunTimeError;
@@ -202,4 +202,4 @@ TEST(StaticRecordSet, ClosedAnswersNothing) {
 }
 
 }  // namespace
-}  // namespace dorvane
+}  // namespace records

@@ -1,4 +1,4 @@
-#include "dorvane/fields.h"
+#include "records/fields.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "automation/error.h"
-#include "dorvane/recordset.h"
+#include "records/static_recordset.h"
 
-namespace dorvane {
+namespace records {
 namespace {
 
 using automation::Ref;
@@ -40,7 +40,7 @@ std::string name_of(const Fields& fields, const Variant& index) {
 }
 
 TEST(Fields, AnItemIsFoundByItsPlaceItsNameOrWhatAnObjectStandsFor) {
-  const Ref<vestara::RecordSet> rows =
+  const Ref<RecordSet> rows =
       automation::make<StaticRecordSet>(std::vector<ColumnHeader>{{"n"}, {"Ba"}}, std::make_unique<OneRow>());
   const Fields fields(rows);
   EXPECT_EQ(fields.Count(), 2);
@@ -48,22 +48,21 @@ TEST(Fields, AnItemIsFoundByItsPlaceItsNameOrWhatAnObjectStandsFor) {
     const char* what;
     Variant index;
     const char* name;
-  } table[] = {
-      {"first", 0, "n"},
-      {"last", 1, "Ba"},
-      {"behind the last", 2, "error 3265"},
-      {"in front of the first", -1, "error 3265"},
-      {"rounded", 0.6, "Ba"},
-      {"a name", "BA", "Ba"},
-      {"a name with its table", "s.n", "n"},
-      {"another name", "m", "error 3265"},
-      {"a text of digits is a name", "1", "error 3265"},
-      {"Null", automation::Null{}, "error 94"},
-      {"a field that holds a place", Ref<automation::Object>(automation::make<Field>(rows, vestara::Column{0})), "Ba"},
-      {"a field that holds a name", Ref<automation::Object>(automation::make<Field>(rows, vestara::Column{1})), "Ba"},
-      {"nothing", Ref<automation::Object>(), "error 91"}};
+  } table[] = {{"first", 0, "n"},
+               {"last", 1, "Ba"},
+               {"behind the last", 2, "error 3265"},
+               {"in front of the first", -1, "error 3265"},
+               {"rounded", 0.6, "Ba"},
+               {"a name", "BA", "Ba"},
+               {"a name with its table", "s.n", "n"},
+               {"another name", "m", "error 3265"},
+               {"a text of digits is a name", "1", "error 3265"},
+               {"Null", automation::Null{}, "error 94"},
+               {"a field that holds a place", Ref<automation::Object>(automation::make<Field>(rows, Column{0})), "Ba"},
+               {"a field that holds a name", Ref<automation::Object>(automation::make<Field>(rows, Column{1})), "Ba"},
+               {"nothing", Ref<automation::Object>(), "error 91"}};
   for (const auto& row : table) EXPECT_EQ(name_of(fields, row.index), row.name) << row.what;
 }
 
 }  // namespace
-}  // namespace dorvane
+}  // namespace records

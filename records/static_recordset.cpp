@@ -1,4 +1,4 @@
-#include "dorvane/recordset.h"
+#include "records/static_recordset.h"
 
 #include <limits>
 #include <new>
@@ -6,7 +6,7 @@
 
 #include "automation/text.h"
 
-namespace dorvane {
+namespace records {
 namespace {
 
 constexpr int64_t every_row = std::numeric_limits<int64_t>::max() - 1;
@@ -110,17 +110,17 @@ int32_t StaticRecordSet::column_count() {
   return static_cast<int32_t>(headers_.size());
 }
 
-std::string StaticRecordSet::column_name(vestara::Column column) {
+std::string StaticRecordSet::column_name(Column column) {
   require_open();
   if (column.index < 0 || static_cast<size_t>(column.index) >= headers_.size()) throw automation::item_not_found();
   return headers_[static_cast<size_t>(column.index)].name;
 }
 
-vestara::Column StaticRecordSet::column(std::string_view name) {
+Column StaticRecordSet::column(std::string_view name) {
   require_open();
-  const auto find = [&](auto&& same) -> std::optional<vestara::Column> {
+  const auto find = [&](auto&& same) -> std::optional<Column> {
     for (size_t i = 0; i < headers_.size(); ++i)
-      if (same(headers_[i].name)) return vestara::Column{static_cast<int32_t>(i)};
+      if (same(headers_[i].name)) return Column{static_cast<int32_t>(i)};
     return std::nullopt;
   };
   const auto whole = [&](std::string_view header) { return automation::equal_ignoring_case(header, name); };
@@ -132,23 +132,19 @@ vestara::Column StaticRecordSet::column(std::string_view name) {
   throw automation::item_not_found();
 }
 
-const ColumnStore& StaticRecordSet::reached_cell(vestara::Column column) {
+const ColumnStore& StaticRecordSet::reached_cell(Column column) {
   require_open();
   if (position_ < 0 || !reach(position_)) throw automation::no_current_record();
   if (column.index < 0 || static_cast<size_t>(column.index) >= columns_.size()) throw automation::item_not_found();
   return columns_[static_cast<size_t>(column.index)];
 }
 
-automation::Variant StaticRecordSet::value(vestara::Column column) {
-  return cell(column).value(static_cast<size_t>(position_));
-}
-bool StaticRecordSet::is_null(vestara::Column column) { return cell(column).is_null(static_cast<size_t>(position_)); }
-int32_t StaticRecordSet::whole_number(vestara::Column column) {
+automation::Variant StaticRecordSet::value(Column column) { return cell(column).value(static_cast<size_t>(position_)); }
+bool StaticRecordSet::is_null(Column column) { return cell(column).is_null(static_cast<size_t>(position_)); }
+int32_t StaticRecordSet::whole_number(Column column) {
   return cell(column).whole_number(static_cast<size_t>(position_));
 }
-std::string_view StaticRecordSet::text(vestara::Column column) {
-  return cell(column).text(static_cast<size_t>(position_));
-}
+std::string_view StaticRecordSet::text(Column column) { return cell(column).text(static_cast<size_t>(position_)); }
 
 void StaticRecordSet::close() {
   source_ = nullptr;
@@ -156,4 +152,4 @@ void StaticRecordSet::close() {
   open_ = false;
 }
 
-}  // namespace dorvane
+}  // namespace records
