@@ -48,7 +48,10 @@ class AUTOMATION_API ColumnStore {
   void append_whole(int64_t value);
   void append_real(double value);
   void append_text(std::string_view value);
+  void append_date(automation::Date date);
 
+  /// How many rows there are.
+  size_t size() const { return rows_; }
   bool is_null(size_t row) const { return row / 64 < nulls_.size() && (nulls_[row / 64] >> (row % 64) & 1U) != 0; }
   automation::Variant value(size_t row) const;
   /// The number at the front of the value's text, halves to even. Errors 94, 6.
@@ -60,7 +63,6 @@ class AUTOMATION_API ColumnStore {
   enum class Form : uint8_t { nothing, whole, real, day, text, mixed };
 
   void start(Form form);
-  void append_date(automation::Date date);
   void widen_to_real();
   void append_mixed(automation::Variant value);
 

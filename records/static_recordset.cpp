@@ -24,6 +24,11 @@ StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_
   for (const ColumnHeader& header : headers_) columns_.emplace_back(header.reading);
 }
 
+StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns)
+    : headers_(std::move(headers)),
+      columns_(std::move(columns)),
+      rows_(columns_.empty() ? 0 : static_cast<int64_t>(columns_.front().size())) {}
+
 StaticRecordSet::~StaticRecordSet() = default;
 
 void StaticRecordSet::fill_to(int64_t row) {

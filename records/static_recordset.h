@@ -39,6 +39,8 @@ struct ColumnHeader {
 class AUTOMATION_API StaticRecordSet final : public RecordSet {
  public:
   StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_ptr<RowSource> source);
+  /// Of rows that are all there: a header for each column, and the columns equally long.
+  StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns);
   ~StaticRecordSet() override;
 
   const automation::ClassDescription& description() const override;
