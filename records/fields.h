@@ -15,7 +15,8 @@ class AUTOMATION_API Field final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Field";
   Field(automation::Ref<RecordSet> rows, Column column);
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   std::string Name() const;
   /// Error 3021 when the cursor stands on no row.
@@ -31,7 +32,8 @@ class AUTOMATION_API Fields final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Fields";
   explicit Fields(automation::Ref<RecordSet> rows);
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   int32_t Count() const;
   /// By name or by place. Error 3265 when there is none.

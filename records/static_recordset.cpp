@@ -1,9 +1,11 @@
 #include "records/static_recordset.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 #include <utility>
 
+#include "automation/error.h"
 #include "automation/text.h"
 
 namespace records {
@@ -155,6 +157,29 @@ void StaticRecordSet::close() {
   source_ = nullptr;
   columns_.clear();
   open_ = false;
+}
+
+// ---- By name ----
+
+int32_t StaticRecordSet::state() const { return open_ ? 1 : 0; }
+
+automation::Ref<Fields> StaticRecordSet::fields() { return automation::make<Fields>(automation::Ref<RecordSet>(this)); }
+
+automation::Array StaticRecordSet::get_rows(int32_t most) {
+  require_open();
+  if (position_ < 0) throw automation::no_current_record();
+  if (most < 0) fetch_all();
+  const int64_t wanted = most < 0 ? std::numeric_limits<int32_t>::max() : most;
+  reach(position_ + wanted - 1);
+  const int64_t count = std::clamp<int64_t>(rows_ - position_, 0, wanted);
+  const auto width = static_cast<int32_t>(columns_.size());
+  automation::Array array(automation::VariantKind::empty,
+                          std::vector<automation::Array::Bound>{{0, width}, {0, static_cast<int32_t>(count)}});
+  auto cell = array.items().begin();
+  for (int64_t row = 0; row < count; ++row)
+    for (const ColumnStore& column : columns_) *cell++ = column.value(static_cast<size_t>(position_ + row));
+  position_ += count;
+  return array;
 }
 
 }  // namespace records

@@ -43,7 +43,8 @@ class AUTOMATION_API StaticRecordSet final : public RecordSet {
   StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns);
   ~StaticRecordSet() override;
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Fetches all rows that are left and lets the source go. An error is kept and raised when the cursor gets to
   /// the row that is missing.

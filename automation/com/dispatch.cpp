@@ -35,10 +35,6 @@ Variant answer_of(Object& object, DISPID id, InvokeKind kind, Frame& frame) {
   }
 }
 
-std::string full_name(const ClassDescription& description) {
-  return std::string(description.library).append(".").append(description.name);
-}
-
 }  // namespace
 
 Dispatch::Dispatch(Ref<Object> object) : object_(std::move(object)), description_(object_->description()) {
@@ -103,7 +99,7 @@ HRESULT Dispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPI
     if (const auto id = object_->id_of(member))
       ids[0] = *id;
     else
-      ids[0] = is_walked(description_) && equal_ignoring_case(member, "_NewEnum") ? DISPID_NEWENUM : DISPID_UNKNOWN;
+      ids[0] = description_.first_item && equal_ignoring_case(member, "_NewEnum") ? DISPID_NEWENUM : DISPID_UNKNOWN;
     bool all = ids[0] != DISPID_UNKNOWN;
     for (UINT i = 1; i < count; ++i) {
       ids[i] = parameter_id(description_, ids[0], from_wide(names[i]));
@@ -120,7 +116,7 @@ HRESULT Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* given,
   const Ref<Object> object = object_;
   const ClassDescription& description = description_;
   try {
-    if (id == DISPID_NEWENUM && is_walked(description)) return new_enumerator(object, result);
+    if (id == DISPID_NEWENUM && description.first_item) return new_enumerator(object, result);
     const InvokeKind kind = kind_of(flags, *given);
     Frame frame(description, id, kind, *given);
     const Variant answer = answer_of(*object, id, kind, frame);
@@ -128,11 +124,11 @@ HRESULT Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* given,
     if (result) to_value(answer, *result);
     return S_OK;
   } catch (const RunTimeError& error) {
-    return report(error, full_name(description), failure);
+    return report(error, description.identifier(), failure);
   } catch (const std::bad_alloc&) {
-    return report(out_of_memory(), full_name(description), failure);
+    return report(out_of_memory(), description.identifier(), failure);
   } catch (const std::exception& error) {
-    return report({unspecified_failure, error.what()}, full_name(description), failure);
+    return report({unspecified_failure, error.what()}, description.identifier(), failure);
   } catch (...) {
     return E_UNEXPECTED;
   }

@@ -1,6 +1,7 @@
 #include "automation/com/faces.h"
 
 #include <mutex>
+#include <string>
 #include <unordered_map>
 
 #include "automation/com/host_object.h"
@@ -9,6 +10,7 @@
 #include "automation/com/pointer.h"
 #include "automation/error.h"
 #include "automation/member.h"
+#include "automation/product.h"
 
 namespace automation::com {
 namespace {
@@ -70,7 +72,8 @@ Ref<Object> native_object(IUnknown* given) {
 }  // namespace
 
 const GUID& native_object_id() {
-  static const GUID id = guid_of(uuid_of("object of " VESTARA_VERSION " by " __VERSION__));
+  static const GUID id =
+      guid_of(uuid_of(std::string("object of ").append(product().version).append(" by " __VERSION__)));
   return id;
 }
 

@@ -29,7 +29,7 @@ HRESULT class_object(REFCLSID class_id, REFIID id, void** factory) noexcept {
   return guarded([&]() -> HRESULT {
     install_message_pump();
     for (const RegisteredClass& entry : loaded_classes()) {
-      if (guid_of(uuid_of(entry.identifier)) != class_id) continue;
+      if (identifiers_of(*entry.description).class_id != class_id) continue;
       const auto made = Pointer<Factory>::adopt(new Factory(entry));
       return made->QueryInterface(id, factory);
     }

@@ -18,7 +18,7 @@ struct Identifiers {
 };
 const Identifiers& identifiers_of(const ClassDescription& description);
 
-/// The type library of all classes of a library ("Vestara").
+/// The type library of all classes of a library.
 GUID type_library_id(std::string_view library);
 
 }  // namespace automation::com

@@ -1,12 +1,11 @@
 #include "automation/com/items.h"
 
-#include <algorithm>
 #include <array>
 
 #include "automation/coercion.h"
-#include "automation/collection.h"
 #include "automation/com/enumerator.h"
 #include "automation/com/value.h"
+#include "automation/member.h"
 
 namespace automation::com {
 namespace {
@@ -22,18 +21,10 @@ VARIANT item(Object& object, int32_t place) {
 
 }  // namespace
 
-bool is_walked(const ClassDescription& description) {
-  const auto has = [&](auto&& fits) {
-    return std::any_of(description.members.begin(), description.members.end(), fits);
-  };
-  return has([](const Member& row) { return row.id == DISPID_VALUE && row.name == "Item"; }) &&
-         has([](const Member& row) { return row.name == "Count"; });
-}
-
 HRESULT new_enumerator(const Ref<Object>& object, VARIANT* result) {
   if (!result) return E_POINTER;
   const int32_t count = to_long(object->call("Count", InvokeKind::get, {}));
-  const int32_t first = cast<Collection>(object) ? 1 : 0;
+  const int32_t first = *object->description().first_item;
   VariantInit(result);
   result->punkVal = new Walk(static_cast<ULONG>(count), [object, first](ULONG place) {
     return item(*object, first + static_cast<int32_t>(place));

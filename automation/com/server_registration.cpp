@@ -32,21 +32,21 @@ struct Entry {
 };
 
 std::vector<Entry> entries_of(const RegisteredClass& known) {
-  const auto object = known.create();
-  const ClassDescription& description = object->description();
+  const ClassDescription& description = *known.description;
+  const std::string identifier = description.identifier();
   const std::string class_id = guid_text(identifiers_of(description).class_id);
   const std::wstring help = to_wide(description.help);
-  const std::string versioned = known.identifier + ".1";
+  const std::string versioned = identifier + ".1";
   const std::string key = "CLSID\\" + class_id;
   return {
-      {known.identifier, "", help},
-      {known.identifier + "\\CLSID", "", to_wide(class_id)},
-      {known.identifier + "\\CurVer", "", to_wide(versioned)},
+      {identifier, "", help},
+      {identifier + "\\CLSID", "", to_wide(class_id)},
+      {identifier + "\\CurVer", "", to_wide(versioned)},
       {versioned, "", help},
       {versioned + "\\CLSID", "", to_wide(class_id)},
       {key, "", help},
       {key + "\\ProgID", "", to_wide(versioned)},
-      {key + "\\VersionIndependentProgID", "", to_wide(known.identifier)},
+      {key + "\\VersionIndependentProgID", "", to_wide(identifier)},
       {key + "\\Programmable", "", L""},
       {key + "\\TypeLib", "", to_wide(guid_text(type_library_id(description.library)))},
       {key + "\\Version", "", L"1.0"},
@@ -57,7 +57,8 @@ std::vector<Entry> entries_of(const RegisteredClass& known) {
 
 /// The keys that hold everything about a class.
 std::vector<std::string> keys_of(const RegisteredClass& known) {
-  return {known.identifier, known.identifier + ".1", "CLSID\\" + guid_text(guid_of(uuid_of(known.identifier)))};
+  const std::string identifier = known.description->identifier();
+  return {identifier, identifier + ".1", "CLSID\\" + guid_text(identifiers_of(*known.description).class_id)};
 }
 
 std::wstring full_key(const std::string& key) { return std::wstring(classes_key) + L"\\" + to_wide(key); }

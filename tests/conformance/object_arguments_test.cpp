@@ -153,7 +153,7 @@ class ObjectArguments : public BackEnd {
   void for_each_variant_parameter(
       const std::function<void(const automation::RegisteredClass&, const Member&, size_t place)>& body) {
     for (const automation::RegisteredClass& known : automation::loaded_classes())
-      for (const Member& row : known.create()->description().members)
+      for (const Member& row : known.description->members)
         for (size_t place = 0; place < row.parameter_count; ++place)
           if (row.parameter_rows[place].type == ValueType::variant) body(known, row, place);
   }

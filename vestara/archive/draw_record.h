@@ -17,7 +17,8 @@ class VESTARA_API cEstrazione final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cEstrazione";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Empty until it is set. Stored as it is given: a text stays a text.
   automation::Variant DataEstrazione() const { return date_; }

@@ -31,7 +31,8 @@ class VESTARA_API cLotto final : public automation::Object {
   cLotto();
   ~cLotto() override;
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// How the database takes rows: 1 one row per INSERT, 2 many. Not checked; only the import looks at it.
   void DbType(int16_t type) { database_type_ = type; }

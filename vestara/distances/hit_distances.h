@@ -24,7 +24,8 @@ class VESTARA_API cDistanze final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Whether the last load walked from the oldest draw forward.
   bool ISSortASC() const { return gaps_.order() == DateOrder::oldest_first; }

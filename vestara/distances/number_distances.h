@@ -28,7 +28,8 @@ class VESTARA_API cDistanze2 final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze2";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Stores the connector and fills the wheel tables, which fails, with an entry, for none.
   void ActiveConnection(automation::Ref<DbConnector> connector);

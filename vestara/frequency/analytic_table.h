@@ -26,7 +26,8 @@ class VESTARA_API cTabAnalytics final : public automation::Object {
   /// The clock says what today is.
   explicit cTabAnalytics(Clock clock = automation::now);
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   int16_t GetItemCount() const;
   /// The numbers that came out for the last time, joined by ".".

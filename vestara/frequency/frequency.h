@@ -24,7 +24,8 @@ class VESTARA_API cFrequenza final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cFrequenza";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   automation::Ref<DbConnector> ActiveConnection() const { return connector_; }
   /// Stores the connector; an open one fills the wheel tables at once.

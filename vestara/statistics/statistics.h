@@ -22,7 +22,8 @@ class VESTARA_API cStatistiche final : public automation::Object {
 
   cStatistiche();
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// The gaps between the hits of the same search; made with this object.
   automation::Ref<cDistanze> Distanze() const { return distances_; }

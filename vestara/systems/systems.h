@@ -23,7 +23,8 @@ class VESTARA_API cSistemi final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cSistemi";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   automation::Ref<DbConnector> ActiveConnection() const { return connector_; }
   void ActiveConnection(automation::Ref<DbConnector> connector);
