@@ -12,7 +12,7 @@ function(component_library name)
   add_library(Vestara::${name} ALIAS ${name})
   target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_objects>)
   if(ARG_WITH_CLASSES)
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/automation/entry_points.cpp)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/automation/classes/entry_points.cpp)
   endif()
   target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                             $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vestara-1>)

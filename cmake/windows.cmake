@@ -17,12 +17,12 @@ function(component_library name)
   target_link_libraries(${name}_objects PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
 
   if(ARG_WITH_CLASSES)
-    add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects> ${PROJECT_SOURCE_DIR}/automation/com/server_entry.cpp
-                               ${PROJECT_SOURCE_DIR}/automation/com/server.def)
+    set(server ${PROJECT_SOURCE_DIR}/automation/com/registration)
+    add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects> ${server}/server_entry.cpp ${server}/server.def)
     add_type_library(${name})
     # The entry points are exported without the decoration that 32 bits give them; symbols are not shipped.
     target_link_options(${name} PRIVATE -Wl,--enable-stdcall-fixup $<$<CONFIG:Release>:-s>)
-    set_target_properties(${name} PROPERTIES PREFIX "" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/automation/com/server.def)
+    set_target_properties(${name} PROPERTIES PREFIX "" LINK_DEPENDS ${server}/server.def)
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${ARG_PUBLIC} ${ARG_PRIVATE} ${COM_LIBRARIES})
   else()

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "automation/error.h"
-#include "automation/file.h"
 #include "automation/report.h"
+#include "automation/system/file.h"
 #include "dorvane/connection.h"
 
 namespace dorvane {

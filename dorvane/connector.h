@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <memory>
@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
+#include "dorvane/export.h"
 #include "dorvane/home_process.h"
 #include "vestara/foundation/connector.h"
 

@@ -1,7 +1,19 @@
 # Who may include whom. Run on every build: cmake -P tools/check_layers.cmake
-# Each row: a folder, then the prefixes that its files may include from this project.
+# Each row: a folder, then what its files may include of this project: what begins like that, or what lies in FOLDER
+# itself for "FOLDER/*". A folder that ends in "/*" means its own files, not those of its rooms.
+cmake_minimum_required(VERSION 3.25)
 set(layers
-    "automation|automation/"
+    "automation/*|automation/*"
+    "automation/system|automation/* automation/system/"
+    "automation/text|automation/* automation/text/"
+    "automation/values|automation/* automation/text/ automation/values/"
+    "automation/objects|automation/* automation/system/ automation/text/ automation/values/ automation/objects/"
+    "automation/classes|automation/* automation/system/ automation/text/ automation/objects/ automation/classes/"
+    "automation/c_abi|automation/* automation/objects/ automation/c_abi/"
+    "automation/com/system|automation/* automation/system/ automation/classes/ automation/com/system/"
+    "automation/com/values|automation/* automation/com/system/ automation/com/values/"
+    "automation/com/faces|automation/* automation/objects/ automation/classes/ automation/com/system/ automation/com/values/ automation/com/faces/"
+    "automation/com/registration|automation/* automation/com/system/ automation/com/values/ automation/com/registration/"
     "records|automation/ records/"
     "vestara/foundation|automation/ records/ vestara/foundation/"
     "vestara/archive|automation/ records/ vestara/foundation/ vestara/archive/ vestara/statistics/"
@@ -25,9 +37,10 @@ function(check_file file allowed)
     if(line MATCHES "^#include \"([^\"]+)\"")
       set(included "${CMAKE_MATCH_1}")
       set(fits FALSE)
+      get_filename_component(folder_of_included "${included}" DIRECTORY)
       foreach(prefix IN LISTS allowed)
         string(FIND "${included}" "${prefix}" place)
-        if(place EQUAL 0)
+        if(place EQUAL 0 OR prefix STREQUAL "${folder_of_included}/*")
           set(fits TRUE)
         endif()
       endforeach()
@@ -54,8 +67,25 @@ foreach(layer IN LISTS layers)
   list(GET parts 0 folder)
   list(GET parts 1 prefixes)
   string(REPLACE " " ";" prefixes "${prefixes}")
-  file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${folder}/*.h" "${root}/${folder}/*.cpp")
+  if(folder MATCHES "/\\*$")
+    file(GLOB files RELATIVE "${root}" "${root}/${folder}.h" "${root}/${folder}.cpp")
+  else()
+    file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${folder}/*.h" "${root}/${folder}/*.cpp")
+  endif()
   foreach(file IN LISTS files)
     check_file("${file}" "${prefixes}")
+  endforeach()
+endforeach()
+
+# What is installed works alone: installed headers include installed headers. Hosts of other people have no others.
+include("${CMAKE_CURRENT_LIST_DIR}/../cmake/installed_headers.cmake")
+installed_headers(installed "${root}")
+foreach(file IN LISTS installed)
+  file(STRINGS "${root}/${file}" lines REGEX "^#include \"")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
+    if(NOT included IN_LIST installed)
+      message(SEND_ERROR "${file} is installed and includes ${included}, which is not")
+    endif()
   endforeach()
 endforeach()

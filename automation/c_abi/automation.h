@@ -1,4 +1,4 @@
-#ifndef AUTOMATION_C_ABI_AUTOMATION_H
+#ifndef AUTOMATION_C_ABI_AUTOMATION_H /* installed */
 #define AUTOMATION_C_ABI_AUTOMATION_H
 
 /* The component model for other languages: objects by name, members by name or id, values that carry their type,

@@ -3,9 +3,9 @@
 
 #include "automation/c_abi/convert.h"
 #include "automation/c_abi/failure.h"
-#include "automation/call_depth.h"
 #include "automation/error.h"
 #include "automation/member.h"
+#include "automation/objects/call_depth.h"
 
 namespace automation::c_abi {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "automation/classes/uuid.h"
 #include "automation/describe.h"
-#include "automation/uuid.h"
 
 namespace vestara::idl {
 namespace {

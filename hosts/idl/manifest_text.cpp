@@ -1,9 +1,9 @@
 #include "hosts/idl/manifest_text.h"
 
+#include "automation/classes/uuid.h"
 #include "automation/member.h"
 #include "automation/registry.h"
 #include "automation/text.h"
-#include "automation/uuid.h"
 
 namespace vestara::idl {
 namespace {

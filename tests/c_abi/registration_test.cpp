@@ -15,7 +15,7 @@
 #include "automation/error.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/shared_object.h"
+#include "automation/system/shared_object.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/values.h"
 

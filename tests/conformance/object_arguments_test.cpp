@@ -183,8 +183,8 @@ TEST_P(ObjectArguments, EveryVariantParameterOfEveryMemberTakesAnObjectForItsVal
   for_each_variant_parameter([&](const auto& known, const Member& row, size_t place) {
     ++parameters;
     for (const Row& each : rows) {
-      SCOPED_TRACE(known.identifier + "." + std::string(row.name) + ", parameter " + std::to_string(place) + ": " +
-                   describe(each.value));
+      SCOPED_TRACE(known.description->identifier() + "." + std::string(row.name) + ", parameter " +
+                   std::to_string(place) + ": " + describe(each.value));
       std::vector<Variant> arguments;
       for (const Parameter& parameter : row.parameters()) arguments.push_back(usual(parameter));
       arguments[place] = each.value;
@@ -204,7 +204,8 @@ TEST_P(ObjectArguments, AnObjectThatStandsForNoValueIsAnError) {
   } rows[] = {{Ref<Object>{}, "error 91"}, {boxed(Ref<Object>{}), "error 91"}, {automation::make<Bare>(), "error 438"}};
   for_each_variant_parameter([&](const auto& known, const Member& row, size_t place) {
     for (const auto& each : rows) {
-      SCOPED_TRACE(known.identifier + "." + std::string(row.name) + ", parameter " + std::to_string(place));
+      SCOPED_TRACE(known.description->identifier() + "." + std::string(row.name) + ", parameter " +
+                   std::to_string(place));
       std::vector<Variant> arguments;
       for (const Parameter& parameter : row.parameters()) arguments.push_back(usual(parameter));
       arguments[place] = each.object;

@@ -1,12 +1,12 @@
-#pragma once
+#pragma once  // installed
 
 #include <array>
 #include <cstdint>
 #include <string>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {

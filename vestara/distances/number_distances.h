@@ -1,10 +1,9 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/in_out.h"
 #include "automation/object.h"
 #include "automation/ref.h"
@@ -12,6 +11,7 @@
 #include "vestara/distances/distance_lists.h"
 #include "vestara/distances/distance_walk.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <functional>
@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/frequency/analytic_scan.h"
 
 namespace vestara {

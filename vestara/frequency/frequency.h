@@ -1,14 +1,14 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "automation/uuid.h"
+#include "automation/classes/uuid.h"
 
 namespace vestara {
 namespace {

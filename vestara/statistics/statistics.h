@@ -1,16 +1,16 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "automation/collection.h"
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/distances/hit_distances.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "automation/error.h"
-#include "automation/shown_text.h"
 #include "automation/text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/keeping/archive_session.h"
 #include "hosts/cli/keeping/archive_url.h"

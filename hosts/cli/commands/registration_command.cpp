@@ -5,7 +5,7 @@
 #include "automation/error.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/shared_object.h"
+#include "automation/system/shared_object.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/failure.h"

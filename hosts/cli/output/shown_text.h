@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/shown_text.h"
+#include "automation/text/shown_text.h"
 
 namespace vestara::host {
 
