@@ -100,7 +100,7 @@ void ColumnStore::append_null() {
   ++rows_;
 }
 
-void ColumnStore::append_whole(int64_t value) {
+void ColumnStore::append_other_whole(int64_t value) {
   if (form_ == Form::nothing) start(Form::whole);
   const bool fits = value >= std::numeric_limits<int32_t>::min() && value <= std::numeric_limits<int32_t>::max();
   if (form_ == Form::whole && fits) {

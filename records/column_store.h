@@ -45,7 +45,13 @@ class AUTOMATION_API ColumnStore {
   explicit ColumnStore(TextReading reading) : reading_(reading) {}
 
   void append_null();
-  void append_whole(int64_t value);
+  /// Inlined where it is called from another library, once for every cell of a table.
+  void append_whole(int64_t value) {
+    const auto narrow = static_cast<int32_t>(value);
+    if (form_ != Form::whole || narrow != value) return append_other_whole(value);
+    whole_.push_back(narrow);
+    ++rows_;
+  }
   void append_real(double value);
   void append_text(std::string_view value);
   void append_date(automation::Date date);
@@ -63,6 +69,8 @@ class AUTOMATION_API ColumnStore {
   enum class Form : uint8_t { nothing, whole, real, day, text, mixed };
 
   void start(Form form);
+  /// The first of a column, one beyond 32 bits, or one in a column of another form.
+  void append_other_whole(int64_t value);
   void widen_to_real();
   void append_mixed(automation::Variant value);
 
