@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <vector>
@@ -13,7 +13,8 @@ namespace automation {
 class AUTOMATION_API Collection final : public Object {
  public:
   static constexpr std::string_view contract_name = "Collection";
-  const ClassDescription& description() const override;
+  static const ClassDescription& surface();
+  const ClassDescription& description() const override { return surface(); }
 
   void add(Variant item) { items_.push_back(std::move(item)); }
   int32_t Count() const { return static_cast<int32_t>(items_.size()); }

@@ -1,10 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <string>
 #include <string_view>
 
 #include "automation/export.h"
 #include "automation/member.h"
+#include "automation/registry.h"
 
 namespace automation {
 
@@ -16,9 +17,10 @@ AUTOMATION_API std::string_view kind_name(MemberKind kind);
 AUTOMATION_API std::string default_text(const DefaultValue& value);
 
 /// The surface of a class as one line of JSON:
-///   {"library","class","interface","event_interface","help","members":[…],"events":[…]}
-/// with members {"id","kind","name","parameters":[…],"result","help"}, events {"id","name","parameters","help"} and
-/// parameters {"name","type","passing","optional","default","writes_back"}.
-AUTOMATION_API std::string describe_json(const ClassDescription& description);
+///   {"library","class","interface","event_interface","creatable","first_item","help","members":[…],"events":[…]}
+/// with "first_item" null for what is no collection, members {"id","kind","name","parameters":[…],"result","help"},
+/// events {"id","name","parameters","help"} and parameters
+/// {"name","type","passing","optional","default","writes_back"}.
+AUTOMATION_API std::string describe_json(const RegisteredClass& entry);
 
 }  // namespace automation

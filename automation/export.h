@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 // What crosses the border of a shared library is marked with its macro; everything else stays hidden. The libraries of
 // Windows show the entry points of COM and nothing else.
@@ -9,5 +9,3 @@
 #endif
 
 #define AUTOMATION_API AUTOMATION_EXPORT
-#define VESTARA_API AUTOMATION_EXPORT
-#define DORVANE_API AUTOMATION_EXPORT

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <type_traits>
 #include <utility>

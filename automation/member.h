@@ -1,7 +1,9 @@
-#pragma once
+#pragma once  // installed
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -128,13 +130,19 @@ struct Event {
 
 /// Everything that a surface says about one class.
 struct ClassDescription {
-  std::string_view library;          ///< "Vestara": the first half of the programmatic identifier
-  std::string_view name;             ///< "cLotto"
-  std::string_view interface_name;   ///< "_cLotto"
-  std::string_view event_interface;  ///< "__cLotto", empty when the class raises no events
+  std::string_view library;          ///< the first half of the programmatic identifier: "Library" of "Library.Reader"
+  std::string_view name;             ///< the other half: "Reader"
+  std::string_view interface_name;   ///< "_Reader"
+  std::string_view event_interface;  ///< "__Reader", empty when the class raises no events
   std::string_view help;
+  std::optional<int32_t> first_item;  ///< of a collection, which has Count, and Item by default: its first index
   std::span<const Member> members;
   std::span<const Event> events;
+
+  /// "Library.Reader"; of an object of the host, which has no library, its name alone.
+  std::string identifier() const {
+    return library.empty() ? std::string(name) : std::string(library).append(".").append(name);
+  }
 };
 
 /// How an object that is no `T` can serve as one. By default it cannot; a class that wraps foreign objects
@@ -392,10 +400,55 @@ struct Deduce<Class, Function> : Signature<Class, Function, Result, Arguments...
 
 }  // namespace detail
 
+/// The rows of a property that can be read and assigned.
+using PropertyRows = std::array<Member, 2>;
+
+namespace detail {
+
+/// How a setter takes its value.
+template <class Value>
+struct Assigned {
+  using Type = Value;
+  static constexpr MemberKind kind = MemberKind::put;
+};
+template <class Value>
+requires(std::is_same_v<Value, std::string> || std::is_same_v<Value, Variant>) struct Assigned<Value> {
+  using Type = const Value&;
+  static constexpr MemberKind kind = MemberKind::put;
+};
+template <class Class>
+struct Assigned<Ref<Class>> {
+  using Type = Ref<Class>;
+  static constexpr MemberKind kind = MemberKind::putref;
+};
+
+template <class Part>
+inline constexpr size_t rows_in = 1;
+template <>
+inline constexpr size_t rows_in<PropertyRows> = std::tuple_size_v<PropertyRows>;
+
+}  // namespace detail
+
+/// The table of a class: its rows in interface order, each property with its two.
+template <class... Parts>
+consteval auto member_rows(const Parts&... parts) {
+  std::array<Member, (detail::rows_in<Parts> + ...)> rows;
+  auto place = rows.begin();
+  const auto add = [&](const auto& part) {
+    if constexpr (std::is_same_v<std::remove_cvref_t<decltype(part)>, Member>)
+      *place++ = part;
+    else
+      for (const Member& row : part) *place++ = row;
+  };
+  (add(parts), ...);
+  return rows;
+}
+
 /// Builds the rows of one class:
-///   using row = Rows<cLotto>;
-///   row::method<&cLotto::GetMaxDateStorico>(17, "GetMaxDateStorico", "Date of the newest draw, as text."),
-///   row::get<int16_t, &cLotto::DbType>(1, "DbType", "…"), row::put<int16_t, &cLotto::DbType>(1, "DbType", "…"),
+///   using row = Rows<Reader>;
+///   constexpr auto rows = member_rows(
+///       row::property<int16_t, &Reader::Size, &Reader::Size>(1, "Size", "How many there are."),
+///       row::method<&Reader::Next>(2, "Next", "The next one, as text."));
 template <class Class>
 struct Rows {
   template <auto Function, class... Parameters>
@@ -407,10 +460,28 @@ struct Rows {
   static consteval Member read_only(int32_t id, std::string_view name, std::string_view help, Parameters... rows) {
     return detail::Deduce<Class, Function>::row(id, MemberKind::get, name, help, rows...);
   }
+  /// A property: how it is read, then how it is assigned, an object by reference. Both say `help` unless the assignment
+  /// has words of its own.
+  template <class Value, Value (Class::*Read)() const, void (Class::*Assign)(typename detail::Assigned<Value>::Type)>
+  static consteval PropertyRows property(int32_t id, std::string_view name, std::string_view help,
+                                         std::string_view help_of_assignment = {}) {
+    using Assigned = detail::Assigned<Value>;
+    return {get<Value, Read>(id, name, help),
+            detail::Signature<Class, Assign, void, typename Assigned::Type>::row(
+                id, Assigned::kind, name, help_of_assignment.empty() ? help : help_of_assignment, parameter("value"))};
+  }
+  /// The same where the interface lists the assignment first.
+  template <class Value, Value (Class::*Read)() const, void (Class::*Assign)(typename detail::Assigned<Value>::Type)>
+  static consteval PropertyRows assigned_property(int32_t id, std::string_view name, std::string_view help) {
+    const PropertyRows rows = property<Value, Read, Assign>(id, name, help);
+    return {rows[1], rows[0]};
+  }
+  /// A property that is only read, where the name has two functions.
   template <class Value, Value (Class::*Function)() const>
   static consteval Member get(int32_t id, std::string_view name, std::string_view help) {
     return detail::Signature<Class, Function, Value>::row(id, MemberKind::get, name, help);
   }
+  /// A property that is only assigned: a value, or an object by reference.
   template <class Value, void (Class::*Function)(Value)>
   static consteval Member put(int32_t id, std::string_view name, std::string_view help) {
     return detail::Signature<Class, Function, void, Value>::row(id, MemberKind::put, name, help, parameter("value"));

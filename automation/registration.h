@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
@@ -9,7 +9,7 @@
 
 // Where a class is found that no loaded library has: one small text file per class, "identifier=…" and "library=…",
 // in a folder of class files. Looked through in this order:
-//   1. the folder of libraries that VESTARA_LIBRARY_DIR names (libraries, not class files)
+//   1. the folder of libraries (not of class files) that the product's own variable names (product.h)
 //   2. the folders of class files that AUTOMATION_CLASS_PATH names, joined by ":"
 //   3. the user's data folder (XDG_DATA_HOME or ~/.local/share) and the system's (XDG_DATA_DIRS or /usr/local/share,
 //      /usr/share), each with "automation-classes" behind it

@@ -1,6 +1,5 @@
-#pragma once
+#pragma once  // installed
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,10 +14,12 @@ namespace automation {
 
 struct ClassDescription;
 
-/// A class that hosts create by name.
+/// A class of the surface.
 struct RegisteredClass {
-  std::string identifier;  ///< "Vestara.cLotto"
-  Ref<Object> (*create)();
+  const ClassDescription* description;
+  Ref<Object> (*create)();  ///< null for a class whose objects members hand out and nobody creates
+
+  bool is_creatable() const { return create != nullptr; }
 };
 
 /// Makes a class known to this process. A library does this for its classes when it is loaded; a second class of the
@@ -30,15 +31,27 @@ AUTOMATION_API void register_class(RegisteredClass entry);
 /// loaded. Error 429, naming the places, when there is none.
 AUTOMATION_API Ref<Object> create_object(std::string_view identifier);
 
-/// The classes of the loaded libraries, in the order in which they were registered.
+/// The classes of the loaded libraries that hosts create by name, in the order in which they were registered.
 AUTOMATION_API std::vector<RegisteredClass> loaded_classes();
 
-/// Makes `Class` known: one static of this type per class, in the library that has it.
+/// The same, and behind them the classes that members hand out.
+AUTOMATION_API std::vector<RegisteredClass> described_classes();
+
+/// The entry of an object's class. One that nobody registered is not creatable.
+AUTOMATION_API RegisteredClass class_of(const Object& object);
+
+/// Makes `Class` known: one static of this type per class that hosts create, in the library that has it.
 template <class Class>
 struct ClassRegistrar {
-  explicit ClassRegistrar(std::string identifier) {
-    register_class({std::move(identifier), [] { return Ref<Object>(make<Class>()); }});
+  ClassRegistrar() {
+    register_class({&Class::surface(), [] { return Ref<Object>(make<Class>()); }});
   }
+};
+
+/// The same for a class that members of the library hand out.
+template <class Class>
+struct HandedOut {
+  HandedOut() { register_class({&Class::surface(), nullptr}); }
 };
 
 }  // namespace automation

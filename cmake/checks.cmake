@@ -6,7 +6,8 @@ add_custom_target(layer_check ALL COMMAND ${CMAKE_COMMAND} -P ${PROJECT_SOURCE_D
 
 # Each header compiles alone, and twice in a row.
 if(VESTARA_TESTS)
-  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} automation/*.h vestara/*.h dorvane/*.h)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} automation/*.h records/*.h vestara/*.h
+       dorvane/*.h)
   if(WIN32)
     # The others are looked at where they are developed.
     list(FILTER headers INCLUDE REGEX "/com/")

@@ -8,23 +8,8 @@ if(TARGET vestara_program)
 endif()
 
 # What a C++ host includes, with all that those headers include.
-set(public_headers
-    automation/c_abi/automation.h automation/coercion.h automation/collection.h automation/date.h
-    automation/describe.h automation/entry_points.h automation/error.h automation/event_source.h automation/export.h
-    automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h
-    automation/registration.h automation/registry.h automation/report.h automation/text.h automation/variant.h automation/yield.h
-    vestara/foundation/combination_walk.h vestara/foundation/connector.h vestara/foundation/date_order.h vestara/foundation/error_log.h vestara/foundation/recordset.h
-    vestara/foundation/schema.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
-    vestara/foundation/wheels.h
-    vestara/archive/draw_record.h vestara/archive/history_text.h vestara/archive/hit_counters.h vestara/archive/lotto.h vestara/archive/search_text.h
-    vestara/distances/gap_list.h vestara/distances/gap_text.h vestara/distances/hit_distances.h
-    vestara/distances/distance_lists.h vestara/distances/distance_walk.h vestara/distances/number_distances.h
-    vestara/frequency/analytic_scan.h vestara/frequency/analytic_table.h vestara/frequency/frequency.h
-    vestara/frequency/ranking.h
-    vestara/statistics/combinations.h vestara/statistics/statistics.h
-    vestara/systems/catalogue_text.h vestara/systems/combination_text.h vestara/systems/integral.h
-    vestara/systems/number_sets.h vestara/systems/systems.h
-    dorvane/connector.h dorvane/home_process.h)
+include(cmake/installed_headers.cmake)
+installed_headers(public_headers "${PROJECT_SOURCE_DIR}")
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vestara-1/${folder} COMPONENT Development)

@@ -1,19 +1,20 @@
 # A shared library over the sources of one folder, its unit tests beside them:
-#   vestara_library(automation)  ->  automation_objects, automation, Vestara::automation, automation_test
+#   component_library(automation)  ->  automation_objects, automation, Vestara::automation, automation_test
 # WITH_CLASSES gives the library the entry points by which it registers its classes.
 # The objects are a target of their own so that unit tests reach what the library hides.
-function(vestara_library name)
+function(component_library name)
   cmake_parse_arguments(ARG "WITH_CLASSES" "" "SOURCES;TESTS;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name}_objects OBJECT ${ARG_SOURCES})
-  compile_member_rows_alone(${ARG_SOURCES})
   target_include_directories(${name}_objects PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
   target_link_libraries(${name}_objects PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  # Nobody replaces a function that a library shows: its own calls of it may be inlined.
+  target_compile_options(${name}_objects PRIVATE -fno-semantic-interposition)
 
   add_library(${name} SHARED)
   add_library(Vestara::${name} ALIAS ${name})
   target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_objects>)
   if(ARG_WITH_CLASSES)
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/automation/entry_points.cpp)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/automation/classes/entry_points.cpp)
   endif()
   target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                             $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vestara-1>)

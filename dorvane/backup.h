@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "automation/export.h"
+#include "dorvane/export.h"
 
 namespace dorvane {
 

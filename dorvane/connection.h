@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "automation/ref.h"
-#include "dorvane/recordset.h"
 #include "dorvane/url.h"
+#include "records/static_recordset.h"
 
 namespace dorvane {
 
@@ -23,7 +23,7 @@ class Connection {
   virtual ~Connection() = default;
 
   /// One reading statement.
-  virtual automation::Ref<StaticRecordSet> query(std::string_view statement) = 0;
+  virtual automation::Ref<records::StaticRecordSet> query(std::string_view statement) = 0;
   /// One writing statement.
   virtual void execute(std::string_view statement) = 0;
   /// 0 for an empty table.

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "automation/error.h"
-#include "automation/file.h"
 #include "automation/report.h"
+#include "automation/system/file.h"
 #include "dorvane/connection.h"
 
 namespace dorvane {
@@ -170,7 +170,7 @@ int32_t DbConnector::GetMaxId(std::string_view table, std::string_view column) {
 
 Ref<vestara::RecordSet> DbConnector::GetRecordset(std::string_view statement) {
   return guarded(Ref<vestara::RecordSet>(), [&]() -> Ref<vestara::RecordSet> {
-    const Ref<StaticRecordSet> rows = connection().query(statement);
+    const Ref<records::StaticRecordSet> rows = connection().query(statement);
     rows->note_failures_in(last_error_);
     return rows;
   });

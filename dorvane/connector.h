@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <memory>
@@ -6,12 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
+#include "dorvane/export.h"
 #include "dorvane/home_process.h"
 #include "vestara/foundation/connector.h"
-#include "vestara/foundation/recordset.h"
 
 namespace dorvane {
 
@@ -64,7 +63,8 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
   DbConnector();
   ~DbConnector() override;
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
   /// connection that was open is closed first, whatever comes of the new one.

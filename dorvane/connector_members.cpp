@@ -1,16 +1,16 @@
-#include <array>
-
 #include "automation/member.h"
 #include "automation/registry.h"
 #include "dorvane/connector.h"
+#include "records/fields.h"
+#include "records/static_recordset.h"
 
 namespace dorvane {
-namespace {
+namespace connector_members {
 
 using automation::parameter;
 using row = automation::Rows<DbConnector>;
 
-constexpr std::array members{
+constexpr auto rows = automation::member_rows(
     row::read_only<&DbConnector::ConnectionState>(1, "ConnectionState", "1 when the connection is open."),
     row::method<&DbConnector::OpenRecordset>(2, "OpenRecordset", "Runs a reading statement; the rows come back in rs.",
                                              parameter("rs"), parameter("sql")),
@@ -31,22 +31,24 @@ constexpr std::array members{
     row::read_only<&DbConnector::LastError>(12, "LastError", "Why the last failing call failed."),
     row::method<&DbConnector::CreateSchema>(13, "CreateSchema",
                                             "Creates the tables, indexes and wheels that are missing."),
-    row::method<&DbConnector::CheckSchema>(14, "CheckSchema", "A line for everything that the archive lacks."),
-};
+    row::method<&DbConnector::CheckSchema>(14, "CheckSchema", "A line for everything that the archive lacks."));
 
-const automation::ClassRegistrar<DbConnector> registrar{"Dorvane.DbConnector"};
+const automation::ClassRegistrar<DbConnector> connector;
+const automation::HandedOut<records::StaticRecordSet> record_set;
+const automation::HandedOut<records::Fields> fields;
+const automation::HandedOut<records::Field> field;
 
-}  // namespace
+}  // namespace connector_members
 
-const automation::ClassDescription& DbConnector::description() const {
-  static constexpr automation::ClassDescription description{
+const automation::ClassDescription& DbConnector::surface() {
+  static constexpr automation::ClassDescription surface{
       .library = "Dorvane",
       .name = contract_name,
       .interface_name = "_DbConnector",
       .help = "One connection to an archive, chosen by URL.",
-      .members = members,
+      .members = connector_members::rows,
   };
-  return description;
+  return surface;
 }
 
 }  // namespace dorvane

@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "automation/error.h"
-#include "automation/process_wide.h"
+#include "automation/system/process_wide.h"
 #include "automation/text.h"
 #include "dorvane/connection.h"
 

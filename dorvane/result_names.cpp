@@ -81,10 +81,10 @@ std::vector<std::string> result_names(std::string_view statement, const Syntax& 
   return of_engine;
 }
 
-void spell_names(std::string_view statement, const Syntax& syntax, std::vector<ColumnHeader>& headers) {
+void spell_names(std::string_view statement, const Syntax& syntax, std::vector<records::ColumnHeader>& headers) {
   std::vector<std::string> names;
   names.reserve(headers.size());
-  for (ColumnHeader& header : headers) names.push_back(std::move(header.name));
+  for (records::ColumnHeader& header : headers) names.push_back(std::move(header.name));
   names = result_names(statement, syntax, std::move(names));
   for (size_t i = 0; i < names.size(); ++i) headers[i].name = std::move(names[i]);
 }

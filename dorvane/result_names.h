@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "dorvane/recordset.h"
 #include "dorvane/tokens.h"
+#include "records/static_recordset.h"
 
 namespace dorvane {
 
@@ -16,6 +16,6 @@ namespace dorvane {
 std::vector<std::string> result_names(std::string_view statement, const Syntax& syntax,
                                       std::vector<std::string> of_engine);
 /// The same for the headers of a result.
-void spell_names(std::string_view statement, const Syntax& syntax, std::vector<ColumnHeader>& headers);
+void spell_names(std::string_view statement, const Syntax& syntax, std::vector<records::ColumnHeader>& headers);
 
 }  // namespace dorvane

@@ -11,7 +11,7 @@ using automation::VariantKind;
 
 TEST(ResultText, Cases) {
   struct Row {
-    void (*append)(ColumnStore&, std::string_view);
+    void (*append)(records::ColumnStore&, std::string_view);
     const char* text;
     VariantKind kind;
     const char* value;
@@ -27,7 +27,7 @@ TEST(ResultText, Cases) {
         Row{append_decimal, "12.0010", VariantKind::double_precision, "12.001"},
         Row{append_timestamp, "2026-11-21 00:00:00", VariantKind::date, "21/11/2026"},
         Row{append_timestamp, "2026-11-21 09:30:01", VariantKind::date, "21/11/2026 09:30:01"}}) {
-    ColumnStore column(TextReading::iso_dates);
+    records::ColumnStore column(records::TextReading::iso_dates);
     row.append(column, row.text);
     EXPECT_EQ(column.value(0).kind(), row.kind) << row.text;
     EXPECT_EQ(automation::to_text(column.value(0)), row.value) << row.text;

@@ -57,12 +57,12 @@ void ServerConnection::atomically(Body&& body) {
   }
 }
 
-Ref<StaticRecordSet> ServerConnection::query(std::string_view statement) {
+Ref<records::StaticRecordSet> ServerConnection::query(std::string_view statement) {
   require_usable();
   guard_.require_reading(statement);
   ServerRows answer = noticing_loss([&] { return rows_in_order(statement); });
   spell_names(statement, syntax(), answer.headers);
-  return automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+  return automation::make<records::StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
 }
 
 /// What the engine refuses with an order for ties runs as given.
@@ -127,13 +127,13 @@ void ServerConnection::prefer(std::string_view setting) {
 int32_t ServerConnection::single_number(std::string_view statement) { return first_number(rows(statement)); }
 
 int32_t ServerConnection::first_number(ServerRows answer) {
-  const auto set = automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+  const auto set = automation::make<records::StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
   return set->at_end() || set->is_null({0}) ? 0 : set->whole_number({0});
 }
 
 std::vector<std::string> ServerConnection::column_of(std::string_view statement) {
   ServerRows answer = rows(statement);
-  const auto set = automation::make<StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+  const auto set = automation::make<records::StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
   std::vector<std::string> texts;
   for (; !set->at_end(); set->move_next())
     if (!set->is_null({0})) texts.emplace_back(set->text({0}));

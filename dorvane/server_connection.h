@@ -9,17 +9,17 @@
 
 #include "dorvane/connection.h"
 #include "dorvane/dialect.h"
-#include "dorvane/recordset.h"
 #include "dorvane/schema.h"
 #include "dorvane/statement_guard.h"
 #include "dorvane/transaction_state.h"
+#include "records/static_recordset.h"
 
 namespace dorvane {
 
 /// The rows of a statement as a server's client hands them over, complete.
 struct ServerRows {
-  std::vector<ColumnHeader> headers;
-  std::unique_ptr<RowSource> source;
+  std::vector<records::ColumnHeader> headers;
+  std::unique_ptr<records::RowSource> source;
 };
 
 /// What is the same on every server: the statement guard, transactions and what loses them, one writer at a time, the
@@ -29,7 +29,7 @@ struct ServerRows {
 /// a change gets a transaction of its own. A lost connection is never made anew.
 class ServerConnection : public Connection {
  public:
-  automation::Ref<StaticRecordSet> query(std::string_view statement) final;
+  automation::Ref<records::StaticRecordSet> query(std::string_view statement) final;
   void execute(std::string_view statement) final;
   int32_t max_id(std::string_view table, std::string_view column) final;
   void begin() final;

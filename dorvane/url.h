@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "dorvane/export.h"
 
 namespace dorvane {
 

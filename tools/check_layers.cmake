@@ -1,22 +1,35 @@
 # Who may include whom. Run on every build: cmake -P tools/check_layers.cmake
-# Each row: a folder, then the prefixes that its files may include from this project.
+# Each row: a folder, then what its files may include of this project: what begins like that, or what lies in FOLDER
+# itself for "FOLDER/*". A folder that ends in "/*" means its own files, not those of its rooms.
+cmake_minimum_required(VERSION 3.25)
 set(layers
-    "automation|automation/"
-    "vestara/foundation|automation/ vestara/foundation/"
-    "vestara/draws|automation/ vestara/foundation/ vestara/draws/"
-    "vestara/files|automation/ vestara/foundation/ vestara/draws/ vestara/files/"
-    "vestara/keeping|automation/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/archive/history_text.h"
-    "vestara/study|automation/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/"
-    "vestara/archive|automation/ vestara/foundation/ vestara/archive/ vestara/statistics/"
-    "vestara/statistics|automation/ vestara/foundation/ vestara/statistics/ vestara/distances/"
-    "vestara/distances|automation/ vestara/foundation/ vestara/distances/"
-    "vestara/systems|automation/ vestara/foundation/ vestara/systems/"
-    "vestara/frequency|automation/ vestara/foundation/ vestara/frequency/"
-    "vestara/server|automation/ vestara/"
-    "dorvane|automation/ dorvane/ vestara/foundation/connector.h vestara/foundation/recordset.h"
-    "hosts|automation/ vestara/ dorvane/ hosts/")
+    "automation/*|automation/*"
+    "automation/system|automation/* automation/system/"
+    "automation/text|automation/* automation/text/"
+    "automation/values|automation/* automation/text/ automation/values/"
+    "automation/objects|automation/* automation/system/ automation/text/ automation/values/ automation/objects/"
+    "automation/classes|automation/* automation/system/ automation/text/ automation/objects/ automation/classes/"
+    "automation/c_abi|automation/* automation/objects/ automation/c_abi/"
+    "automation/com/system|automation/* automation/system/ automation/classes/ automation/com/system/"
+    "automation/com/values|automation/* automation/com/system/ automation/com/values/"
+    "automation/com/faces|automation/* automation/objects/ automation/classes/ automation/com/system/ automation/com/values/ automation/com/faces/"
+    "automation/com/registration|automation/* automation/com/system/ automation/com/values/ automation/com/registration/"
+    "records|automation/ records/"
+    "vestara/foundation|automation/ records/ vestara/foundation/"
+    "vestara/draws|automation/ records/ vestara/foundation/ vestara/draws/"
+    "vestara/files|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/"
+    "vestara/keeping|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/archive/history_text.h"
+    "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/"
+    "vestara/archive|automation/ records/ vestara/foundation/ vestara/archive/ vestara/statistics/"
+    "vestara/statistics|automation/ records/ vestara/foundation/ vestara/statistics/ vestara/distances/"
+    "vestara/distances|automation/ records/ vestara/foundation/ vestara/distances/"
+    "vestara/systems|automation/ records/ vestara/foundation/ vestara/systems/"
+    "vestara/frequency|automation/ records/ vestara/foundation/ vestara/frequency/"
+    "vestara/server|automation/ records/ vestara/"
+    "dorvane|automation/ records/ dorvane/ vestara/foundation/connector.h"
+    "hosts|automation/ records/ vestara/ dorvane/ hosts/")
 # The component library and the component model stand on the standard library alone, but for packed files.
-set(standard_only "^(automation|vestara)/")
+set(standard_only "^(automation|records|vestara)/")
 set(packing_headers "^(zip|zlib)\\.h$")
 set(platform_headers "^(stddef|stdint|windows|dlfcn|oleauto|objbase|olectl|dispex|unistd|sys/[a-z]+|fcntl)\\.?h?$")
 
@@ -29,9 +42,10 @@ function(check_file file allowed)
     if(line MATCHES "^#include \"([^\"]+)\"")
       set(included "${CMAKE_MATCH_1}")
       set(fits FALSE)
+      get_filename_component(folder_of_included "${included}" DIRECTORY)
       foreach(prefix IN LISTS allowed)
         string(FIND "${included}" "${prefix}" place)
-        if(place EQUAL 0)
+        if(place EQUAL 0 OR prefix STREQUAL "${folder_of_included}/*")
           set(fits TRUE)
         endif()
       endforeach()
@@ -59,8 +73,25 @@ foreach(layer IN LISTS layers)
   list(GET parts 0 folder)
   list(GET parts 1 prefixes)
   string(REPLACE " " ";" prefixes "${prefixes}")
-  file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${folder}/*.h" "${root}/${folder}/*.cpp")
+  if(folder MATCHES "/\\*$")
+    file(GLOB files RELATIVE "${root}" "${root}/${folder}.h" "${root}/${folder}.cpp")
+  else()
+    file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${folder}/*.h" "${root}/${folder}/*.cpp")
+  endif()
   foreach(file IN LISTS files)
     check_file("${file}" "${prefixes}")
+  endforeach()
+endforeach()
+
+# What is installed works alone: installed headers include installed headers. Hosts of other people have no others.
+include("${CMAKE_CURRENT_LIST_DIR}/../cmake/installed_headers.cmake")
+installed_headers(installed "${root}")
+foreach(file IN LISTS installed)
+  file(STRINGS "${root}/${file}" lines REGEX "^#include \"")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
+    if(NOT included IN_LIST installed)
+      message(SEND_ERROR "${file} is installed and includes ${included}, which is not")
+    endif()
   endforeach()
 endforeach()

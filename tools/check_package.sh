@@ -11,6 +11,14 @@ cmake --install "$tree" --prefix "$folder/first" >/dev/null
 mv "$folder/first" "$folder/installed"
 library_folder=$(dirname "$(find "$folder/installed" -name 'libvestara.so.1')")
 
+# Few headers are installed, and those work together without anything else.
+most_headers=56
+include=$folder/installed/include/vestara-1
+(cd "$include" && find . -name '*.h' -printf '#include <%P>\n') >"$folder/headers.cpp"
+count=$(wc -l <"$folder/headers.cpp")
+[ "$count" -le $most_headers ] || { echo "$count headers are installed, $most_headers at most" >&2; exit 1; }
+g++ -std=c++20 -fsyntax-only -I "$include" "$folder/headers.cpp"
+
 cmake -G Ninja -S tests/package -B "$folder/host" -DCMAKE_PREFIX_PATH="$folder/installed" >/dev/null
 cmake --build "$folder/host" >/dev/null
 export VESTARA_LOG_DIR="$folder"

@@ -1,15 +1,15 @@
-#ifndef AUTOMATION_C_ABI_AUTOMATION_H
+#ifndef AUTOMATION_C_ABI_AUTOMATION_H /* installed */
 #define AUTOMATION_C_ABI_AUTOMATION_H
 
 /* The component model for other languages: objects by name, members by name or id, values that carry their type,
  * events, and objects that the host itself implements. Plain C; no exception leaves these functions.
  *
- *   au_object* lotto;
- *   if (au_create_object("Vestara.cLotto", &lotto) != AU_OK) complain();
+ *   au_object* reader;
+ *   if (au_create_object("Library.Reader", &reader) != AU_OK) complain();
  *   au_value result = {0};
- *   if (au_call(lotto, "GetMaxDateStorico", AU_METHOD, NULL, 0, &result) == AU_OK) show(result.as.text.bytes);
+ *   if (au_call(reader, "Newest", AU_METHOD, NULL, 0, &result) == AU_OK) show(result.as.text.bytes);
  *   au_clear(&result);
- *   au_release(lotto);
+ *   au_release(reader);
  *
  * Threads: each function may be called on any thread, at the same time as others. An object, with what it was given and
  * what it handed out (its connector, its record sets), belongs to one thread at a time; another thread may have it
@@ -32,7 +32,7 @@ extern "C" {
 #endif
 
 /* Grows when something is added; the major half (above 16 bits) when something changes. */
-#define AU_ABI_VERSION 0x00010000u
+#define AU_ABI_VERSION 0x00010001u
 
 /* The version of the loaded library. */
 AU_API uint32_t au_abi_version(void);
@@ -125,8 +125,20 @@ AU_API au_status au_invoke(au_object* object, int32_t id, au_invoke_kind kind, a
 AU_API au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au_value* arguments, size_t count,
                          au_value* result);
 
+/* ---- Classes ---- */
+
+/* The name of an object's class: its library, a point, the class ("Library.Reader"), the same pointer for all objects
+ * of the class for as long as the process lives. Null for an object of a host, whose class has no name here, and for
+ * what is no live object. Since 1.1. */
+AU_API const char* au_class_name(au_object* object);
 /* The surface of an object's class as JSON text. Objects of hosts have none: error 438. */
 AU_API au_status au_describe(au_object* object, au_value* json);
+/* The index of a collection's first item: 0 or 1. A collection has Count, and Item as its default member; error 438 for
+ * every other object. Since 1.1. */
+AU_API au_status au_first_item(au_object* object, int32_t* index);
+/* The surfaces of the loaded libraries: the class at a place from 0 on, first those that au_create_object makes, then
+ * those that members hand out. Its JSON text is that of au_describe. Error 9 behind the last. Since 1.1. */
+AU_API au_status au_class_at(size_t place, au_value* json);
 
 /* ---- Arrays ---- */
 

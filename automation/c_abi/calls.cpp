@@ -5,7 +5,6 @@
 
 #include "automation/c_abi/convert.h"
 #include "automation/c_abi/failure.h"
-#include "automation/describe.h"
 #include "automation/error.h"
 #include "automation/event_source.h"
 #include "automation/member.h"
@@ -89,10 +88,8 @@ EventSource& events_of(au_object* object) {
 }
 
 void deliver(au_event_sink sink, void* host, const Event& event, std::span<const Variant> arguments) {
-  std::vector<au_value> values(arguments.size());
-  for (size_t i = 0; i < values.size(); ++i) to_value(arguments[i], values[i]);
-  sink(host, event.id, std::string(event.name).c_str(), values.data(), values.size());
-  for (au_value& value : values) au_clear(&value);
+  const Values values(arguments);
+  sink(host, event.id, std::string(event.name).c_str(), values.data(), arguments.size());
 }
 
 }  // namespace
@@ -137,15 +134,6 @@ au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au
     if (result) au_clear(result);
     auto& target = object_of(object);
     invoke(target, id_of(target, member), kind, arguments, count, {}, result);
-  });
-}
-
-au_status au_describe(au_object* object, au_value* json) {
-  return guarded([&] {
-    const automation::ClassDescription& described = object_of(object).description();
-    // A host's own object is of no library's class.
-    if (described.library.empty()) throw automation::no_such_member();
-    to_value(automation::Variant(automation::describe_json(described)), required(json));
   });
 }
 

@@ -191,6 +191,15 @@ void to_value(const Variant& source, au_value& target) {
   target = stored;
 }
 
+// The other constructor has made the object: its destructor runs when an argument cannot be converted.
+Values::Values(std::span<const Variant> arguments, size_t more) : Values(arguments.size() + more) {
+  for (size_t i = 0; i < arguments.size(); ++i) to_value(arguments[i], values_[i]);
+}
+
+Values::~Values() {
+  for (au_value& value : values_) au_clear(&value);
+}
+
 }  // namespace automation::c_abi
 
 using automation::c_abi::guarded;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
+#include <vector>
+
 #include "automation/c_abi/automation.h"
 #include "automation/object.h"
 #include "automation/ref.h"
@@ -29,5 +33,24 @@ bool holds(const au_value& value, const Variant& wanted);
 void to_value(const Variant& source, au_value& target);
 /// The array in a value. Misuse when it holds none.
 Array& array_of(const au_value& value);
+
+/// What a host's callback is given: the values of the arguments, one behind the other, and `more` empty ones behind
+/// them. All are given back at the end, also when one cannot be made.
+class Values {
+ public:
+  explicit Values(std::span<const Variant> arguments, size_t more = 0);
+  ~Values();
+  Values(const Values&) = delete;
+  Values& operator=(const Values&) = delete;
+
+  au_value* data() { return values_.data(); }
+  const au_value* data() const { return values_.data(); }
+  au_value& at(size_t place) { return values_[place]; }
+
+ private:
+  explicit Values(size_t count) : values_(count) {}
+
+  std::vector<au_value> values_;
+};
 
 }  // namespace automation::c_abi

@@ -48,6 +48,9 @@ au_error au_last_error(void) {
 }
 
 void au_raise(int32_t number, const char* description, const char* source) {
-  automation::c_abi::keep_failure(
-      AU_RAISED, automation::RunTimeError(number, description ? description : "", source ? source : ""));
+  // Without memory for the texts the error is 7.
+  automation::c_abi::guarded([&] {
+    automation::c_abi::keep_failure(
+        AU_RAISED, automation::RunTimeError(number, description ? description : "", source ? source : ""));
+  });
 }

@@ -3,9 +3,9 @@
 
 #include "automation/c_abi/convert.h"
 #include "automation/c_abi/failure.h"
-#include "automation/call_depth.h"
 #include "automation/error.h"
 #include "automation/member.h"
+#include "automation/objects/call_depth.h"
 
 namespace automation::c_abi {
 namespace {
@@ -34,15 +34,14 @@ class HostObject final : public Object {
   Variant invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                  std::span<const std::string_view> names) override {
     const CallDepth inside(Caller::library);
-    Values values(arguments.size() + 1);
-    for (size_t i = 0; i < arguments.size(); ++i) to_value(arguments[i], values.at(i));
+    Values values(arguments, 1);
     std::vector<std::string> texts(names.begin(), names.end());
     std::vector<const char*> pointers;
     pointers.reserve(texts.size());
     for (const std::string& text : texts) pointers.push_back(text.c_str());
     forget_failure();
     const au_status status =
-        table_.invoke(host_, id, static_cast<au_invoke_kind>(kind), &values.at(0), arguments.size(), pointers.data(),
+        table_.invoke(host_, id, static_cast<au_invoke_kind>(kind), values.data(), arguments.size(), pointers.data(),
                       pointers.size(), &values.at(arguments.size()));
     if (status != AU_OK) throw kept_failure();
     for (size_t i = 0; i < arguments.size(); ++i) arguments[i] = from_value(values.at(i));
@@ -52,21 +51,6 @@ class HostObject final : public Object {
   void* host_of(const au_host_class* table) const { return table == &table_ ? host_ : nullptr; }
 
  private:
-  /// Values that are given back whatever happens.
-  class Values {
-   public:
-    explicit Values(size_t count) : values_(count) {}
-    ~Values() {
-      for (au_value& value : values_) au_clear(&value);
-    }
-    Values(const Values&) = delete;
-    Values& operator=(const Values&) = delete;
-    au_value& at(size_t place) { return values_[place]; }
-
-   private:
-    std::vector<au_value> values_;
-  };
-
   const au_host_class& table_;
   void* host_;
 };

@@ -7,7 +7,7 @@
 namespace dorvane::mariadb {
 namespace {
 
-void append(ColumnStore& column, enum_field_types type, std::string_view value) {
+void append(records::ColumnStore& column, enum_field_types type, std::string_view value) {
   switch (type) {
     case MYSQL_TYPE_TINY:
     case MYSQL_TYPE_SHORT:
@@ -37,7 +37,7 @@ Rows::Rows(Result result) : result_(std::move(result)) {
   for (unsigned i = 0; i < mysql_num_fields(result_.get()); ++i) types_.push_back(fields[i].type);
 }
 
-bool Rows::fetch(std::vector<ColumnStore>& columns) {
+bool Rows::fetch(std::vector<records::ColumnStore>& columns) {
   const char* const* const row = mysql_fetch_row(result_.get());
   if (!row) return false;
   const unsigned long* const lengths = mysql_fetch_lengths(result_.get());
@@ -50,13 +50,13 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   return true;
 }
 
-std::vector<ColumnHeader> headers_of(MYSQL_RES* result) {
-  std::vector<ColumnHeader> headers;
+std::vector<records::ColumnHeader> headers_of(MYSQL_RES* result) {
+  std::vector<records::ColumnHeader> headers;
   const MYSQL_FIELD* const fields = mysql_fetch_fields(result);
   for (unsigned i = 0; i < mysql_num_fields(result); ++i) {
     const auto type = fields[i].type;
     const bool is_date = type == MYSQL_TYPE_DATE || type == MYSQL_TYPE_DATETIME || type == MYSQL_TYPE_TIMESTAMP;
-    headers.push_back({fields[i].name, is_date ? TextReading::iso_dates : TextReading::plain});
+    headers.push_back({fields[i].name, is_date ? records::TextReading::iso_dates : records::TextReading::plain});
   }
   return headers;
 }

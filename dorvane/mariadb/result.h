@@ -4,15 +4,15 @@
 #include <vector>
 
 #include "dorvane/mariadb/handles.h"
-#include "dorvane/recordset.h"
+#include "records/static_recordset.h"
 
 namespace dorvane::mariadb {
 
 /// The rows of a complete result, taken over one by one.
-class Rows final : public RowSource {
+class Rows final : public records::RowSource {
  public:
   explicit Rows(Result result);
-  bool fetch(std::vector<ColumnStore>& columns) override;
+  bool fetch(std::vector<records::ColumnStore>& columns) override;
 
  private:
   Result result_;
@@ -20,6 +20,6 @@ class Rows final : public RowSource {
 };
 
 /// The columns by the engine's own names, dates by their type.
-std::vector<ColumnHeader> headers_of(MYSQL_RES* result);
+std::vector<records::ColumnHeader> headers_of(MYSQL_RES* result);
 
 }  // namespace dorvane::mariadb

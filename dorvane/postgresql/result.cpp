@@ -40,7 +40,7 @@ Rows::Rows(Result result) : result_(std::move(result)) {
   for (int i = 0; i < PQnfields(result_.get()); ++i) kinds_.push_back(kind_of(PQftype(result_.get(), i)));
 }
 
-void Rows::append(ColumnStore& column, Kind kind, std::string_view value) const {
+void Rows::append(records::ColumnStore& column, Kind kind, std::string_view value) const {
   switch (kind) {
     case Kind::whole:
       return append_whole(column, value);
@@ -57,7 +57,7 @@ void Rows::append(ColumnStore& column, Kind kind, std::string_view value) const 
   }
 }
 
-bool Rows::fetch(std::vector<ColumnStore>& columns) {
+bool Rows::fetch(std::vector<records::ColumnStore>& columns) {
   const PGresult* const result = result_.get();
   if (row_ == PQntuples(result)) return false;
   for (size_t i = 0; i < columns.size(); ++i) {
@@ -72,12 +72,12 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   return true;
 }
 
-std::vector<ColumnHeader> headers_of(const PGresult* result) {
-  std::vector<ColumnHeader> headers;
+std::vector<records::ColumnHeader> headers_of(const PGresult* result) {
+  std::vector<records::ColumnHeader> headers;
   for (int i = 0; i < PQnfields(result); ++i) {
     const Oid type = PQftype(result, i);
     const bool is_date = type == date_type || type == timestamp_type;
-    headers.push_back({PQfname(result, i), is_date ? TextReading::iso_dates : TextReading::plain});
+    headers.push_back({PQfname(result, i), is_date ? records::TextReading::iso_dates : records::TextReading::plain});
   }
   return headers;
 }

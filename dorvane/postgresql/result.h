@@ -3,22 +3,22 @@
 #include <vector>
 
 #include "dorvane/postgresql/handles.h"
-#include "dorvane/recordset.h"
+#include "records/static_recordset.h"
 
 namespace dorvane::postgresql {
 
 /// The rows of a complete result, taken over one by one.
-class Rows final : public RowSource {
+class Rows final : public records::RowSource {
  public:
   explicit Rows(Result result);
-  bool fetch(std::vector<ColumnStore>& columns) override;
+  bool fetch(std::vector<records::ColumnStore>& columns) override;
 
  private:
   /// How a column's text is read.
   enum class Kind : uint8_t { whole, real, decimal, boolean, timestamp, text };
 
   static Kind kind_of(Oid type);
-  void append(ColumnStore& column, Kind kind, std::string_view value) const;
+  void append(records::ColumnStore& column, Kind kind, std::string_view value) const;
 
   Result result_;
   std::vector<Kind> kinds_;
@@ -26,6 +26,6 @@ class Rows final : public RowSource {
 };
 
 /// The columns by the engine's own names, dates by their type.
-std::vector<ColumnHeader> headers_of(const PGresult* result);
+std::vector<records::ColumnHeader> headers_of(const PGresult* result);
 
 }  // namespace dorvane::postgresql

@@ -7,7 +7,6 @@
 #include "automation/coercion.h"
 #include "automation/error.h"
 #include "automation/text.h"
-#include "dorvane/recordset.h"
 #include "dorvane/result_names.h"
 #include "dorvane/sqlite/dialect.h"
 #include "dorvane/sqlite/errors.h"
@@ -15,6 +14,7 @@
 #include "dorvane/sqlite/result.h"
 #include "dorvane/statement.h"
 #include "dorvane/tie_order.h"
+#include "records/static_recordset.h"
 
 namespace dorvane::sqlite {
 
@@ -224,7 +224,7 @@ auto SqliteConnection::steadily(Body&& body) {
   return body();
 }
 
-Ref<StaticRecordSet> SqliteConnection::query(std::string_view statement) {
+Ref<records::StaticRecordSet> SqliteConnection::query(std::string_view statement) {
   transaction_.require_not_lost();
   guard_.require_reading(statement);
   repair_before_read();
@@ -239,16 +239,16 @@ Ref<StaticRecordSet> SqliteConnection::query(std::string_view statement) {
   });
 }
 
-Ref<StaticRecordSet> SqliteConnection::started(std::string_view statement) {
+Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view statement) {
   Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
   if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
   spell_names(statement, syntax, headers);
-  const auto place = std::make_shared<StaticRecordSet*>(nullptr);
+  const auto place = std::make_shared<records::StaticRecordSet*>(nullptr);
   auto source = std::make_unique<Rows>(database_.get(), std::move(prepared),
                                        RowClock{running_, StatementClock(settings_.reading_limit)},
                                        [this, place] { forget(*place); });
-  auto rows = automation::make<StaticRecordSet>(std::move(headers), std::move(source));
+  auto rows = automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
   *place = rows.get();
   unfinished_.push_back(rows.get());
   return rows;
@@ -416,6 +416,6 @@ void SqliteConnection::complete_record_sets() noexcept {
   while (!unfinished_.empty()) unfinished_.back()->complete();
 }
 
-void SqliteConnection::forget(const StaticRecordSet* rows) { std::erase(unfinished_, rows); }
+void SqliteConnection::forget(const records::StaticRecordSet* rows) { std::erase(unfinished_, rows); }
 
 }  // namespace dorvane::sqlite

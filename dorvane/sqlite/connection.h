@@ -17,10 +17,6 @@
 #include "dorvane/statement_guard.h"
 #include "dorvane/transaction_state.h"
 
-namespace dorvane {
-class StaticRecordSet;
-}
-
 namespace dorvane::sqlite {
 
 /// The embedded database. Options of the URL: mode, durability, timeout, statement_timeout (see DbConnector).
@@ -29,7 +25,7 @@ class SqliteConnection final : public Connection {
   explicit SqliteConnection(const Url& url);
   ~SqliteConnection() override;
 
-  automation::Ref<StaticRecordSet> query(std::string_view statement) override;
+  automation::Ref<records::StaticRecordSet> query(std::string_view statement) override;
   void execute(std::string_view statement) override;
   int32_t max_id(std::string_view table, std::string_view column) override;
   void begin() override;
@@ -59,7 +55,7 @@ class SqliteConnection final : public Connection {
   /// Runs a body that reads, again where the file was changed while nothing kept changes away.
   template <class Body>
   auto steadily(Body&& body);
-  automation::Ref<StaticRecordSet> started(std::string_view statement);
+  automation::Ref<records::StaticRecordSet> started(std::string_view statement);
   /// Nothing of the engine's that a statement could leave the archive by.
   void close_side_doors();
   Statement prepare(std::string_view statement, Permission permission);
@@ -90,7 +86,7 @@ class SqliteConnection final : public Connection {
   void repair_before_read();
 
   void complete_record_sets() noexcept;
-  void forget(const StaticRecordSet* rows);
+  void forget(const records::StaticRecordSet* rows);
 
   Database database_;
   StatementGuard guard_;
@@ -107,7 +103,7 @@ class SqliteConnection final : public Connection {
   /// The draw indexes were dropped with the rows and are owed to the next reader.
   bool indexes_owed_ = false;
   bool indexes_owed_at_begin_ = false;
-  std::vector<StaticRecordSet*> unfinished_;
+  std::vector<records::StaticRecordSet*> unfinished_;
 
   // The last recognised INSERT, kept prepared.
   std::string insert_head_;

@@ -59,14 +59,14 @@ bool only_computes(std::string_view function) {
   return function.starts_with("json") || std::find(known.begin(), known.end(), function) != known.end();
 }
 
-TextReading reading_of(std::string_view column_name, const char* declared_type) {
-  if (!declared_type) return TextReading::iso_dates;
+records::TextReading reading_of(std::string_view column_name, const char* declared_type) {
+  if (!declared_type) return records::TextReading::iso_dates;
   const std::string type = automation::lower_case(declared_type);
   const bool says_date = type.find("date") != std::string::npos || type.find("time") != std::string::npos;
   const bool named_date = std::any_of(date_columns.begin(), date_columns.end(), [&](std::string_view name) {
     return automation::equal_ignoring_case(name, column_name);
   });
-  return says_date || named_date ? TextReading::iso_dates : TextReading::plain;
+  return says_date || named_date ? records::TextReading::iso_dates : records::TextReading::plain;
 }
 
 std::span<const std::string_view> table_statements() { return create_tables; }

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "dorvane/column_store.h"
 #include "dorvane/schema.h"
 #include "dorvane/statement_guard.h"
 #include "dorvane/tokens.h"
+#include "records/column_store.h"
 
 // What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
 
@@ -26,7 +26,7 @@ bool only_computes(std::string_view function);
 
 /// Dates are text to SQLite. A column is read as dates when its declared type says so or is unknown, or when it
 /// bears the name of one of the archive's date columns.
-TextReading reading_of(std::string_view column_name, const char* declared_type);
+records::TextReading reading_of(std::string_view column_name, const char* declared_type);
 
 /// Creates the five tables where they are missing.
 std::span<const std::string_view> table_statements();

@@ -35,11 +35,11 @@ TEST(SqliteDialect, KnowsWhatOnlyComputes) {
 }
 
 TEST(SqliteDialect, KnowsWhichTextsAreDates) {
-  using enum TextReading;
+  using enum records::TextReading;
   const struct {
     const char* column;
     const char* declared_type;  ///< null: computed, as max(dtEstr) is
-    TextReading reading;
+    records::TextReading reading;
   } rows[] = {{"x", "DATE", iso_dates},      {"x", "date", iso_dates},
               {"x", "DATETIME", iso_dates},  {"x", "TIMESTAMP", iso_dates},
               {"x", "time", iso_dates},      {"x", "Timestamp with time zone", iso_dates},

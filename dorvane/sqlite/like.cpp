@@ -2,8 +2,8 @@
 
 #include <sqlite3.h>
 
-#include "automation/case_folding.h"
-#include "automation/utf8.h"
+#include "automation/text/case_folding.h"
+#include "automation/text/utf8.h"
 #include "dorvane/sqlite/errors.h"
 
 namespace dorvane::sqlite {

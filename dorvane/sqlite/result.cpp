@@ -9,7 +9,7 @@
 namespace dorvane::sqlite {
 namespace {
 
-void append(ColumnStore& column, sqlite3_value* value) {
+void append(records::ColumnStore& column, sqlite3_value* value) {
   switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
       return column.append_whole(sqlite3_value_int64(value));
@@ -27,8 +27,8 @@ void append(ColumnStore& column, sqlite3_value* value) {
 
 }  // namespace
 
-std::vector<ColumnHeader> headers_of(sqlite3_stmt* statement) {
-  std::vector<ColumnHeader> headers;
+std::vector<records::ColumnHeader> headers_of(sqlite3_stmt* statement) {
+  std::vector<records::ColumnHeader> headers;
   const int count = sqlite3_column_count(statement);
   for (int i = 0; i < count; ++i) {
     const std::string name = sqlite3_column_name(statement, i);
@@ -49,7 +49,7 @@ Rows::~Rows() {
   on_end_();
 }
 
-bool Rows::fetch(std::vector<ColumnStore>& columns) {
+bool Rows::fetch(std::vector<records::ColumnStore>& columns) {
   if (!home_.is_here())
     throw automation::RunTimeError(automation::unspecified_failure,
                                    "the rows that were not read yet belong to the process that this one was forked "
@@ -59,7 +59,7 @@ bool Rows::fetch(std::vector<ColumnStore>& columns) {
   if (code == SQLITE_DONE) return false;
   require_ok(code, database_);
   int place = 0;
-  for (ColumnStore& column : columns) append(column, sqlite3_column_value(statement_.get(), place++));
+  for (records::ColumnStore& column : columns) append(column, sqlite3_column_value(statement_.get(), place++));
   return true;
 }
 

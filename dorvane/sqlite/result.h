@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "dorvane/home_process.h"
-#include "dorvane/recordset.h"
 #include "dorvane/sqlite/handles.h"
 #include "dorvane/sqlite/statement_clock.h"
+#include "records/static_recordset.h"
 
 namespace dorvane::sqlite {
 
 /// The result columns of a prepared statement.
-std::vector<ColumnHeader> headers_of(sqlite3_stmt* statement);
+std::vector<records::ColumnHeader> headers_of(sqlite3_stmt* statement);
 
 /// The clock of a statement, and where the connection looks for the one that runs.
 struct RowClock {
@@ -21,11 +21,11 @@ struct RowClock {
 
 /// The rows of a running statement, one step each. `on_end` is called when the statement is let go. In a process that
 /// was forked meanwhile there are no further rows, and the statement is left alone.
-class Rows final : public RowSource {
+class Rows final : public records::RowSource {
  public:
   Rows(sqlite3* database, Statement statement, RowClock clock, std::function<void()> on_end);
   ~Rows() override;
-  bool fetch(std::vector<ColumnStore>& columns) override;
+  bool fetch(std::vector<records::ColumnStore>& columns) override;
 
  private:
   sqlite3* database_;

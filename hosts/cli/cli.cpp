@@ -6,8 +6,8 @@
 #include <new>
 #include <variant>
 
-#include "automation/shown_text.h"
 #include "automation/text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/archive/shortage.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/failure.h"

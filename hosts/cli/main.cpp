@@ -1,7 +1,7 @@
 #include <csignal>
 #include <iostream>
 
-#include "automation/file.h"
+#include "automation/system/file.h"
 #include "hosts/cli/cli.h"
 #include "hosts/cli/terminal/standard_descriptors.h"
 #include "vestara/foundation/error_log.h"

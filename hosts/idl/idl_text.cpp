@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "automation/classes/uuid.h"
 #include "automation/describe.h"
-#include "automation/uuid.h"
 
 namespace vestara::idl {
 namespace {
@@ -13,6 +13,7 @@ using automation::ClassDescription;
 using automation::Member;
 using automation::MemberKind;
 using automation::Parameter;
+using automation::RegisteredClass;
 using automation::ValueType;
 
 /// The types of automation are known by their names; what they are made of does not matter here.
@@ -54,13 +55,13 @@ std::string help_attribute(std::string_view help) { return "helpstring(" + quote
 /// host may bring along, so its name stands for every object.
 class Writer {
  public:
-  explicit Writer(std::span<const SurfaceClass> classes) : classes_(classes) {}
+  explicit Writer(std::span<const RegisteredClass> classes) : classes_(classes) {}
 
   std::string body() const;
 
  private:
   const ClassDescription* own_class(std::string_view name) const {
-    for (const SurfaceClass& known : classes_)
+    for (const RegisteredClass& known : classes_)
       if (known.description->name == name) return known.description;
     return nullptr;
   }
@@ -72,7 +73,7 @@ class Writer {
   std::string interface_text(const ClassDescription& surface) const;
   std::string events_text(const ClassDescription& surface) const;
 
-  std::span<const SurfaceClass> classes_;
+  std::span<const RegisteredClass> classes_;
 };
 
 std::vector<std::string_view> Writer::foreign_classes() const {
@@ -81,7 +82,7 @@ std::vector<std::string_view> Writer::foreign_classes() const {
     if (!name.empty() && !own_class(name) && std::find(names.begin(), names.end(), name) == names.end())
       names.push_back(name);
   };
-  for (const SurfaceClass& known : classes_)
+  for (const RegisteredClass& known : classes_)
     for (const Member& row : known.description->members) {
       add(row.result_class);
       for (const Parameter& parameter : row.parameters()) add(parameter.class_name);
@@ -130,20 +131,12 @@ std::string Writer::member_text(const Member& row) const {
          parameter_list(row.parameters()) + ";\n";
 }
 
-bool is_walked(const ClassDescription& surface) {
-  const auto named = [&](std::string_view name) {
-    return std::any_of(surface.members.begin(), surface.members.end(),
-                       [&](const Member& row) { return row.name == name; });
-  };
-  return named("Item") && named("Count");
-}
-
 std::string Writer::interface_text(const ClassDescription& surface) const {
   std::string text =
       attributes({uuid_attribute(surface.library, surface.interface_name), help_attribute(surface.help)});
   text.append("\n  dispinterface ").append(surface.interface_name).append(" {\n    properties:\n    methods:\n");
   for (const Member& row : surface.members) text += member_text(row);
-  if (is_walked(surface)) text += "    [id(-4), propget, restricted] IUnknown* _NewEnum();\n";
+  if (surface.first_item) text += "    [id(-4), propget, restricted] IUnknown* _NewEnum();\n";
   return "  " + text + "  };\n";
 }
 
@@ -156,10 +149,10 @@ std::string Writer::events_text(const ClassDescription& surface) const {
   return "  " + text + "  };\n";
 }
 
-std::string class_text(const SurfaceClass& known) {
+std::string class_text(const RegisteredClass& known) {
   const ClassDescription& surface = *known.description;
   std::vector<std::string> marks{uuid_attribute(surface.library, surface.name), help_attribute(surface.help)};
-  if (known.origin == Origin::handed_out) marks.emplace_back("noncreatable");
+  if (!known.is_creatable()) marks.emplace_back("noncreatable");
   std::string text = "  " + attributes(marks);
   text.append("\n  coclass ").append(surface.name).append(" {\n    [default] dispinterface ");
   text.append(surface.interface_name).append(";\n");
@@ -174,19 +167,19 @@ std::string Writer::body() const {
   for (const std::string_view name : foreign_classes())
     text.append("  [public] typedef IDispatch ").append(name).append(";\n");
   // Members may name interfaces that come later.
-  for (const SurfaceClass& known : classes_)
+  for (const RegisteredClass& known : classes_)
     text.append("  dispinterface ").append(known.description->interface_name).append(";\n");
-  for (const SurfaceClass& known : classes_) {
+  for (const RegisteredClass& known : classes_) {
     text += interface_text(*known.description);
     if (!known.description->event_interface.empty()) text += events_text(*known.description);
   }
-  for (const SurfaceClass& known : classes_) text += class_text(known);
+  for (const RegisteredClass& known : classes_) text += class_text(known);
   return text;
 }
 
 }  // namespace
 
-std::string idl_text(std::string_view library, std::string_view help, std::span<const SurfaceClass> classes) {
+std::string idl_text(std::string_view library, std::string_view help, std::span<const RegisteredClass> classes) {
   std::string text(prelude);
   text += attributes({uuid_attribute(library, ""), "version(1.0)", help_attribute(help)});
   text.append("\nlibrary ").append(library).append(" {\n  importlib(\"stdole2.tlb\");\n");

@@ -1,9 +1,9 @@
 #include "hosts/idl/manifest_text.h"
 
+#include "automation/classes/uuid.h"
 #include "automation/member.h"
 #include "automation/registry.h"
 #include "automation/text.h"
-#include "automation/uuid.h"
 
 namespace vestara::idl {
 namespace {
@@ -23,7 +23,7 @@ std::string class_text(const std::string& identifier, std::string_view library) 
 std::string file_text(std::string_view library) {
   std::string text = "  <file" + attribute("name", automation::lower_case(library) + ".dll") + ">\n";
   for (const automation::RegisteredClass& entry : automation::loaded_classes())
-    if (entry.identifier.starts_with(std::string(library) + ".")) text += class_text(entry.identifier, library);
+    if (entry.description->library == library) text += class_text(entry.description->identifier(), library);
   return text + "    <typelib" + attribute("tlbid", uuid(library)) + attribute("version", "1.0") +
          attribute("helpdir", "") + "/>\n  </file>\n";
 }

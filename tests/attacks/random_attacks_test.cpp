@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "automation/file.h"
+#include "automation/system/file.h"
 #include "tests/attacks/attack_texts.h"
 #include "tests/attacks/under_attack.h"
 #include "tests/support/log_capture.h"

@@ -60,7 +60,8 @@ TEST_F(CAbi, AFailedCallLeavesNoOldResult) {
 class Writer final : public Object {
  public:
   static constexpr std::string_view contract_name = "cWriter";
-  const ClassDescription& description() const override;
+  static const ClassDescription& surface();
+  const ClassDescription& description() const override { return surface(); }
 
   /// Doubles the count; error 11 for a step of 99, after it wrote.
   int32_t Double(const std::string& text, InOut<int32_t> count, int32_t step) {
@@ -74,8 +75,8 @@ constexpr Member writer_members[] = {Rows<Writer>::method<&Writer::Double>(1, "D
                                                                            parameter("lCount"), optional("lStep", 1))};
 constexpr ClassDescription writer{
     .library = "Tests", .name = "cWriter", .interface_name = "_cWriter", .members = writer_members};
-const ClassDescription& Writer::description() const { return writer; }
-const ClassRegistrar<Writer> registered("Tests.cWriter");
+const ClassDescription& Writer::surface() { return writer; }
+const ClassRegistrar<Writer> registered;
 
 TEST(CAbiCalls, WhatTheMemberWroteComesBackAndTheRestStaysTheHosts) {
   const std::string text = "borrowed";

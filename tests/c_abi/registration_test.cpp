@@ -13,8 +13,9 @@
 #include <string>
 
 #include "automation/error.h"
+#include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/shared_object.h"
+#include "automation/system/shared_object.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/values.h"
 
@@ -249,9 +250,11 @@ TEST_F(Registration, ARefusedClassFileIsNamedByTheErrorOfItsClass) {
 
 Ref<Object> nothing_yet() { return {}; }
 
+constexpr ClassDescription own_class{.library = "Tests", .name = "cOwn"};
+
 /// An address in this program, which then has a class to register.
 const void* class_of_this_program() {
-  register_class({"Tests.cOwn", nothing_yet});
+  register_class({&own_class, nothing_yet});
   return reinterpret_cast<const void*>(&nothing_yet);
 }
 
@@ -325,12 +328,13 @@ TEST_F(Registration, AClassIsKnownOnce) {
   const auto count = [] {
     const auto& classes = loaded_classes();
     return std::count_if(classes.begin(), classes.end(),
-                         [](const RegisteredClass& entry) { return entry.identifier == "Tests.cTwice"; });
+                         [](const RegisteredClass& entry) { return entry.description->name == "cTwice"; });
   };
-  register_class({"Tests.cTwice", [] { return Ref<Object>(); }});
+  static constexpr ClassDescription twice{.library = "Tests", .name = "cTwice"};
+  static constexpr ClassDescription in_capitals{.library = "tests", .name = "CTWICE"};
+  register_class({&twice, nothing_yet});
   EXPECT_EQ(count(), 1);
-  register_class({"Tests.cTwice", [] { return Ref<Object>(); }});
-  register_class({"tests.CTWICE", [] { return Ref<Object>(); }});
+  for (const ClassDescription* const again : {&twice, &in_capitals}) register_class({again, nothing_yet});
   EXPECT_EQ(count(), 1);
 }
 
@@ -367,8 +371,9 @@ TEST_F(Registration, WritesFindsLoadsAndRemoves) {
   ASSERT_TRUE(lotto);
   const std::string library = libraries_for("Vestara.cLotto").at(0);
   const auto& known = loaded_classes();
-  const auto entry = std::find_if(known.begin(), known.end(),
-                                  [](const RegisteredClass& each) { return each.identifier == "Vestara.cLotto"; });
+  const auto entry = std::find_if(known.begin(), known.end(), [](const RegisteredClass& each) {
+    return each.description->identifier() == "Vestara.cLotto";
+  });
   ASSERT_NE(entry, known.end());
   const void* inside = reinterpret_cast<const void*>(entry->create);
 

@@ -1,7 +1,7 @@
 #include "tests/conformance/back_end.h"
 
 #include "automation/coercion.h"
-#include "automation/file.h"
+#include "automation/system/file.h"
 
 namespace conformance {
 

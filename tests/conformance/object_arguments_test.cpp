@@ -153,7 +153,7 @@ class ObjectArguments : public BackEnd {
   void for_each_variant_parameter(
       const std::function<void(const automation::RegisteredClass&, const Member&, size_t place)>& body) {
     for (const automation::RegisteredClass& known : automation::loaded_classes())
-      for (const Member& row : known.create()->description().members)
+      for (const Member& row : known.description->members)
         for (size_t place = 0; place < row.parameter_count; ++place)
           if (row.parameter_rows[place].type == ValueType::variant) body(known, row, place);
   }
@@ -183,8 +183,8 @@ TEST_P(ObjectArguments, EveryVariantParameterOfEveryMemberTakesAnObjectForItsVal
   for_each_variant_parameter([&](const auto& known, const Member& row, size_t place) {
     ++parameters;
     for (const Row& each : rows) {
-      SCOPED_TRACE(known.identifier + "." + std::string(row.name) + ", parameter " + std::to_string(place) + ": " +
-                   describe(each.value));
+      SCOPED_TRACE(known.description->identifier() + "." + std::string(row.name) + ", parameter " +
+                   std::to_string(place) + ": " + describe(each.value));
       std::vector<Variant> arguments;
       for (const Parameter& parameter : row.parameters()) arguments.push_back(usual(parameter));
       arguments[place] = each.value;
@@ -204,7 +204,8 @@ TEST_P(ObjectArguments, AnObjectThatStandsForNoValueIsAnError) {
   } rows[] = {{Ref<Object>{}, "error 91"}, {boxed(Ref<Object>{}), "error 91"}, {automation::make<Bare>(), "error 438"}};
   for_each_variant_parameter([&](const auto& known, const Member& row, size_t place) {
     for (const auto& each : rows) {
-      SCOPED_TRACE(known.identifier + "." + std::string(row.name) + ", parameter " + std::to_string(place));
+      SCOPED_TRACE(known.description->identifier() + "." + std::string(row.name) + ", parameter " +
+                   std::to_string(place));
       std::vector<Variant> arguments;
       for (const Parameter& parameter : row.parameters()) arguments.push_back(usual(parameter));
       arguments[place] = each.object;

@@ -113,7 +113,7 @@ class Fuzzer {
     drop_all();
     for (const auto& entry : automation::loaded_classes()) {
       au_object* object = nullptr;
-      if (au_create_object(entry.identifier.c_str(), &object) == AU_OK) add(object);
+      if (au_create_object(entry.description->identifier().c_str(), &object) == AU_OK) add(object);
     }
     // Half of the objects have an archive; the others are given connectors by chance.
     au_value archive{};

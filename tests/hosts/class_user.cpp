@@ -4,7 +4,7 @@
 #include "automation/error.h"
 #include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/shared_object.h"
+#include "automation/system/shared_object.h"
 
 // A host that has linked nothing but the component model: creates the class that is named, prints its name and the
 // library it came from.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "automation/com/text.h"
+#include "automation/com/system/text.h"
 
 namespace com_client {
 

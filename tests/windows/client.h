@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/com/pointer.h"
-#include "automation/com/value.h"
+#include "automation/com/system/pointer.h"
+#include "automation/com/values/value.h"
 
 namespace com_client {
 

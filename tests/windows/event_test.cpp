@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <functional>
 
-#include "automation/com/identifiers.h"
-#include "automation/com/text.h"
-#include "automation/uuid.h"
+#include "automation/classes/uuid.h"
+#include "automation/com/system/identifiers.h"
+#include "automation/com/system/text.h"
 #include "tests/windows/client.h"
 
 namespace com_client {

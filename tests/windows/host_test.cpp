@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "automation/com/text.h"
+#include "automation/com/system/text.h"
 #include "tests/windows/client.h"
 
 namespace com_client {

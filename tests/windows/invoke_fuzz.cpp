@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/com/module.h"
-#include "automation/com/object_bridge.h"
-#include "automation/com/text.h"
+#include "automation/com/system/module.h"
+#include "automation/com/system/text.h"
+#include "automation/com/values/object_bridge.h"
 #include "automation/member.h"
 #include "automation/registry.h"
 #include "tests/support/fuzz_values.h"

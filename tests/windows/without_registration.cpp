@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "automation/com/text.h"
+#include "automation/com/system/text.h"
 #include "tests/windows/client.h"
 
 // without_registration.exe Vestara.manifest: the classes are found through the manifest, and only through it.

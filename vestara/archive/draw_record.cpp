@@ -5,7 +5,6 @@
 #include "automation/coercion.h"
 #include "automation/error.h"
 #include "automation/int16.h"
-#include "automation/member.h"
 
 namespace vestara {
 namespace {
@@ -51,39 +50,5 @@ void cEstrazione::Clear() {
 }
 
 int32_t cEstrazione::GetIdStorico(int32_t Ruota) const { return wheel(Ruota).key; }
-
-namespace {
-
-using automation::optional;
-using automation::parameter;
-using automation::Variant;
-using row = automation::Rows<cEstrazione>;
-
-constexpr std::array members{
-    row::get<Variant, &cEstrazione::DataEstrazione>(1, "DataEstrazione", "The date of the draw."),
-    row::put<const Variant&, &cEstrazione::DataEstrazione>(1, "DataEstrazione", "The date of the draw."),
-    row::get<int16_t, &cEstrazione::NumeroConcorso>(2, "NumeroConcorso", "The contest number."),
-    row::put<int16_t, &cEstrazione::NumeroConcorso>(2, "NumeroConcorso", "The contest number."),
-    row::method<&cEstrazione::AddNumero>(3, "AddNumero", "Stores a number; positions run from 2 to 6.",
-                                         parameter("Ruota"), parameter("EstrattoPos"), parameter("Numero"),
-                                         optional("lIDStorico", 0)),
-    row::method<&cEstrazione::GetNumero>(4, "GetNumero", "The number at position 1 to 5.", parameter("Ruota"),
-                                         parameter("EstrattoPos")),
-    row::method<&cEstrazione::GetNumeri>(5, "GetNumeri", "The numbers of a wheel, joined by commas.",
-                                         parameter("Ruota")),
-    row::method<&cEstrazione::Clear>(6, "Clear", "Forgets the numbers, not the keys, the contest and the date."),
-    row::method<&cEstrazione::GetIdStorico>(7, "GetIdStorico", "The row key of a wheel.", parameter("Ruota")),
-};
-
-}  // namespace
-
-const automation::ClassDescription& cEstrazione::description() const {
-  static constexpr automation::ClassDescription description{.library = "Vestara",
-                                                            .name = contract_name,
-                                                            .interface_name = "_cEstrazione",
-                                                            .help = "One draw: date, contest, numbers of every wheel.",
-                                                            .members = members};
-  return description;
-}
 
 }  // namespace vestara

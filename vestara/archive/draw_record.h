@@ -1,12 +1,12 @@
-#pragma once
+#pragma once  // installed
 
 #include <array>
 #include <cstdint>
 #include <string>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {
@@ -17,7 +17,8 @@ class VESTARA_API cEstrazione final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cEstrazione";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Empty until it is set. Stored as it is given: a text stays a text.
   automation::Variant DataEstrazione() const { return date_; }

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "automation/error.h"
-#include "automation/file.h"
 #include "automation/int16.h"
+#include "automation/system/file.h"
 #include "automation/text.h"
 #include "automation/yield.h"
 #include "vestara/archive/history_text.h"

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <array>
 #include <cstdint>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -1,11 +1,10 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "automation/event_source.h"
-#include "automation/export.h"
 #include "automation/in_out.h"
 #include "automation/object.h"
 #include "automation/ref.h"
@@ -14,6 +13,7 @@
 #include "vestara/archive/hit_counters.h"
 #include "vestara/archive/search_text.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/statistics/statistics.h"
 
@@ -31,7 +31,8 @@ class VESTARA_API cLotto final : public automation::Object {
   cLotto();
   ~cLotto() override;
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// How the database takes rows: 1 one row per INSERT, 2 many. Not checked; only the import looks at it.
   void DbType(int16_t type) { database_type_ = type; }

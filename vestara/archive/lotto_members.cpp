@@ -1,13 +1,12 @@
 #include "vestara/archive/lotto_members.h"
 
-#include <array>
 #include <string>
 
 #include "vestara/archive/lotto.h"
 #include "vestara/foundation/late_bound.h"
 
 namespace vestara {
-namespace {
+namespace lotto_members {
 
 using automation::by_value;
 using automation::missable;
@@ -16,18 +15,17 @@ using automation::parameter;
 using automation::Ref;
 using row = automation::Rows<cLotto>;
 
-constexpr std::array members{
-    row::put<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
-    row::get<int16_t, &cLotto::DbType>(1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
-    row::get<Ref<DbConnector>, &cLotto::ActiveConnection>(2, "ActiveConnection", "Always error 91."),
-    row::putref<Ref<DbConnector>, &cLotto::ActiveConnection>(2, "ActiveConnection",
-                                                             "The connector that every query runs through."),
-    row::put<const std::string&, &cLotto::FileUpdate>(3, "FileUpdate", "Path of the update file of the import."),
-    row::get<std::string, &cLotto::FileUpdate>(3, "FileUpdate", "Path of the update file of the import."),
-    row::get<Ref<cStatistiche>, &cLotto::Statistiche>(4, "Statistiche", "Statistics of the last search."),
-    row::putref<Ref<cStatistiche>, &cLotto::Statistiche>(4, "Statistiche", "Replaces the statistics object."),
-    row::get<bool, &cLotto::StatisticsIsActive>(5, "StatisticsIsActive", "Whether searches fill Statistiche."),
-    row::put<bool, &cLotto::StatisticsIsActive>(5, "StatisticsIsActive", "Whether searches fill Statistiche."),
+constexpr auto rows = automation::member_rows(
+    row::assigned_property<int16_t, &cLotto::DbType, &cLotto::DbType>(
+        1, "DbType", "How the database takes rows: 1 one per INSERT, 2 many."),
+    row::property<Ref<DbConnector>, &cLotto::ActiveConnection, &cLotto::ActiveConnection>(
+        2, "ActiveConnection", "Always error 91.", "The connector that every query runs through."),
+    row::assigned_property<std::string, &cLotto::FileUpdate, &cLotto::FileUpdate>(
+        3, "FileUpdate", "Path of the update file of the import."),
+    row::property<Ref<cStatistiche>, &cLotto::Statistiche, &cLotto::Statistiche>(
+        4, "Statistiche", "Statistics of the last search.", "Replaces the statistics object."),
+    row::property<bool, &cLotto::StatisticsIsActive, &cLotto::StatisticsIsActive>(5, "StatisticsIsActive",
+                                                                                  "Whether searches fill Statistiche."),
     row::read_only<&cLotto::Ambate>(6, "Ambate", "Single numbers hit by the last search."),
     row::read_only<&cLotto::Ambi>(7, "Ambi", "Pairs hit by the last search."),
     row::read_only<&cLotto::Terni>(8, "Terni", "Triples hit by the last search."),
@@ -61,35 +59,35 @@ constexpr std::array members{
                                               parameter("dtEstr")),
     row::method<&cLotto::GetMaxDateStorico>(21, "GetMaxDateStorico", "Date of the newest draw, as text."),
     row::method<&cLotto::GetMinDateStorico>(22, "GetMinDateStorico", "Date of the oldest draw, as text."),
-    row::method<&cLotto::UpdateTblStorico>(23, "UpdateTblStorico", "Replaces the archive by the update file."),
-};
+    row::method<&cLotto::UpdateTblStorico>(23, "UpdateTblStorico", "Replaces the archive by the update file."));
 
 constexpr automation::Parameter position(std::string_view name) {
   return {.name = name, .type = automation::ValueType::long_integer};
 }
 
-}  // namespace
+}  // namespace lotto_members
 
 constexpr automation::Event loading_start{.id = 1, .name = "LoadingStart", .help = "The import begins."};
-constexpr automation::Event loading_progress{.id = 2,
-                                             .name = "LoadingProgress",
-                                             .parameter_rows = {position("recPos"), position("recCount")},
-                                             .parameter_count = 2,
-                                             .help = "A statement of the import wrote rows."};
+constexpr automation::Event loading_progress{
+    .id = 2,
+    .name = "LoadingProgress",
+    .parameter_rows = {lotto_members::position("recPos"), lotto_members::position("recCount")},
+    .parameter_count = 2,
+    .help = "A statement of the import wrote rows."};
 constexpr automation::Event loading_end{.id = 3, .name = "LoadingEnd", .help = "The import is over."};
 
-const automation::ClassDescription& cLotto::description() const {
+const automation::ClassDescription& cLotto::surface() {
   static constexpr std::array events{loading_start, loading_progress, loading_end};
-  static constexpr automation::ClassDescription description{
+  static constexpr automation::ClassDescription surface{
       .library = "Vestara",
       .name = contract_name,
       .interface_name = "_cLotto",
       .event_interface = "__cLotto",
       .help = "The archive of draws: counts and bounds, hit search, single draws, saved searches, history import.",
-      .members = members,
+      .members = lotto_members::rows,
       .events = events,
   };
-  return description;
+  return surface;
 }
 
 }  // namespace vestara

@@ -1,13 +1,13 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
 #include "automation/variant.h"
 #include "vestara/foundation/date_order.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "automation/coercion.h"
-#include "automation/doubles.h"
 #include "automation/error.h"
+#include "automation/values/doubles.h"
 
 namespace vestara {
 namespace {

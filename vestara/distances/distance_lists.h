@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "automation/error.h"
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {

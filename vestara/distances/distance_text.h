@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
 #include "automation/variant.h"
 #include "vestara/foundation/date_order.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include "vestara/distances/distance_lists.h"
 #include "vestara/foundation/recordset.h"

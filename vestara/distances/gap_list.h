@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <functional>
@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "automation/export.h"
 #include "automation/variant.h"
 #include "vestara/foundation/date_order.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara {

@@ -1,12 +1,9 @@
 #include "vestara/distances/hit_distances.h"
 
-#include <array>
 #include <utility>
 
-#include "automation/member.h"
 #include "automation/text.h"
 #include "vestara/distances/gap_text.h"
-#include "vestara/foundation/late_bound.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
@@ -31,49 +28,6 @@ void cDistanze::LoadDistanze(const std::string& sNum, int16_t combinazioneTipo, 
               [&](RecordSet& rows) { walk_gaps(rows, gaps_); });
   });
   if (ItemCount() > 0) aggregates_ = aggregates_of(gaps_);
-}
-
-namespace {
-
-using automation::optional;
-using automation::parameter;
-using row = automation::Rows<cDistanze>;
-
-constexpr std::array members{
-    row::read_only<&cDistanze::ISSortASC>(1, "ISSortASC", "Whether the last load walked from the oldest draw on."),
-    row::read_only<&cDistanze::ItemCount>(2, "ItemCount", "How many gaps there are."),
-    row::read_only<&cDistanze::Distance>(3, "Distance", "Draws without a hit.", parameter("Index")),
-    row::read_only<&cDistanze::DatePrec>(4, "DatePrec", "The earlier hit, or ########.", parameter("Index")),
-    row::read_only<&cDistanze::DateLast>(5, "DateLast", "The later hit, or ########.", parameter("Index")),
-    row::read_only<&cDistanze::DateDiff>(6, "DateDiff", "Days between the two hits, or ##.", parameter("Index")),
-    row::read_only<&cDistanze::Ruota>(7, "Ruota", "Wheel of the hit, or ##.", parameter("Index")),
-    row::read_only<&cDistanze::combinazione>(8, "combinazione", "How many numbers hit, or ##.", parameter("Index")),
-    row::read_only<&cDistanze::ConcorsoNumero>(9, "ConcorsoNumero", "Contest of the hit, or ##.", parameter("Index")),
-    row::read_only<&cDistanze::GetAVGDistance>(10, "GetAVGDistance", "Mean gap in draws, open gaps included."),
-    row::read_only<&cDistanze::GetAVGDistanceDays>(11, "GetAVGDistanceDays", "Mean gap in days."),
-    row::read_only<&cDistanze::GetMinDistance>(12, "GetMinDistance", "Smallest gap in draws."),
-    row::read_only<&cDistanze::GetMaxDistance>(13, "GetMaxDistance", "Largest gap in draws."),
-    row::read_only<&cDistanze::GetMinDistanceDays>(14, "GetMinDistanceDays", "Smallest gap in days."),
-    row::read_only<&cDistanze::GetMaxDistanceDays>(15, "GetMaxDistanceDays", "Largest gap in days."),
-    row::get<Ref<DbConnector>, &cDistanze::ActiveConnection>(16, "ActiveConnection",
-                                                             "The connector that the load runs through."),
-    row::putref<Ref<DbConnector>, &cDistanze::ActiveConnection>(16, "ActiveConnection",
-                                                                "The connector that the load runs through."),
-    row::method<&cDistanze::LoadDistanze>(17, "LoadDistanze", "Finds the gaps between the hits of a set of numbers.",
-                                          optional("sNum", ""), optional("combinazioneTipo", 0), optional("sRuote", ""),
-                                          optional("dtDa"), optional("dtA"), optional("bTutteLeEstrazioni", false),
-                                          optional("bTutteLeRuote", false), optional("bSortASC", false)),
-};
-
-}  // namespace
-
-const automation::ClassDescription& cDistanze::description() const {
-  static constexpr automation::ClassDescription description{.library = "Vestara",
-                                                            .name = contract_name,
-                                                            .interface_name = "_cDistanze",
-                                                            .help = "The gaps between successive hits.",
-                                                            .members = members};
-  return description;
 }
 
 }  // namespace vestara

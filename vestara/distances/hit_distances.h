@@ -1,16 +1,16 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/in_out.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/distances/gap_list.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 
@@ -24,7 +24,8 @@ class VESTARA_API cDistanze final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Whether the last load walked from the oldest draw forward.
   bool ISSortASC() const { return gaps_.order() == DateOrder::oldest_first; }

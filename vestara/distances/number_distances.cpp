@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "automation/doubles.h"
 #include "automation/text.h"
+#include "automation/values/doubles.h"
 #include "vestara/distances/deviation.h"
 #include "vestara/distances/distance_text.h"
 #include "vestara/foundation/query.h"

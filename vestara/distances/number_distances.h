@@ -1,10 +1,9 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/in_out.h"
 #include "automation/object.h"
 #include "automation/ref.h"
@@ -12,6 +11,7 @@
 #include "vestara/distances/distance_lists.h"
 #include "vestara/distances/distance_walk.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {
@@ -28,7 +28,8 @@ class VESTARA_API cDistanze2 final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze2";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// Stores the connector and fills the wheel tables, which fails, with an entry, for none.
   void ActiveConnection(automation::Ref<DbConnector> connector);

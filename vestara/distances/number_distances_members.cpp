@@ -1,11 +1,9 @@
-#include <array>
-
 #include "automation/member.h"
 #include "vestara/distances/number_distances.h"
 #include "vestara/foundation/late_bound.h"
 
 namespace vestara {
-namespace {
+namespace number_distances_members {
 
 using automation::optional;
 using automation::Parameter;
@@ -20,7 +18,7 @@ constexpr Parameter ascending = optional("bSortASC", false);
 constexpr Parameter least = optional("valMin", 0);
 constexpr Parameter most = optional("valMax", 0);
 
-constexpr std::array members{
+constexpr auto rows = automation::member_rows(
     row::method<&cDistanze2::LoadDistanze2Ambi>(1, "LoadDistanze2Ambi", "Finds the distances of pairs on each wheel.",
                                                 parameter("sRuoteAlias"), from, to, ascending),
     row::method<&cDistanze2::LoadDistanze2AmbiTutte>(2, "LoadDistanze2AmbiTutte",
@@ -53,19 +51,18 @@ constexpr std::array members{
         12, "GetDistanzeAVG1Tutte", "Mean distance of a number over all wheels.", parameter("num"), least, most),
     row::method<&cDistanze2::StandardDeviation>(13, "StandardDeviation", "Standard deviation of an array of numbers.",
                                                 parameter("Arr"), optional("SampleStdDev", true),
-                                                optional("IgnoreEmpty", true)),
-};
+                                                optional("IgnoreEmpty", true)));
 
-}  // namespace
+}  // namespace number_distances_members
 
-const automation::ClassDescription& cDistanze2::description() const {
-  static constexpr automation::ClassDescription description{
+const automation::ClassDescription& cDistanze2::surface() {
+  static constexpr automation::ClassDescription surface{
       .library = "Vestara",
       .name = contract_name,
       .interface_name = "_cDistanze2",
       .help = "Distances between successive appearances of numbers and pairs.",
-      .members = members};
-  return description;
+      .members = number_distances_members::rows};
+  return surface;
 }
 
 }  // namespace vestara

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 // When the game draws. Days count from 1899-12-30. Holidays, which move a draw by a day, are not known here.
 

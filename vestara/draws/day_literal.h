@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

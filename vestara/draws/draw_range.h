@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "automation/variant.h"
 
 namespace vestara {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 
 namespace vestara {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 
 // A contest number is the place of a date among the draw dates of its calendar year, from 1.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/files/draw_collector.h"
 #include "vestara/files/draw_format.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/files/draw_format.h"
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/failure.h"
 
 namespace vestara {

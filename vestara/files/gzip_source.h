@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 
 namespace vestara {

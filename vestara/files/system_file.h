@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 // A text of combinations: the numbers of each with "," between them, CR LF between one and the next.
 

@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara {

@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <utility>
 
-#include "automation/append_file.h"
-#include "automation/file.h"
-#include "automation/process_wide.h"
 #include "automation/report.h"
-#include "automation/shared_object.h"
-#include "automation/shown_text.h"
+#include "automation/system/append_file.h"
+#include "automation/system/file.h"
+#include "automation/system/process_wide.h"
+#include "automation/system/shared_object.h"
 #include "automation/text.h"
+#include "automation/text/shown_text.h"
 
 namespace vestara {
 namespace {

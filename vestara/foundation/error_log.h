@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <string>
 #include <string_view>
 
 #include "automation/date.h"
 #include "automation/error.h"
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 // The error log ("ErrVestara.log") lies in the folder that `set_log_folder` names, else in the one that the environment
 // variable VESTARA_LOG_DIR names, else beside this library. Where this user cannot write it there, as with an installed

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
-#include "automation/shown_text.h"
+#include "automation/text/shown_text.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

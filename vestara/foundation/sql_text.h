@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 
 // The recurring pieces of statement texts. Their output is compared character by character by databases and
 // tests alike: blanks, case and punctuation are part of it.

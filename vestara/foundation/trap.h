@@ -20,8 +20,8 @@ inline void log_trapped(std::string_view label, const automation::RunTimeError& 
 }  // namespace detail
 
 /// Runs `body` and returns what it returns. An error ends it: one entry goes to the error log under `label`, and
-/// the caller gets `on_failure`. What the body did before stays done. Nothing in this library catches but the
-/// traps of this file.
+/// the caller gets `on_failure`. What the body did before stays done. Members catch by the traps of this file alone;
+/// besides them only the error log catches, which must not fail where it tells of a failure.
 template <class Result, class Body>
 Result trapped(std::string_view label, Result on_failure, Body&& body) {
   try {

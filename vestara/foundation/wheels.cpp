@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "automation/case_folding.h"
 #include "automation/coercion.h"
 #include "automation/error.h"
-#include "automation/process_wide.h"
+#include "automation/system/process_wide.h"
+#include "automation/text/case_folding.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
 

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <array>
 #include <cstdint>
@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {

@@ -1,11 +1,10 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "automation/date.h"
-#include "automation/export.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara {

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <functional>
@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/frequency/analytic_scan.h"
 
 namespace vestara {
@@ -26,7 +26,8 @@ class VESTARA_API cTabAnalytics final : public automation::Object {
   /// The clock says what today is.
   explicit cTabAnalytics(Clock clock = automation::now);
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   int16_t GetItemCount() const;
   /// The numbers that came out for the last time, joined by ".".

@@ -1,14 +1,14 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 
@@ -24,7 +24,8 @@ class VESTARA_API cFrequenza final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cFrequenza";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   automation::Ref<DbConnector> ActiveConnection() const { return connector_; }
   /// Stores the connector; an open one fills the wheel tables at once.

@@ -1,11 +1,9 @@
-#include <array>
-
 #include "automation/member.h"
 #include "vestara/foundation/late_bound.h"
 #include "vestara/frequency/frequency.h"
 
 namespace vestara {
-namespace {
+namespace frequency_members {
 
 using automation::by_value;
 using automation::optional;
@@ -21,11 +19,9 @@ constexpr Parameter from = optional("dtDa");
 constexpr Parameter to = optional("dtA");
 constexpr Parameter wheels = optional("sRuote", "");
 
-constexpr std::array members{
-    row::get<Ref<DbConnector>, &cFrequenza::ActiveConnection>(1, "ActiveConnection",
-                                                              "The connector that the loads run through."),
-    row::putref<Ref<DbConnector>, &cFrequenza::ActiveConnection>(1, "ActiveConnection",
-                                                                 "The connector that the loads run through."),
+constexpr auto rows = automation::member_rows(
+    row::property<Ref<DbConnector>, &cFrequenza::ActiveConnection, &cFrequenza::ActiveConnection>(
+        1, "ActiveConnection", "The connector that the loads run through."),
     row::read_only<&cFrequenza::GetRitNum>(2, "GetRitNum", "Delay of a number on a wheel, -1 when never drawn.", number,
                                            wheel),
     row::read_only<&cFrequenza::GetRitTopTenERuota>(3, "GetRitTopTenERuota", "Wheel of a ranked delay.", place),
@@ -45,19 +41,18 @@ constexpr std::array members{
     row::method<&cFrequenza::LoadFrequenzaMedia>(15, "LoadFrequenzaMedia", "Counts in a hundred draws.", from, to,
                                                  wheels),
     row::method<&cFrequenza::LoadFrequenti>(16, "LoadFrequenti", "Counts every number on every wheel.", from, to,
-                                            wheels),
-};
+                                            wheels));
 
-}  // namespace
+}  // namespace frequency_members
 
-const automation::ClassDescription& cFrequenza::description() const {
-  static constexpr automation::ClassDescription description{
+const automation::ClassDescription& cFrequenza::surface() {
+  static constexpr automation::ClassDescription surface{
       .library = "Vestara",
       .name = contract_name,
       .interface_name = "_cFrequenza",
       .help = "Delays and frequencies of every number on every wheel.",
-      .members = members};
-  return description;
+      .members = frequency_members::rows};
+  return surface;
 }
 
 }  // namespace vestara

@@ -1,7 +1,7 @@
 #include "vestara/frequency/frequency_scan.h"
 
-#include "automation/doubles.h"
 #include "automation/int16.h"
+#include "automation/values/doubles.h"
 #include "vestara/foundation/draw_columns.h"
 
 namespace vestara {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "automation/date.h"
-#include "automation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

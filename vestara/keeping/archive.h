@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "automation/ref.h"
 #include "vestara/foundation/connector.h"
 #include "vestara/keeping/archive_tables.h"

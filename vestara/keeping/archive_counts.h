@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive.h"
 
 // Days count from 1899-12-30.

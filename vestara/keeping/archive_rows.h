@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <functional>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"

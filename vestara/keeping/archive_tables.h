@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 // The archive's tables, as far as this program reads and writes them by itself.
 

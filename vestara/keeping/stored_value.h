@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "automation/variant.h"
 
 // Values of an archive that other programs write, too, so that any of them may be anything.

@@ -1,3 +1,4 @@
+#include "automation/collection.h"
 #include "automation/registry.h"
 #include "vestara/archive/draw_record.h"
 #include "vestara/archive/lotto.h"
@@ -8,19 +9,22 @@
 #include "vestara/statistics/statistics.h"
 #include "vestara/systems/systems.h"
 
-// The classes that hosts create by name. A class is on the surface when its line is here.
+// The surface of the library: the classes that hosts create by name, and behind them those that their members hand
+// out. A class is on the surface when its line is here.
 
 namespace vestara {
 namespace {
 
-const automation::ClassRegistrar<cLotto> lotto{"Vestara.cLotto"};
-const automation::ClassRegistrar<cEstrazione> draw{"Vestara.cEstrazione"};
-const automation::ClassRegistrar<cStatistiche> statistics{"Vestara.cStatistiche"};
-const automation::ClassRegistrar<cSistemi> systems{"Vestara.cSistemi"};
-const automation::ClassRegistrar<cDistanze> hit_distances{"Vestara.cDistanze"};
-const automation::ClassRegistrar<cDistanze2> number_distances{"Vestara.cDistanze2"};
-const automation::ClassRegistrar<cFrequenza> frequency{"Vestara.cFrequenza"};
-const automation::ClassRegistrar<cTabAnalytics> analytic_table{"Vestara.cTabAnalytics"};
+const automation::ClassRegistrar<cLotto> lotto;
+const automation::ClassRegistrar<cEstrazione> draw;
+const automation::ClassRegistrar<cStatistiche> statistics;
+const automation::ClassRegistrar<cSistemi> systems;
+const automation::ClassRegistrar<cDistanze> hit_distances;
+const automation::ClassRegistrar<cDistanze2> number_distances;
+const automation::ClassRegistrar<cFrequenza> frequency;
+const automation::ClassRegistrar<cTabAnalytics> analytic_table;
+
+const automation::HandedOut<automation::Collection> collection;
 
 }  // namespace
 }  // namespace vestara

@@ -1,7 +1,7 @@
 #include "vestara/statistics/combinations.h"
 
-#include "automation/doubles.h"
 #include "automation/int16.h"
+#include "automation/values/doubles.h"
 
 namespace vestara {
 

@@ -1,9 +1,9 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 
-#include "automation/export.h"
 #include "vestara/foundation/combination_walk.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "automation/coercion.h"
-#include "automation/doubles.h"
 #include "automation/error.h"
 #include "automation/int16.h"
 #include "automation/text.h"
+#include "automation/values/doubles.h"
 #include "automation/yield.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheel_grid.h"

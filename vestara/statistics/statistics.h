@@ -1,16 +1,16 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "automation/collection.h"
-#include "automation/export.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/distances/hit_distances.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 
@@ -22,7 +22,8 @@ class VESTARA_API cStatistiche final : public automation::Object {
 
   cStatistiche();
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   /// The gaps between the hits of the same search; made with this object.
   automation::Ref<cDistanze> Distanze() const { return distances_; }

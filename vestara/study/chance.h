@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/study/histogram.h"
 
 // What chance alone does, draw by draw without a memory.

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

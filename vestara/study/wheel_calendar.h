@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/keeping/archive.h"

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/keeping/archive.h"
 

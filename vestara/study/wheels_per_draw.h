@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/keeping/archive.h"

@@ -7,6 +7,7 @@
 #include "automation/text.h"
 #include "automation/variant.h"
 #include "vestara/systems/integral.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/systems/number_series.h"
 
 namespace vestara {

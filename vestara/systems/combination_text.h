@@ -1,11 +1,11 @@
-#pragma once
+#pragma once  // installed
 
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

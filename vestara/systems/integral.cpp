@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/int16.h"
 #include "automation/yield.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/foundation/combination_walk.h"
 
 namespace vestara {

@@ -1,4 +1,4 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <span>
@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
-#include "vestara/foundation/combination_lines.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

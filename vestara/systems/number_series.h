@@ -2,7 +2,6 @@
 
 #include <cstdint>
 
-#include "automation/export.h"
 #include "automation/variant.h"
 
 namespace vestara {

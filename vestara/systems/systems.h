@@ -1,15 +1,15 @@
-#pragma once
+#pragma once  // installed
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "automation/export.h"
 #include "automation/in_out.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 
@@ -23,7 +23,8 @@ class VESTARA_API cSistemi final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cSistemi";
 
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   automation::Ref<DbConnector> ActiveConnection() const { return connector_; }
   void ActiveConnection(automation::Ref<DbConnector> connector);

@@ -10,6 +10,7 @@
 #include "vestara/systems/catalogue_text.h"
 #include "vestara/systems/combination_text.h"
 #include "vestara/systems/integral.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/systems/systems.h"
 
 // Saved systems.

@@ -1,11 +1,9 @@
-#include <array>
-
 #include "automation/member.h"
 #include "vestara/foundation/late_bound.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara {
-namespace {
+namespace systems_members {
 
 using automation::optional;
 using automation::Parameter;
@@ -15,10 +13,9 @@ using row = automation::Rows<cSistemi>;
 
 constexpr Parameter number = parameter("num");
 
-constexpr std::array members{
-    row::get<Ref<DbConnector>, &cSistemi::ActiveConnection>(1, "ActiveConnection", "The connector of the catalogue."),
-    row::putref<Ref<DbConnector>, &cSistemi::ActiveConnection>(1, "ActiveConnection",
-                                                               "The connector of the catalogue."),
+constexpr auto rows = automation::member_rows(
+    row::property<Ref<DbConnector>, &cSistemi::ActiveConnection, &cSistemi::ActiveConnection>(
+        1, "ActiveConnection", "The connector of the catalogue."),
     row::method<&cSistemi::SysGemelli2Str>(2, "SysGemelli2Str", "Numbers of two equal digits."),
     row::method<&cSistemi::SysVertibili2Str>(3, "SysVertibili2Str", "Pairs of numbers with digits exchanged."),
     row::method<&cSistemi::SysCadenze2Str>(4, "SysCadenze2Str", "Numbers with the same last digit.", number),
@@ -53,19 +50,18 @@ constexpr std::array members{
                                          parameter("nGiocate"), parameter("iGaranzia")),
     row::method<&cSistemi::DelSistema>(18, "DelSistema", "Removes a system.", parameter("lIdSis")),
     row::method<&cSistemi::DelSistemaDetail>(19, "DelSistemaDetail", "Removes the combinations of a system.",
-                                             parameter("lID")),
-};
+                                             parameter("lID")));
 
-}  // namespace
+}  // namespace systems_members
 
-const automation::ClassDescription& cSistemi::description() const {
-  static constexpr automation::ClassDescription description{
+const automation::ClassDescription& cSistemi::surface() {
+  static constexpr automation::ClassDescription surface{
       .library = "Vestara",
       .name = contract_name,
       .interface_name = "_cSistemi",
       .help = "Betting systems: number sets, random numbers, combinations, the catalogue of saved systems.",
-      .members = members};
-  return description;
+      .members = systems_members::rows};
+  return surface;
 }
 
 }  // namespace vestara

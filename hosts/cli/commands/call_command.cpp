@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "automation/error.h"
-#include "automation/shown_text.h"
 #include "automation/text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/archive/archive_url.h"
 #include "hosts/cli/commands.h"
@@ -26,17 +26,13 @@ using automation::Ref;
 using automation::Variant;
 using Json = nlohmann::ordered_json;
 
-std::string identifier_of(const Object& object) {
-  return std::string(object.description().library) + "." + std::string(object.description().name);
-}
-
 const Member& known_row(const Object& object, const std::string& member, InvokeKind kind) {
   if (const Member* row = row_for(object.description(), member, kind)) return *row;
   std::vector<std::string> names;
   for (const Member& row : object.description().members)
     if (names.empty() || names.back() != row.name) names.emplace_back(row.name);
   const std::string near = near_names(member, names);
-  const std::string identifier = identifier_of(object);
+  const std::string identifier = object.description().identifier();
   throw Failure(ExitCode::usage, "member " + shown(member) + " is unknown to " + identifier +
                                      (near.empty() ? "" : "; near are " + near) + "; vestara describe " + identifier +
                                      " lists all");
@@ -125,7 +121,7 @@ ExitCode run_call(const CallOptions& options, const Context& context) {
   } catch (const vestara::Failure&) {
     throw;
   } catch (const automation::RunTimeError& error) {
-    write(context.out, error_json(error, identifier_of(*object)));
+    write(context.out, error_json(error, object->description().identifier()));
     return ExitCode::raised;
   }
   // The library answers with empty values what its connector refused.

@@ -3,8 +3,9 @@
 #include <system_error>
 
 #include "automation/error.h"
+#include "automation/member.h"
 #include "automation/registry.h"
-#include "automation/shared_object.h"
+#include "automation/system/shared_object.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/failure.h"
@@ -94,7 +95,7 @@ std::string found_by(const std::string& identifier, const std::string& library) 
 bool is_loaded(const std::string& identifier) {
   const auto classes = automation::loaded_classes();
   return std::any_of(classes.begin(), classes.end(), [&](const RegisteredClass& entry) {
-    return automation::equal_ignoring_case(entry.identifier, identifier);
+    return automation::equal_ignoring_case(entry.description->identifier(), identifier);
   });
 }
 
@@ -111,7 +112,8 @@ ExitCode run_unregister(const RegistrationOptions& options, const Context& conte
 ExitCode run_classes(const Context& context) {
   std::vector<std::vector<Cell>> rows;
   for (const RegisteredClass& entry : automation::loaded_classes())
-    rows.push_back({entry.identifier, library_of(entry), found_by(entry.identifier, library_of(entry))});
+    rows.push_back({entry.description->identifier(), library_of(entry),
+                    found_by(entry.description->identifier(), library_of(entry))});
   for (const Scope scope : {Scope::user, Scope::system})
     for (const ClassFile& file : class_files(scope))
       if (!is_loaded(file.identifier))

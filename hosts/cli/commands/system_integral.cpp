@@ -13,6 +13,7 @@
 #include "hosts/cli/terminal/stoppable_call.h"
 #include "vestara/foundation/error_log.h"
 #include "vestara/systems/integral.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {

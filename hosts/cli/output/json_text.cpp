@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <string_view>
 
-#include "automation/shown_text.h"
-#include "automation/utf8.h"
+#include "automation/text/shown_text.h"
+#include "automation/text/utf8.h"
 
 namespace vestara::host {
 namespace {

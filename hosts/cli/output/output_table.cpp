@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "automation/shown_text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/output/output_forms.h"
 
 namespace vestara::host {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "automation/shown_text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/output/output_file.h"
 #include "hosts/cli/terminal/interruption.h"

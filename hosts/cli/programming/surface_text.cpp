@@ -52,10 +52,10 @@ std::string signature(const Member& row) {
   return text;
 }
 
-std::string surface_text(const KnownClass& known) {
+std::string surface_text(const automation::RegisteredClass& known) {
   const automation::ClassDescription& surface = *known.description;
-  std::string text = "class       " + known.identifier;
-  if (known.origin == Origin::handed_out) text += ", only handed out";
+  std::string text = "class       " + surface.identifier();
+  if (!known.is_creatable()) text += ", only handed out";
   text.append("  ' ").append(surface.help).append("\ninterface   ").append(surface.interface_name).append("\n");
   for (const Member& row : surface.members)
     text += line(row.id, automation::kind_name(row.kind), signature(row), row.help);

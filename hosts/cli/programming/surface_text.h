@@ -11,6 +11,6 @@ namespace vestara::host {
 std::string signature(const automation::Member& row);
 
 /// The surface of a class, one line a member in interface order, then its events; the help stands behind a "'".
-std::string surface_text(const KnownClass& known);
+std::string surface_text(const automation::RegisteredClass& known);
 
 }  // namespace vestara::host

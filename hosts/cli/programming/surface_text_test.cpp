@@ -18,7 +18,8 @@ using automation::Variant;
 class Everything final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Everything";
-  const automation::ClassDescription& description() const override;
+  static const automation::ClassDescription& surface();
+  const automation::ClassDescription& description() const override { return surface(); }
 
   int16_t Size() const { return 0; }
   void Size(int16_t) {}
@@ -30,32 +31,29 @@ class Everything final : public automation::Object {
 };
 
 using row = automation::Rows<Everything>;
-constexpr std::array members{
+constexpr auto members = automation::member_rows(
     row::read_only<&Everything::Item>(0, "Item", "One of them.", parameter("index")),
-    row::put<int16_t, &Everything::Size>(1, "Size", "How many."),
-    row::get<int16_t, &Everything::Size>(1, "Size", "How many."),
+    row::assigned_property<int16_t, &Everything::Size, &Everything::Size>(1, "Size", "How many."),
     row::putref<Ref<Everything>, &Everything::Other>(2, "Other", ""),
     row::method<&Everything::Nothing>(100, "Nothing", "Does nothing."),
     row::method<&Everything::Find>(101, "Find", "Finds.", parameter("what"), optional("all", true),
                                    by_value(optional("dtDa")), optional("found", 0)),
-    row::method<&Everything::Sort>(102, "Sort", "", parameter("value"), by_value(parameter("n")), optional("by", "a")),
-};
+    row::method<&Everything::Sort>(102, "Sort", "", parameter("value"), by_value(parameter("n")), optional("by", "a")));
 constexpr std::array events{automation::Event{.id = 1, .name = "Done", .help = "It is done."}};
 
-const automation::ClassDescription& Everything::description() const {
-  static constexpr automation::ClassDescription description{.library = "Test",
-                                                            .name = contract_name,
-                                                            .interface_name = "_Everything",
-                                                            .event_interface = "__Everything",
-                                                            .help = "All kinds.",
-                                                            .members = members,
-                                                            .events = events};
-  return description;
+const automation::ClassDescription& Everything::surface() {
+  static constexpr automation::ClassDescription surface{.library = "Test",
+                                                        .name = contract_name,
+                                                        .interface_name = "_Everything",
+                                                        .event_interface = "__Everything",
+                                                        .help = "All kinds.",
+                                                        .members = members,
+                                                        .events = events};
+  return surface;
 }
 
 TEST(SurfaceText, EveryKindOfMember) {
-  const Everything everything;
-  KnownClass known{"Test.Everything", &everything.description(), Origin::by_name};
+  automation::RegisteredClass known{&Everything::surface(), [] { return Ref<automation::Object>(); }};
   const std::string text =
       "class       Test.Everything  ' All kinds.\n"
       "interface   _Everything\n"
@@ -70,7 +68,7 @@ TEST(SurfaceText, EveryKindOfMember) {
       "events      __Everything\n"
       "1   event   Done()  ' It is done.\n";
   EXPECT_EQ(surface_text(known), text);
-  known.origin = Origin::handed_out;
+  known.create = nullptr;
   EXPECT_TRUE(surface_text(known).starts_with("class       Test.Everything, only handed out  ' All kinds.\n"));
 }
 

@@ -82,8 +82,7 @@ Json rows_of(RecordSet& rows, size_t most) {
 Json object_json(const Ref<Object>& object, size_t most_rows) {
   if (!object) return nullptr;
   if (auto* rows = dynamic_cast<RecordSet*>(object.get()); rows && rows->is_open()) return rows_of(*rows, most_rows);
-  const automation::ClassDescription& description = object->description();
-  return {{"object", std::string(description.library) + "." + std::string(description.name)}};
+  return {{"object", object->description().identifier()}};
 }
 
 struct ToJson {

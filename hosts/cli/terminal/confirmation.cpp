@@ -4,8 +4,8 @@
 
 #include <iostream>
 
-#include "automation/shown_text.h"
 #include "automation/text.h"
+#include "automation/text/shown_text.h"
 #include "hosts/cli/failure.h"
 #include "hosts/cli/terminal/terminal.h"
 

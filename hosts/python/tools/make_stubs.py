@@ -2,7 +2,7 @@
 
     VESTARA_LIBRARY_DIR=build/release/lib python3 hosts/python/tools/make_stubs.py [OUTPUT]
 
-The rows come from the library itself; what the library has no class of yet is left out.
+The rows come from the libraries themselves.
 """
 
 from __future__ import annotations
@@ -15,22 +15,9 @@ from typing import Any, Iterator
 PACKAGE = pathlib.Path(__file__).resolve().parents[1] / "vestara"
 sys.path.insert(0, str(PACKAGE.parent))
 
-from vestara import RunTimeError, connect
-from vestara._classes import Description, Member
-from vestara._dispatch import Closing, Collection, Dispatch, Dispatched
+from vestara._classes import Description, Member, descriptions
+from vestara._dispatch import Closing, Collection, class_maker
 from vestara._recordset import RecordSet
-
-CREATED = (
-    "Vestara.cLotto",
-    "Vestara.cEstrazione",
-    "Vestara.cStatistiche",
-    "Vestara.cSistemi",
-    "Vestara.cFrequenza",
-    "Vestara.cTabAnalytics",
-    "Vestara.cDistanze",
-    "Vestara.cDistanze2",
-    "Dorvane.DbConnector",
-)
 
 HEADER = '''"""The classes of the library. Written by tools/make_stubs.py: do not edit."""
 
@@ -82,56 +69,48 @@ PARAMETERS = {
 COMFORTS = (RecordSet, Collection, Closing)
 
 
-def instances() -> Iterator[tuple[str, Dispatched]]:
-    """One object of every class, with its identifier where it is created by one."""
-    for identifier in CREATED:
-        try:
-            yield identifier, Dispatch(identifier)
-        except RunTimeError:
-            continue
-    with connect("sqlite::memory:") as connector:
-        rows = connector.GetRecordset("SELECT 1 AS one")
-        yield "", rows
-        yield "", rows.Fields
-        yield "", rows.Fields(0)
+def surfaces() -> Iterator[Description]:
+    """The classes of the libraries, but for those that the package has a class of its own for."""
+    own = {comfort.__name__ for comfort in COMFORTS}
+    return (description for description in descriptions() if description.name not in own)
 
 
 class Stubs:
     def __init__(self) -> None:
-        self.objects = list(instances())
-        self.classes = {description_of(instance).name for _, instance in self.objects}
+        self.surfaces = list(surfaces())
+        self.classes = {description.name for description in self.surfaces}
 
     def text(self) -> str:
         parts = [HEADER]
-        parts += [self.class_text(instance) for _, instance in self.objects]
-        parts.append("".join(f"\n{self.creator(name, made)}" for name, made in self.objects if name))
+        parts += [self.class_text(description) for description in self.surfaces]
+        parts += [self.creator(description) for description in self.surfaces if description.is_creatable]
         return "".join(parts) + FOOTER
 
-    def creator(self, identifier: str, instance: Dispatched) -> str:
-        name = description_of(instance).name
-        return f'@overload\ndef Dispatch(identifier: Literal["{identifier}"]) -> {name}: ...'
+    def creator(self, description: Description) -> str:
+        identifier = f'Literal["{description.full_name}"]'
+        return f"\n@overload\ndef Dispatch(identifier: {identifier}) -> {description.name}: ..."
 
-    def class_text(self, instance: Dispatched) -> str:
-        description = description_of(instance)
-        bases = [base.__name__ for base in COMFORTS if isinstance(instance, base)] + ["Dispatched"]
+    def class_text(self, description: Description) -> str:
+        made = class_maker.make(description)
+        bases = [base.__name__ for base in COMFORTS if issubclass(made, base)] + ["Dispatched"]
         lines = [f'\nclass {description.name}({", ".join(bases)}):', f'    """{class_help(description)}"""', ""]
         for name, rows in description.members.items():
-            lines += self.member_lines(instance, name, rows)
-        return "\n".join(lines + self.default_lines(instance)) + "\n"
+            lines += self.member_lines(made, name, rows)
+        return "\n".join(lines + self.default_lines(description)) + "\n"
 
-    def member_lines(self, instance: Dispatched, name: str, rows: list[Member]) -> list[str]:
-        if not isinstance(vars(type_with(instance, name))[name], property):
+    def member_lines(self, made: type, name: str, rows: list[Member]) -> list[str]:
+        if not isinstance(vars(class_with(made, name))[name], property):
             return [self.function(name, rows[0])]
         readable = next((row for row in rows if row["kind"] == "get"), None)
-        found = type(getattr(instance, name)).__name__ if is_fields(instance, name) else ""
-        result = found or (self.result(readable) if readable else "Any")
+        result = self.result(readable) if readable else "Any"
+        if readable and issubclass(made, RecordSet) and name == "Fields":
+            result = readable["result"]  # the library's own, always there
         lines = ["    @property", f"    def {name}(self) -> {result}: ..."]
         if any(row["kind"] in ("put", "putref") for row in rows):
             lines += [f"    @{name}.setter", f"    def {name}(self, value: {result}) -> None: ..."]
         return lines
 
-    def default_lines(self, instance: Dispatched) -> list[str]:
-        description = description_of(instance)
+    def default_lines(self, description: Description) -> list[str]:
         name = description.default_member()
         if name is None:
             return []
@@ -168,18 +147,8 @@ class Stubs:
         return RESULTS.get(kind) or (f"Union[{kind}, Any]" if kind in self.classes else "Any")
 
 
-def description_of(instance: Dispatched) -> Description:
-    description = type(instance)._description
-    assert description is not None
-    return description
-
-
-def type_with(instance: Dispatched, name: str) -> type:
-    return next(base for base in type(instance).__mro__ if name in vars(base))
-
-
-def is_fields(instance: Dispatched, name: str) -> bool:
-    return isinstance(instance, RecordSet) and name == "Fields"
+def class_with(made: type, name: str) -> type:
+    return next(base for base in made.__mro__ if name in vars(base))
 
 
 def class_help(description: Description) -> str:

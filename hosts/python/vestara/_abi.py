@@ -12,7 +12,7 @@ from typing import Any
 
 from . import _library
 
-VERSION = 0x00010000
+VERSION = 0x00010001
 
 OK, RAISED = 0, 1
 EMPTY, NULL, MISSING, BOOLEAN, INTEGER, LONG, SINGLE, DOUBLE, DATE, TEXT, OBJECT, ARRAY = range(12)
@@ -80,6 +80,11 @@ class HostClass(ctypes.Structure):
 
 _calls, _short = _library.load()
 
+_short.au_abi_version.restype = c_uint32
+_found = _short.au_abi_version()
+if _found >> 16 != VERSION >> 16 or _found < VERSION:
+    raise ImportError(f"the libraries of vestara have another interface: {_found:#010x}, {VERSION:#010x} is wanted")
+
 invoke = _calls.au_invoke
 create_object = _calls.au_create_object
 
@@ -93,6 +98,10 @@ retain = _short.au_retain
 release = _short.au_release
 get_id = _short.au_get_id
 describe = _short.au_describe
+class_name = _short.au_class_name
+class_name.restype = c_char_p
+first_item = _short.au_first_item
+class_at = _short.au_class_at
 make_array = _short.au_make_array
 array_shape = _short.au_array_shape
 array_get = _short.au_array_get
@@ -110,10 +119,6 @@ set_yield_hook = _short.au_set_yield_hook
 set_yield_hook.restype = None
 set_yield_interval = _short.au_set_yield_interval
 set_yield_interval.restype = None
-
-_short.au_abi_version.restype = c_uint32
-if _short.au_abi_version() >> 16 != VERSION >> 16:
-    raise ImportError(f"the libraries of vestara have another interface: {_short.au_abi_version():#010x}")
 
 SIZES = [c_size_t(count) for count in range(16)]
 

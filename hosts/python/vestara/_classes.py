@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import ctypes
+import itertools
 import json
 from typing import Any, Callable, Iterator
 
@@ -16,14 +17,19 @@ Member = dict[str, Any]
 Comfort = Callable[["Description", dict[str, Any], list[type]], None]
 
 _DEFAULT_MEMBER = 0
+_class_name = _abi.class_name
 
 
 class Description:
-    """The surface of one class."""
+    """The surface of one class, from its JSON text."""
 
-    def __init__(self, surface: dict[str, Any]) -> None:
+    def __init__(self, text: bytes) -> None:
+        surface: dict[str, Any] = json.loads(text)
         self.library: str = surface["library"]
         self.name: str = surface["class"]
+        self.is_creatable: bool = surface["creatable"]
+        #: The index of a collection's first item; None for what is no collection.
+        self.first_item: int | None = surface["first_item"]
         self.help: str = surface["help"]
         self.events: list[dict[str, Any]] = surface["events"]
         self.rows: list[Member] = surface["members"]
@@ -42,39 +48,47 @@ class Description:
         return next((row["name"] for row in self.rows if row["id"] == _DEFAULT_MEMBER), None)
 
 
-def describe(handle: ctypes.c_void_p) -> bytes:
-    """The surface of the object's class as JSON; empty when it has none."""
+def describe(handle: ctypes.c_void_p) -> Description | None:
+    """The surface of the object's class; None when it has none."""
+    return _description(lambda json_value: _abi.describe(handle, json_value))
+
+
+def descriptions() -> Iterator[Description]:
+    """The surfaces of the loaded libraries: first the classes that are created, then those that members hand out."""
+    for place in itertools.count():
+        description = _description(lambda json_value: _abi.class_at(_abi.size(place), json_value))
+        if description is None:
+            return
+        yield description
+
+
+def _description(ask: Callable[[Any], int]) -> Description | None:
     json_value = Value()
-    if _abi.describe(handle, _abi.reference(json_value)):
-        return b""
+    if ask(_abi.reference(json_value)):
+        return None
     text = text_bytes(json_value)
     _abi.clear(_abi.reference(json_value))
-    return text
+    return Description(text)
 
 
 class ClassMaker:
-    """Makes the Python class of an object, once for each library.class."""
+    """Makes the Python class of an object, once for each name of a class."""
 
     def __init__(self, base: type, comforts: list[Comfort]) -> None:
         self._base = base
         self._comforts = comforts
-        self._made: dict[bytes, type] = {}
+        self._made: dict[bytes | None, type] = {}
 
     def class_of(self, handle: ctypes.c_void_p) -> type:
-        surface = describe(handle)
-        # {"library":…,"class":…,"interface":… : the two names are the key.
-        key = surface[: surface.find(b',"interface"')]
-        made = self._made.get(key)
+        name = _class_name(handle)
+        made = self._made.get(name)
         if made is None:
-            made = self._made[key] = self._make(surface)
+            description = describe(handle)
+            made = self._made[name] = self.make(description) if description and description.rows else self._base
         return made
 
-    def _make(self, surface: bytes) -> type:
-        if not surface:
-            return self._base
-        description = Description(json.loads(surface))
-        if not description.rows:
-            return self._base
+    def make(self, description: Description) -> type:
+        """The Python class of a surface."""
         names: dict[str, Any] = {
             "__slots__": (),
             "__doc__": description.help,

@@ -94,7 +94,7 @@ def adopt(cls: type, handle: c_void_p) -> Any:
 
 def wrap(handle: int) -> Any:
     counted = c_void_p(handle)
-    return adopt(_maker.class_of(counted), counted)
+    return adopt(class_maker.class_of(counted), counted)
 
 
 def Dispatch(identifier: Any) -> Any:
@@ -105,7 +105,7 @@ def Dispatch(identifier: Any) -> Any:
         return identifier
     handle = c_void_p()
     _errors.check(_abi.create_object(identifier.encode("utf-8"), _abi.reference(handle)))
-    return adopt(_maker.class_of(handle), handle)
+    return adopt(class_maker.class_of(handle), handle)
 
 
 # ---- What the members of a class make possible ----
@@ -127,10 +127,10 @@ class Closing:
 
 
 class Collection:
-    """Anything with Count and Item: the library's own record sets count their fields from 0, all others from 1."""
+    """Anything with Count and Item, counted from the first item on that its class names."""
 
     __slots__ = ()
-    _first = 1
+    _first: int
 
     def __len__(self) -> int:
         count = self.Count  # type: ignore[attr-defined]
@@ -147,9 +147,9 @@ def _closing(description: Description, _names: dict[str, Any], bases: list[type]
 
 
 def _collection(description: Description, names: dict[str, Any], bases: list[type]) -> None:
-    if description.has("Count", "Item"):
+    if description.first_item is not None:
         bases.append(Collection)
-        names["_first"] = 0 if description.library == "Dorvane" else 1
+        names["_first"] = description.first_item
 
 
 def _default_member(description: Description, names: dict[str, Any], _bases: list[type]) -> None:
@@ -173,4 +173,4 @@ def _default_member(description: Description, names: dict[str, Any], _bases: lis
 
 
 comforts: list[_classes.Comfort] = [_closing, _collection, _default_member]
-_maker = _classes.ClassMaker(Dispatched, comforts)
+class_maker = _classes.ClassMaker(Dispatched, comforts)

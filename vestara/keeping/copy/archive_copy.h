@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/progress.h"
 #include "vestara/keeping/archive.h"
 

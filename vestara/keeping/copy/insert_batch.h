@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive.h"
 #include "vestara/keeping/archive_tables.h"
 #include "vestara/keeping/copy/table_reader.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "automation/ref.h"
 #include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"

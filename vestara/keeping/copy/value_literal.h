@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "automation/variant.h"
 #include "vestara/keeping/archive_tables.h"
 

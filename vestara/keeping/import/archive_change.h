@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/keeping/archive.h"
 

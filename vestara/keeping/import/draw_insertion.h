@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/foundation/progress.h"
 #include "vestara/keeping/archive.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/keeping/import/archive_change.h"
 #include "vestara/keeping/import/import_mode.h"

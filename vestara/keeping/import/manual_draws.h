@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 
 // Draws that were entered by hand, when a file takes the archive's place. All rows sorted by date and wheel.

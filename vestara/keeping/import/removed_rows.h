@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/export.h"
+#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 
 // What a command takes out of an archive is kept in a file, so that nothing is lost by one command alone.

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "automation/com/system/platform.h"
+#include "automation/object.h"
+#include "automation/ref.h"
+
+namespace automation::com {
+
+/// An IEnumVARIANT over the items of a collection (one whose class has a first item), each asked for when its turn
+/// comes.
+HRESULT new_enumerator(const Ref<Object>& object, VARIANT* result);
+
+}  // namespace automation::com

@@ -1,0 +1,15 @@
+# The headers that are installed say so in their first line: "#pragma once  // installed".
+#   installed_headers(variable root)  ->  their paths below the root
+function(installed_headers variable root)
+  set(installed)
+  foreach(folder automation records vestara dorvane)
+    file(GLOB_RECURSE headers RELATIVE "${root}" "${root}/${folder}/*.h")
+    foreach(header IN LISTS headers)
+      file(STRINGS "${root}/${header}" mark REGEX "^#[^/]*/[/*] installed" LIMIT_COUNT 1)
+      if(mark)
+        list(APPEND installed "${header}")
+      endif()
+    endforeach()
+  endforeach()
+  set(${variable} ${installed} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,6 @@
+#pragma once  // installed
+
+#include "automation/export.h"
+
+/// Marks what this library shows to other libraries and programs.
+#define DORVANE_API AUTOMATION_EXPORT
