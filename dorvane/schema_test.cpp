@@ -57,5 +57,15 @@ TEST(Schema, ColumnsAreSpelledAsTheTablesSpellThem) {
   EXPECT_EQ(column_spelling("dmax"), "");
 }
 
+TEST(Schema, TheWheelsAreAddedByThisStatement) {
+  EXPECT_EQ(wheels_statement(),
+            "INSERT INTO ruote(enumeratore,enumeratoreBit,ruotaAlias) WITH wheel(i,bit,alias) AS (SELECT 1,1,'BA'"
+            " UNION ALL SELECT 2,2,'CA' UNION ALL SELECT 3,4,'FI' UNION ALL SELECT 4,8,'GE' UNION ALL SELECT 5,16,'MI'"
+            " UNION ALL SELECT 6,32,'NA' UNION ALL SELECT 7,64,'PA' UNION ALL SELECT 8,128,'RM' UNION ALL SELECT"
+            " 9,256,'TO' UNION ALL SELECT 10,512,'VE' UNION ALL SELECT 11,1024,'RN') SELECT i,bit,alias FROM wheel"
+            " WHERE i NOT IN (SELECT enumeratore FROM ruote) AND alias NOT IN (SELECT ruotaAlias FROM ruote) ORDER BY"
+            " i");
+}
+
 }  // namespace
 }  // namespace dorvane
