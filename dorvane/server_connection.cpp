@@ -200,19 +200,21 @@ SchemaFacts ServerConnection::schema_facts() {
 
 std::vector<std::string> ServerConnection::check_schema() {
   require_usable();
-  return noticing_loss([&] { return missing_from(schema_facts(), dialect_.indexes); });
+  return noticing_loss([&] { return missing_from(schema_facts()); });
 }
 
-void ServerConnection::create_missing(std::span<const Creation> creations,
-                                      bool (SchemaFacts::*has)(std::string_view) const) {
+void ServerConnection::create_missing() {
   const SchemaFacts facts = schema_facts();
-  for (const Creation& creation : creations) {
-    if ((facts.*has)(creation.name)) continue;
+  const auto create = [&](const std::string& statement) {
     if (transaction_.is_open())
-      run(creation.statement);
+      run(statement);
     else
-      define(creation.statement);
-  }
+      define(statement);
+  };
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
+    if (!facts.has_table(table.name)) create(dialect_.table_statement(table));
+  for (const vestara::ArchiveIndex& index : vestara::archive_indexes())
+    if (!facts.has_index(index.name)) create(dialect_.index_statement(index));
 }
 
 std::string ServerConnection::wheels_insertion() const { return dialect_.translate(wheels_statement()); }
@@ -223,8 +225,7 @@ void ServerConnection::repair_keys() {
 
 void ServerConnection::make_schema() {
   take_schema_lock();
-  create_missing(dialect_.tables, &SchemaFacts::has_table);
-  create_missing(dialect_.indexes, &SchemaFacts::has_index);
+  create_missing();
   atomically([&] { run(wheels_insertion()); });
   repair_keys();
 }

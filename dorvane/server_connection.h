@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -106,7 +105,8 @@ class ServerConnection : public Connection {
   template <class Body>
   void atomically(Body&& body);
   void take_write_lock();
-  void create_missing(std::span<const Creation> creations, bool (SchemaFacts::*has)(std::string_view) const);
+  /// Creates the tables and indexes that are missing.
+  void create_missing();
   SchemaFacts schema_facts();
   void quietly_roll_back() noexcept;
   void finish_emptied() noexcept;

@@ -6,6 +6,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 namespace {
@@ -79,7 +80,7 @@ bool empties_the_archive(std::string_view statement, const Syntax& syntax) {
   if (statement.size() > longest) return false;
   std::vector<Token> tokens = tokens_of(statement, syntax);
   if (!tokens.empty() && tokens.back().text == ";") tokens.pop_back();
-  constexpr std::array<std::string_view, 3> words{"delete", "from", "storico"};
+  constexpr std::array<std::string_view, 3> words{"delete", "from", vestara::draw_table.name};
   return std::equal(tokens.begin(), tokens.end(), words.begin(), words.end(), is);
 }
 

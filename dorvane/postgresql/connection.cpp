@@ -26,10 +26,6 @@ const Engine registered("postgresql", "postgresql://user@host/database",
                           return std::make_unique<PostgresqlConnection>(server_settings(url));
                         });
 
-/// Tables whose keys the engine hands out, with their key columns, folded as the engine folds them.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> keyed{
-    {{"storico", "id"}, {"tricerche", "idricerca"}, {"tsistemi", "idsis"}, {"tsistemadetail", "id"}}};
-
 /// What does more than compute, by the server's own word, but for what every program may know.
 constexpr std::string_view volatile_functions =
     "SELECT DISTINCT lower(proname) FROM pg_catalog.pg_proc WHERE provolatile='v' AND NOT (pronamespace="
@@ -203,7 +199,11 @@ void PostgresqlConnection::after_emptied_was_kept() { run("VACUUM ANALYZE storic
 
 std::vector<std::string> PostgresqlConnection::key_repairs() {
   std::vector<std::string> repairs;
-  for (const auto& [table, column] : keyed) {
+  for (const vestara::ArchiveTable& keyed : vestara::archive_tables()) {
+    if (keyed.keys != vestara::KeySource::database) continue;
+    // As the engine folds them.
+    const std::string table = automation::lower_case(keyed.name);
+    const std::string column = automation::lower_case(keyed.key());
     const std::string name = sequence_of(table, column);
     if (name.empty()) continue;
     const std::string literal = column_of(concatenated({"SELECT quote_literal('", name, "')"})).front();

@@ -11,8 +11,10 @@ namespace {
 /// The statements that make an archive, in their order.
 std::vector<std::string> making_statements() {
   std::vector<std::string> statements;
-  for (const Creation& table : dialect().tables) statements.emplace_back(table.statement);
-  for (const Creation& index : dialect().indexes) statements.emplace_back(index.statement);
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
+    statements.push_back(dialect().table_statement(table));
+  for (const vestara::ArchiveIndex& index : vestara::archive_indexes())
+    statements.push_back(dialect().index_statement(index));
   return statements;
 }
 

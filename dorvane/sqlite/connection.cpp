@@ -318,7 +318,7 @@ sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
 void SqliteConnection::empty_archive(std::string_view statement) {
   if (!owns_indexes()) return run(statement, Permission::change);
   atomically([&] {
-    for (const Creation& index : draw_indexes())
+    for (const vestara::ArchiveIndex& index : vestara::draw_indexes())
       run("DROP INDEX IF EXISTS " + std::string(index.name), Permission::anything);
     run(statement, Permission::change);
   });
@@ -326,7 +326,7 @@ void SqliteConnection::empty_archive(std::string_view statement) {
 }
 
 void SqliteConnection::create_indexes() {
-  for (const Creation& index : draw_indexes()) run(index.statement, Permission::anything);
+  for (const vestara::ArchiveIndex& index : vestara::draw_indexes()) run(index_statement(index), Permission::anything);
   run("ANALYZE", Permission::anything);
 }
 
@@ -402,9 +402,10 @@ void SqliteConnection::create_schema() {
   if (fresh && transaction_.is_none()) attempt("PRAGMA journal_mode=WAL");
   noticing_loss([&] {
     atomically([&] {
-      for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
+      for (const vestara::ArchiveTable& table : vestara::archive_tables())
+        run(table_statement(table), Permission::anything);
       run(wheels_statement(), Permission::anything);
-      run(lasting_index().statement, Permission::anything);
+      run(index_statement(lasting_index()), Permission::anything);
       create_indexes();
     });
   });

@@ -38,7 +38,7 @@ SchemaFacts SqliteConnection::schema_facts() {
     for (std::string& name : column_of(statement)) names.insert(std::move(name));
   };
   // One of our tables at a time: a view of another program that cannot be read is none of our business.
-  for (const Table& table : tables())
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
     add(facts.columns, automation::concatenated(
                            {"SELECT lower('", table.name, ".'||name) FROM pragma_table_info('", table.name, "')"}));
   add(facts.indexes, "SELECT lower(name) FROM sqlite_master WHERE type='index'");
@@ -50,9 +50,7 @@ std::vector<std::string> SqliteConnection::check_schema() {
   transaction_.require_not_lost();
   read_anew_if_changed();
   repair_before_read();
-  std::vector<Creation> indexes(draw_indexes().begin(), draw_indexes().end());
-  indexes.push_back(lasting_index());
-  return missing_from(schema_facts(), indexes);
+  return missing_from(schema_facts());
 }
 
 std::vector<std::string> SqliteConnection::check_file() {
@@ -80,7 +78,8 @@ bool SqliteConnection::owns_indexes() {
 bool SqliteConnection::was_left_without_indexes() {
   if (sqlite3_db_readonly(database_.get(), "main") != 0) return false;
   std::string names;
-  for (const Creation& index : draw_indexes()) names.append(names.empty() ? "'" : ",'").append(index.name).append("'");
+  for (const vestara::ArchiveIndex& index : vestara::draw_indexes())
+    names.append(names.empty() ? "'" : ",'").append(index.name).append("'");
   return owns_indexes() &&
          single_number("SELECT count(*) FROM sqlite_master WHERE type='index' AND name IN(" + names + ")") == 0 &&
          single_number("SELECT count(*) FROM sqlite_master WHERE type='table' AND lower(name)='storico'") != 0;

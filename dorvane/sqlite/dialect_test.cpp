@@ -10,9 +10,9 @@ namespace {
 
 /// The statements that make an archive, in their order.
 std::vector<std::string> making_statements() {
-  std::vector<std::string> statements(table_statements().begin(), table_statements().end());
-  for (const Creation& index : draw_indexes()) statements.emplace_back(index.statement);
-  statements.emplace_back(lasting_index().statement);
+  std::vector<std::string> statements;
+  for (const vestara::ArchiveTable& table : vestara::archive_tables()) statements.push_back(table_statement(table));
+  for (const vestara::ArchiveIndex& index : vestara::archive_indexes()) statements.push_back(index_statement(index));
   return statements;
 }
 

@@ -85,7 +85,7 @@ std::vector<int32_t> appearance_days(const ArchiveSession& session, const GapsOp
 DrawRange range_of(const GapsOptions& options) {
   WheelSelection wheels;
   if (options.wheel != 0) wheels = {false, std::string(wheel_code(options.wheel))};
-  if (options.without_national) wheels = {false, std::string(city_codes)};
+  if (options.without_national) wheels = {false, city_codes()};
   return {wheels, options.from, options.to};
 }
 
