@@ -9,12 +9,14 @@
 #include "automation/error.h"
 #include "automation/report.h"
 #include "automation/system/file.h"
+#include "automation/text.h"
 #include "dorvane/connection.h"
 
 namespace dorvane {
 
 using automation::Ref;
 using automation::RunTimeError;
+using vestara::SchemaGap;
 
 namespace {
 
@@ -30,6 +32,21 @@ RunTimeError changes_are_open() {
 RunTimeError changes_were_lost() {
   return {automation::unspecified_failure,
           "the archive was closed inside a transaction and its changes were taken back; CommitTrans keeps them"};
+}
+
+std::string sentence_about(const SchemaGap& gap) {
+  using automation::concatenated;
+  switch (gap.kind) {
+    case SchemaGap::Kind::table:
+      return concatenated({"table ", gap.table, " is missing; CreateSchema makes it"});
+    case SchemaGap::Kind::column:
+      return concatenated({"column ", gap.table, ".", gap.name, " is missing"});
+    case SchemaGap::Kind::index:
+      return concatenated({"index ", gap.name, " is missing: answers are right but slow; CreateSchema makes it"});
+    case SchemaGap::Kind::wheel:
+      return concatenated({"wheel ", gap.name, " is missing from ", gap.table, "; CreateSchema adds it"});
+  }
+  return {};
 }
 
 /// The connections of other processes, as long as this one lasts: to destroy one would speak in their name.
@@ -130,9 +147,14 @@ bool DbConnector::CreateSchema() {
 std::string DbConnector::CheckSchema() {
   return guarded(std::string("the archive cannot be checked"), [&] {
     std::string lines;
-    for (const std::string& line : connection().check_schema()) lines.append(lines.empty() ? "" : "\n").append(line);
+    for (const SchemaGap& gap : connection().check_schema())
+      lines.append(lines.empty() ? "" : "\n").append(sentence_about(gap));
     return lines;
   });
+}
+
+std::optional<std::vector<SchemaGap>> DbConnector::SchemaGaps() {
+  return guarded(std::optional<std::vector<SchemaGap>>(), [&] { return std::optional(connection().check_schema()); });
 }
 
 std::vector<std::string> DbConnector::CheckFile() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,7 +59,7 @@ class Connection;
 /// A record set of the embedded database reads on as it is walked: the first hundred rows are there before
 /// OpenRecordset and GetRecordset answer, and a failure among them is False or nothing. A later one is raised by the
 /// move that meets it, and LastError has it then. Record sets of servers are complete when they are handed out.
-class DORVANE_API DbConnector final : public vestara::DbConnector {
+class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
  public:
   DbConnector();
   ~DbConnector() override;
@@ -68,21 +69,22 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
 
   /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
   /// connection that was open is closed first, whatever comes of the new one.
-  bool Open(const std::string& url);
+  bool Open(const std::string& url) override;
   /// Rolls an open transaction back and closes. When changes go with it, LastError and an entry of the error log say
   /// so; the end of the object leaves such an entry too. Record sets that were handed out stay usable.
-  void Close();
+  void Close() override;
   /// Why the last failing call failed, in one line; "" when none failed since Open, and that took nothing back. Never
   /// a password.
-  std::string LastError() const;
+  std::string LastError() const override;
   /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
-  bool CreateSchema();
-  /// A line for every table, column, index and wheel that is missing, joined by line feeds; "" for a complete archive.
+  bool CreateSchema() override;
+  /// SchemaGaps in words: a line for each, joined by line feeds; "" for a complete archive.
   std::string CheckSchema();
+  std::optional<std::vector<vestara::SchemaGap>> SchemaGaps() override;
   /// A line for everything that the engine itself finds wrong in the archive's file, which is read whole for it: a
   /// few seconds for a million rows. None for a sound file, and none on servers, whose files are theirs to check. A
   /// check that fails is a line too.
-  std::vector<std::string> CheckFile();
+  std::vector<std::string> CheckFile() override;
 
   int32_t ConnectionState() override;
   /// One SELECT, WITH or VALUES. Refuses what writes, waits, takes locks, changes settings or reaches files.

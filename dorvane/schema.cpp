@@ -7,20 +7,21 @@ namespace dorvane {
 using automation::concatenated;
 using vestara::ArchiveIndex;
 using vestara::ArchiveTable;
+using vestara::SchemaGap;
 using vestara::TableColumn;
 
 namespace {
 
 std::string lower(std::string_view name) { return automation::lower_case(name); }
 
-void add_missing_of(const ArchiveTable& table, const SchemaFacts& facts, std::vector<std::string>& missing) {
+void add_missing_of(const ArchiveTable& table, const SchemaFacts& facts, std::vector<SchemaGap>& missing) {
   if (!facts.has_table(table.name)) {
-    missing.push_back(concatenated({"table ", table.name, " is missing; CreateSchema makes it"}));
+    missing.push_back({SchemaGap::Kind::table, table.name, table.name});
     return;
   }
   for (const TableColumn& column : table.columns)
     if (!facts.columns.contains(lower(table.name) + "." + lower(column.name)))
-      missing.push_back(concatenated({"column ", table.name, ".", column.name, " is missing"}));
+      missing.push_back({SchemaGap::Kind::column, table.name, column.name});
 }
 
 }  // namespace
@@ -69,17 +70,15 @@ bool SchemaFacts::has_table(std::string_view table) const {
 
 bool SchemaFacts::has_index(std::string_view index) const { return indexes.contains(lower(index)); }
 
-std::vector<std::string> missing_from(const SchemaFacts& facts) {
-  std::vector<std::string> missing;
+std::vector<SchemaGap> missing_from(const SchemaFacts& facts) {
+  std::vector<SchemaGap> missing;
   for (const ArchiveTable& table : vestara::archive_tables()) add_missing_of(table, facts, missing);
   for (const ArchiveIndex& index : vestara::archive_indexes())
-    if (!facts.has_index(index.name))
-      missing.push_back(
-          concatenated({"index ", index.name, " is missing: answers are right but slow; CreateSchema makes it"}));
-  if (!facts.has_table(vestara::wheel_table.name)) return missing;
+    if (!facts.has_index(index.name)) missing.push_back({SchemaGap::Kind::index, index.table->name, index.name});
+  const std::string_view wheel_table = vestara::wheel_table.name;
+  if (!facts.has_table(wheel_table)) return missing;
   for (const std::string_view wheel : vestara::wheel_aliases)
-    if (!facts.wheels.contains(wheel))
-      missing.push_back(concatenated({"wheel ", wheel, " is missing from ruote; CreateSchema adds it"}));
+    if (!facts.wheels.contains(wheel)) missing.push_back({SchemaGap::Kind::wheel, wheel_table, wheel});
   return missing;
 }
 

@@ -37,7 +37,7 @@ struct SchemaFacts {
   bool has_index(std::string_view index) const;
 };
 
-/// One line for everything that is missing; none when the archive is complete.
-std::vector<std::string> missing_from(const SchemaFacts& facts);
+/// Everything that is missing, tables first; none when the archive is complete.
+std::vector<vestara::SchemaGap> missing_from(const SchemaFacts& facts);
 
 }  // namespace dorvane

@@ -198,7 +198,7 @@ SchemaFacts ServerConnection::schema_facts() {
   return facts;
 }
 
-std::vector<std::string> ServerConnection::check_schema() {
+std::vector<vestara::SchemaGap> ServerConnection::check_schema() {
   require_usable();
   return noticing_loss([&] { return missing_from(schema_facts()); });
 }

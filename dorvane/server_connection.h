@@ -36,7 +36,7 @@ class ServerConnection : public Connection {
   void rollback() final;
   bool has_changes() const final { return transaction_.has_changes(); }
   void create_schema() final;
-  std::vector<std::string> check_schema() final;
+  std::vector<vestara::SchemaGap> check_schema() final;
 
  protected:
   enum class Access : uint8_t { read_write, read_only };

@@ -32,7 +32,7 @@ class SqliteConnection final : public Connection {
   void commit() override;
   void rollback() override;
   void create_schema() override;
-  std::vector<std::string> check_schema() override;
+  std::vector<vestara::SchemaGap> check_schema() override;
   std::vector<std::string> check_file() override;
   bool has_changes() const override { return transaction_.has_changes(); }
   bool is_alive() const override { return true; }

@@ -46,7 +46,7 @@ SchemaFacts SqliteConnection::schema_facts() {
   return facts;
 }
 
-std::vector<std::string> SqliteConnection::check_schema() {
+std::vector<vestara::SchemaGap> SqliteConnection::check_schema() {
   transaction_.require_not_lost();
   read_anew_if_changed();
   repair_before_read();

@@ -156,4 +156,15 @@ constexpr std::span<const ArchiveIndex> archive_indexes() { return all_archive_i
 /// Those of the draws: the whole set pays, a part of it does not.
 constexpr std::span<const ArchiveIndex> draw_indexes() { return archive_indexes().first(8); }
 
+/// Something of the above that an archive lacks.
+struct SchemaGap {
+  enum class Kind : uint8_t { table, column, index, wheel };
+
+  Kind kind;
+  std::string_view table;  ///< the one that is missing, or that it is missing from
+  std::string_view name;   ///< of the table, column or index, or the wheel's alias
+
+  bool operator==(const SchemaGap&) const = default;
+};
+
 }  // namespace vestara
