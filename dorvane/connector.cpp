@@ -14,6 +14,8 @@
 
 namespace dorvane {
 
+using automation::failure;
+using automation::FailureKind;
 using automation::Ref;
 using automation::RunTimeError;
 using vestara::SchemaGap;
@@ -25,13 +27,13 @@ constexpr const char* opened_elsewhere =
     "the archive was opened by the process that this one was forked from; open it again here";
 
 RunTimeError changes_are_open() {
-  return {automation::unspecified_failure,
-          "a transaction with changes is open: CommitTrans keeps them, RollbackTrans takes them back"};
+  return failure(FailureKind::database,
+                 "a transaction with changes is open: CommitTrans keeps them, RollbackTrans takes them back");
 }
 
 RunTimeError changes_were_lost() {
-  return {automation::unspecified_failure,
-          "the archive was closed inside a transaction and its changes were taken back; CommitTrans keeps them"};
+  return failure(FailureKind::database,
+                 "the archive was closed inside a transaction and its changes were taken back; CommitTrans keeps them");
 }
 
 std::string sentence_about(const SchemaGap& gap) {
@@ -73,7 +75,7 @@ void DbConnector::leave_elsewhere() noexcept {
 
 Connection& DbConnector::connection() {
   leave_elsewhere();
-  if (!connection_) throw RunTimeError(automation::unspecified_failure, closed_because_);
+  if (!connection_) throw failure(FailureKind::database, closed_because_);
   return *connection_;
 }
 
@@ -88,10 +90,10 @@ auto DbConnector::noted(Body&& body) {
   } catch (const std::bad_alloc&) {
     // The standard library has no words for its shortage.
     *last_error_ = "there is not enough memory";
-    throw RunTimeError(automation::out_of_memory().number(), *last_error_);
+    throw automation::out_of_memory(*last_error_);
   } catch (const std::exception& error) {
     *last_error_ = error.what();
-    throw RunTimeError(automation::unspecified_failure, error.what());
+    throw failure(FailureKind::unspecified, error.what());
   }
 }
 

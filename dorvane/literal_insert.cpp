@@ -114,10 +114,10 @@ void require_no_computed_rows(const std::vector<Token>& tokens) {
     if (i > 0 && is(tokens[i - 1], "or")) continue;
     const Token& table = target(tokens, i);
     if (is_archive_table(table))
-      throw automation::RunTimeError(
-          5, automation::concatenated({"rows of ", table.text,
-                                       " are inserted as INSERT INTO table(columns) VALUES(…), numbers, texts and NULL"
-                                       " only; no expressions, comments or further clauses"}));
+      throw automation::invalid_call(
+          automation::concatenated({"rows of ", table.text,
+                                    " are inserted as INSERT INTO table(columns) VALUES(…), numbers, texts and NULL"
+                                    " only; no expressions, comments or further clauses"}));
   }
 }
 

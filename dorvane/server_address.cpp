@@ -11,7 +11,8 @@ namespace {
 constexpr std::string_view form = "//user:password@host:port/database";
 
 automation::RunTimeError not_an_address(const Url& url, std::string_view reason) {
-  return {5, automation::concatenated({"bad database URL: ", reason, "; it reads ", url.scheme, ":", form})};
+  return automation::invalid_call(
+      automation::concatenated({"bad database URL: ", reason, "; it reads ", url.scheme, ":", form}));
 }
 
 /// The piece before `mark`, which goes too; "" when there is none.
@@ -34,17 +35,17 @@ std::string one_of(const Url& url, std::string_view option, std::string_view oth
   if (std::find(known.begin(), known.end(), value) != known.end()) return std::string(value);
   std::string names;
   for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
-  throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": ", option, " is one of ", names}));
+  throw automation::invalid_call(automation::concatenated({url.scheme, ": ", option, " is one of ", names}));
 }
 
 /// Raises for what is asked of the encryption and could not be done: nobody shall believe in what is not there.
 void require_honourable_tls(const Url& url, const ServerSettings& settings) {
   if (settings.must_encrypt() && !settings.socket.empty())
-    throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": tls=", settings.tls,
-                                                                " needs a host: what goes over a socket of this "
-                                                                "machine is not encrypted"}));
+    throw automation::invalid_call(automation::concatenated({url.scheme, ": tls=", settings.tls,
+                                                             " needs a host: what goes over a socket of this "
+                                                             "machine is not encrypted"}));
   if (!settings.tls_ca.empty() && settings.tls != "verify")
-    throw automation::RunTimeError(5, url.scheme + ": tls_ca names whom tls=verify trusts; without that nobody asks");
+    throw automation::invalid_call(url.scheme + ": tls_ca names whom tls=verify trusts; without that nobody asks");
 }
 
 }  // namespace
@@ -88,7 +89,7 @@ ServerSettings server_settings(const Url& url) {
   settings.tls = one_of(url, "tls", "prefer", {"disable", "prefer", "require", "verify"});
   settings.tls_ca = url.option("tls_ca", "");
   if (!settings.socket.empty() && !settings.address.host.empty())
-    throw automation::RunTimeError(5, url.scheme + ": a host or a socket, not both");
+    throw automation::invalid_call(url.scheme + ": a host or a socket, not both");
   require_honourable_tls(url, settings);
   return settings;
 }

@@ -23,11 +23,13 @@ constexpr std::string_view write_lock = "SELECT enumeratore FROM ruote WHERE enu
 void ServerConnection::require_usable() const {
   transaction_.require_not_lost();
   if (!is_alive())
-    throw RunTimeError(automation::unspecified_failure, "the connection to the server is lost; open the archive again");
+    throw automation::failure(automation::FailureKind::database,
+                              "the connection to the server is lost; open the archive again");
 }
 
 void ServerConnection::require_writable() const {
-  if (access_ == Access::read_only) throw RunTimeError(70, "the archive was opened to be read only (mode=ro)");
+  if (access_ == Access::read_only)
+    throw automation::permission_denied("the archive was opened to be read only (mode=ro)");
 }
 
 template <class Body>
@@ -83,7 +85,8 @@ void ServerConnection::execute(std::string_view statement) {
   guard_.require_change(statement);
   const bool changes = changes_tables(statement, syntax());
   if (transaction_.is_open() && changes && !tables_are_transactional())
-    throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
+    throw automation::invalid_call(
+        "tables cannot be changed inside a transaction: this engine would keep what was done so far");
   if (changes && transaction_.is_none()) return define(dialect_.translate(statement));
   const bool empties = empties_the_archive(statement, syntax());
   int64_t rows = 0;
@@ -234,7 +237,8 @@ void ServerConnection::create_schema() {
   require_usable();
   const bool outermost = transaction_.is_none();
   if (!outermost && !tables_are_transactional())
-    throw RunTimeError(5, "tables cannot be made inside a transaction: this engine would keep what was done so far");
+    throw automation::invalid_call(
+        "tables cannot be made inside a transaction: this engine would keep what was done so far");
   require_writable();
   // A complete archive is looked at only: readers may call this as well.
   if (check_schema().empty()) return repair_keys();

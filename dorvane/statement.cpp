@@ -68,10 +68,16 @@ std::string rewrite_like(std::string_view statement, const Syntax& syntax, std::
   return result;
 }
 
+std::string in_statement(std::string_view statement) {
+  if (statement.empty()) return {};
+  const std::string_view rest = statement.size() > shown_statement ? "…" : "";
+  return automation::concatenated({"; in: ", statement.substr(0, shown_statement), rest});
+}
+
 std::string largest_value(std::string_view table, std::string_view column) {
   if (!is_identifier(table) || !is_identifier(column))
-    throw automation::RunTimeError(
-        5, automation::concatenated({"not a table and a column: '", table, "', '", column, "'"}));
+    throw automation::invalid_call(
+        automation::concatenated({"not a table and a column: '", table, "', '", column, "'"}));
   return automation::concatenated({"SELECT max(", column, ") FROM ", table});
 }
 

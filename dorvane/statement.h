@@ -18,6 +18,11 @@ bool changes_tables(std::string_view statement, const Syntax& syntax);
 std::string rewrite_like(std::string_view statement, const Syntax& syntax, std::string_view like,
                          std::string_view behind);
 
+/// So much of a statement is shown in a message.
+inline constexpr size_t shown_statement = 160;
+/// "; in: SELECT …": the beginning of a statement, as it stands behind a reason; "" for an empty one.
+std::string in_statement(std::string_view statement);
+
 /// The statement that asks for the largest value of a column. Raises RunTimeError 5 when the two are not plain names.
 std::string largest_value(std::string_view table, std::string_view column);
 

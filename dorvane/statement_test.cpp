@@ -44,6 +44,13 @@ TEST(Statement, LikeIsRewrittenWithItsPattern) {
     EXPECT_EQ(rewrite_like(row.given, syntax, "ILIKE", " C"), row.expected) << row.given;
 }
 
+TEST(Statement, IsShownByItsBeginning) {
+  EXPECT_EQ(in_statement(""), "");
+  EXPECT_EQ(in_statement("SELECT 1"), "; in: SELECT 1");
+  EXPECT_EQ(in_statement(std::string(160, 'x')), "; in: " + std::string(160, 'x'));
+  EXPECT_EQ(in_statement(std::string(161, 'x')), "; in: " + std::string(160, 'x') + "…");
+}
+
 TEST(Statement, TheLargestValueIsAskedOfPlainNamesOnly) {
   EXPECT_EQ(largest_value("tRicerche", "idRicerca"), "SELECT max(idRicerca) FROM tRicerche");
   for (const auto& [table, column] :

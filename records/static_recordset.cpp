@@ -67,7 +67,7 @@ void StaticRecordSet::complete() noexcept { fill_to(every_row); }
 void StaticRecordSet::prefetch(size_t rows) { reach(static_cast<int64_t>(rows)); }
 
 void StaticRecordSet::require_open() const {
-  if (!open_) throw automation::RunTimeError(3704);
+  if (!open_) throw automation::object_is_closed();
 }
 
 bool StaticRecordSet::at_end() {

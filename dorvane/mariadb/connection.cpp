@@ -15,7 +15,6 @@
 namespace dorvane::mariadb {
 
 using automation::concatenated;
-using automation::RunTimeError;
 
 namespace {
 
@@ -118,7 +117,7 @@ void MariadbConnection::leave() noexcept {
 
 Result MariadbConnection::answer(std::string_view statement) {
   if (statement.find_first_not_of(" \t\r\n") == std::string_view::npos)
-    throw RunTimeError(5, "mariadb: the statement is empty");
+    throw automation::invalid_call("mariadb: the statement is empty");
   MYSQL* const client = session_.get();
   Result result;
   if (mysql_real_query(client, statement.data(), static_cast<unsigned long>(statement.size())) == 0)
@@ -143,7 +142,7 @@ void MariadbConnection::start() {
 
 ServerRows MariadbConnection::rows(std::string_view statement) {
   Result result = answer(statement);
-  if (!result) throw RunTimeError(5, concatenated({"mariadb: the statement returns no rows: ", statement}));
+  if (!result) throw automation::invalid_call(concatenated({"mariadb: the statement returns no rows: ", statement}));
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));

@@ -17,7 +17,6 @@
 namespace dorvane::postgresql {
 
 using automation::concatenated;
-using automation::RunTimeError;
 
 namespace {
 
@@ -35,7 +34,7 @@ constexpr std::string_view volatile_functions =
 
 void require_no_nul(const std::string& statement) {
   if (statement.find('\0') != std::string::npos)
-    throw RunTimeError(5, "postgresql: the statement holds a NUL character");
+    throw automation::invalid_call("postgresql: the statement holds a NUL character");
 }
 
 std::string tls_mode(const std::string& tls) { return tls == "verify" ? "verify-full" : tls; }
@@ -122,10 +121,10 @@ Result PostgresqlConnection::answer(std::string_view statement) {
 void PostgresqlConnection::require_answer(const PGresult* result, std::string_view statement) {
   const auto status = PQresultStatus(result);
   if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) return;
-  if (status == PGRES_EMPTY_QUERY) throw RunTimeError(5, "postgresql: the statement is empty");
+  if (status == PGRES_EMPTY_QUERY) throw automation::invalid_call("postgresql: the statement is empty");
   if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT) {
     session_ = nullptr;
-    throw RunTimeError(5, "postgresql: COPY is not for this connection, which is closed now");
+    throw automation::invalid_call("postgresql: COPY is not for this connection, which is closed now");
   }
   throw failure(session_.get(), result, statement);
 }
@@ -143,7 +142,7 @@ void PostgresqlConnection::keep() {
 
 ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {
   if (PQnfields(result.get()) == 0)
-    throw RunTimeError(5, concatenated({"postgresql: the statement returns no rows: ", statement}));
+    throw automation::invalid_call(concatenated({"postgresql: the statement returns no rows: ", statement}));
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));

@@ -46,9 +46,10 @@ void SqliteConnection::open() {
   } catch (const RunTimeError&) {
     if (!lies_in_a_closed_folder(settings_.path)) throw;
     if (has_waiting_changes(settings_.path))
-      throw RunTimeError(75, "sqlite: " + settings_.path +
-                                 " lies in a folder that this user may not write to, and changes wait beside it that "
-                                 "can only be read there; a user who may write opens and closes the archive once");
+      throw automation::path_file_access(
+          "sqlite: " + settings_.path +
+          " lies in a folder that this user may not write to, and changes wait beside it that "
+          "can only be read there; a user who may write opens and closes the archive once");
     attach(open_frozen(settings_.path));
     frozen_ = true;
   }
@@ -129,9 +130,9 @@ int SqliteConnection::authorize(void* self, int action, const char*, const char*
 
 Statement SqliteConnection::prepare(std::string_view statement, Permission permission) {
   if (statement.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
-    throw RunTimeError(7, "sqlite: the statement is longer than 2 GiB");
+    throw automation::out_of_memory("sqlite: the statement is longer than 2 GiB");
   if (statement.find('\0') != std::string_view::npos)
-    throw RunTimeError(5, "sqlite: the statement holds a NUL character");
+    throw automation::invalid_call("sqlite: the statement holds a NUL character");
   const Permitting permitting(*this, permission);
   sqlite3_stmt* prepared = nullptr;
   const char* tail = nullptr;
@@ -139,9 +140,10 @@ Statement SqliteConnection::prepare(std::string_view statement, Permission permi
       sqlite3_prepare_v2(database_.get(), statement.data(), static_cast<int>(statement.size()), &prepared, &tail);
   Statement result(prepared);
   require_ok(code, database_.get(), statement);
-  if (!result) throw RunTimeError(5, "sqlite: the statement is empty");
+  if (!result) throw automation::invalid_call("sqlite: the statement is empty");
   if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data())), syntax))
-    throw RunTimeError(5, "sqlite: one statement a call, here are several: " + std::string(statement.substr(0, 160)));
+    throw automation::invalid_call("sqlite: one statement a call, here are several: " +
+                                   std::string(statement.substr(0, shown_statement)));
   return result;
 }
 
@@ -219,7 +221,8 @@ auto SqliteConnection::steadily(Body&& body) {
       if (!frozen_ || stamp_of(settings_.path) == stamp_) throw;
     }
     if (attempt == attempts)
-      throw RunTimeError(70, "sqlite: another program changes the archive while it is read; try again when it is done");
+      throw automation::permission_denied(
+          "sqlite: another program changes the archive while it is read; try again when it is done");
   }
   return body();
 }
@@ -242,7 +245,8 @@ Ref<records::StaticRecordSet> SqliteConnection::query(std::string_view statement
 Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view statement) {
   Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
-  if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
+  if (headers.empty())
+    throw automation::invalid_call("sqlite: the statement returns no rows: " + std::string(statement));
   spell_names(statement, syntax, headers);
   const auto place = std::make_shared<records::StaticRecordSet*>(nullptr);
   auto source = std::make_unique<Rows>(database_.get(), std::move(prepared),

@@ -51,9 +51,9 @@ Rows::~Rows() {
 
 bool Rows::fetch(std::vector<records::ColumnStore>& columns) {
   if (!home_.is_here())
-    throw automation::RunTimeError(automation::unspecified_failure,
-                                   "the rows that were not read yet belong to the process that this one was forked "
-                                   "from; open the archive again here");
+    throw automation::failure(automation::FailureKind::database,
+                              "the rows that were not read yet belong to the process that this one was forked "
+                              "from; open the archive again here");
   const RunningClock running(clock_.place, clock_.clock);
   const int code = sqlite3_step(statement_.get());
   if (code == SQLITE_DONE) return false;
