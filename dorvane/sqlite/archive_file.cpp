@@ -13,7 +13,6 @@
 
 namespace dorvane::sqlite {
 
-
 namespace {
 
 constexpr std::string_view in_memory = ":memory:";
