@@ -30,6 +30,13 @@ const char* or_null(const std::string& text) { return text.empty() ? nullptr : t
 
 unsigned seconds(int milliseconds) { return static_cast<unsigned>(std::max(1, (milliseconds + 999) / 1000)); }
 
+/// "1.500" for 1500 milliseconds.
+std::string decimal_seconds(int milliseconds) {
+  const std::string thousandths = std::to_string(milliseconds % 1000);
+  const std::string zeros(3 - thousandths.size(), '0');
+  return concatenated({std::to_string(milliseconds / 1000), ".", zeros, thousandths});
+}
+
 unsigned port_of(const std::string& text) {
   unsigned port = 0;
   std::from_chars(text.data(), text.data() + text.size(), port);
@@ -105,8 +112,7 @@ MariadbConnection::MariadbConnection(const ServerSettings& settings)
   run(concatenated({"SET SESSION lock_wait_timeout=", std::to_string(seconds(settings.timeout))}));
   // Faster for statements like ours, or not every server's; without the first, large joins sort their rows in pieces.
   prefer("SET SESSION sort_buffer_size=268435456");
-  prefer(concatenated({"SET SESSION max_statement_time=", std::to_string(settings.statement_timeout / 1000), ".",
-                       std::to_string(1000 + settings.statement_timeout % 1000).substr(1)}));
+  prefer(concatenated({"SET SESSION max_statement_time=", decimal_seconds(settings.statement_timeout)}));
 }
 
 /// The server hears nothing of this: it goes on speaking with the process that the session belongs to.
