@@ -1,6 +1,8 @@
 #include "dorvane/server_address.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 
 #include "automation/error.h"
 #include "automation/text.h"
@@ -27,6 +29,13 @@ std::string_view cut_before(std::string_view& text, size_t mark) {
 size_t port_mark(std::string_view host) {
   const auto bracket = host.rfind(']');
   return host.find(':', bracket == std::string_view::npos ? 0 : bracket);
+}
+
+/// "" is the engine's usual port.
+bool is_port(std::string_view text) {
+  uint16_t port = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+  return text.empty() || (error == std::errc() && end == text.data() + text.size());
 }
 
 std::string one_of(const Url& url, std::string_view option, std::string_view otherwise,
@@ -70,9 +79,7 @@ ServerAddress server_address(const Url& url) {
     address.port = host.substr(mark + 1);
     host = host.substr(0, mark);
   }
-  const bool number =
-      std::all_of(address.port.begin(), address.port.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!number || address.port.size() > 5) throw not_an_address(url, "the port is no number");
+  if (!is_port(address.port)) throw not_an_address(url, "the port is no number up to 65535");
   if (host.starts_with('[') && host.ends_with(']')) host = host.substr(1, host.size() - 2);
   address.host = percent_decoded(host);
   return address;
