@@ -24,6 +24,7 @@ StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_
     : headers_(std::move(headers)), source_(std::move(source)) {
   columns_.reserve(headers_.size());
   for (const ColumnHeader& header : headers_) columns_.emplace_back(header.reading);
+  if (source_) source_->taken_by(*this);
 }
 
 StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns)

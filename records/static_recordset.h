@@ -16,6 +16,8 @@
 
 namespace records {
 
+class StaticRecordSet;
+
 /// Where the rows of a record set come from. Raises the engine's error when a row cannot be had.
 class AUTOMATION_API RowSource {
  public:
@@ -25,6 +27,9 @@ class AUTOMATION_API RowSource {
   virtual ~RowSource() = default;
   /// Appends one value to every column; False behind the last row.
   virtual bool fetch(std::vector<ColumnStore>& columns) = 0;
+  /// Called once, by the set that takes the source over, before its first row; the set lets the source go before its
+  /// own end. Does nothing where it is not overridden. A connection learns here which sets still read from it.
+  virtual void taken_by(StaticRecordSet&) {}
 };
 
 /// A column as the statement names it.

@@ -1,6 +1,6 @@
 #include "dorvane/sqlite/connection.h"
 
-#include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "automation/coercion.h"
@@ -55,7 +55,7 @@ void SqliteConnection::open() {
 }
 
 SqliteConnection::~SqliteConnection() {
-  complete_record_sets();
+  open_rows_.complete();
   inserts_.forget();
   if (transaction_.is_open()) session_.attempt("ROLLBACK");
   if (!transaction_.is_none()) indexes_.transaction_was_taken_back();
@@ -131,21 +131,17 @@ Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view stateme
   if (headers.empty())
     throw automation::invalid_call("sqlite: the statement returns no rows: " + std::string(statement));
   spell_names(statement, syntax, headers);
-  const auto place = std::make_shared<records::StaticRecordSet*>(nullptr);
-  auto source = std::make_unique<Rows>(session_.database(), std::move(prepared),
-                                       RowClock{session_.running_clock(), StatementClock(settings_.reading_limit)},
-                                       [this, place] { forget(*place); });
-  auto rows = automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
-  *place = rows.get();
-  unfinished_.push_back(rows.get());
-  return rows;
+  auto source =
+      std::make_unique<Rows>(session_.database(), std::move(prepared),
+                             RowClock{session_.running_clock(), StatementClock(settings_.reading_limit)}, open_rows_);
+  return automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
 }
 
 void SqliteConnection::execute(std::string_view statement) {
   transaction_.require_not_lost();
   const bool recognised = recognise_insert(statement, syntax, values_);
   if (!recognised) guard_.require_change(statement);
-  complete_record_sets();
+  open_rows_.complete();
   const int changed_before = sqlite3_total_changes(session_.database());
   StatementClock clock(settings_.changing_limit);
   const RunningClock running(session_.running_clock(), clock);
@@ -190,7 +186,7 @@ int32_t SqliteConnection::max_id(std::string_view table, std::string_view column
 
 void SqliteConnection::begin() {
   if (!transaction_.is_none()) rollback();
-  complete_record_sets();
+  open_rows_.complete();
   indexes_.transaction_begins();
   try {
     session_.run("BEGIN IMMEDIATE", Permission::anything);
@@ -205,7 +201,7 @@ void SqliteConnection::commit() {
   transaction_.require_begun();
   try {
     transaction_.require_not_lost();
-    complete_record_sets();
+    open_rows_.complete();
     if (indexes_.are_owed()) rebuild_indexes();
     session_.run("COMMIT", Permission::anything);
     transaction_.ended();
@@ -217,7 +213,7 @@ void SqliteConnection::commit() {
 
 void SqliteConnection::rollback() {
   if (transaction_.is_none()) return;
-  complete_record_sets();
+  open_rows_.complete();
   if (session_.is_inside_transaction()) session_.run("ROLLBACK", Permission::anything);
   transaction_.ended();
   indexes_.transaction_was_taken_back();
@@ -225,7 +221,7 @@ void SqliteConnection::rollback() {
 
 void SqliteConnection::create_schema() {
   transaction_.require_not_lost();
-  complete_record_sets();
+  open_rows_.complete();
   const bool fresh = session_.single_number("SELECT count(*) FROM sqlite_master") == 0;
   // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another
   // program that creates the same archive just now may be ahead: then it is switched already.
@@ -242,11 +238,5 @@ void SqliteConnection::create_schema() {
   transaction_.changed();
   indexes_.owe_nothing();
 }
-
-void SqliteConnection::complete_record_sets() noexcept {
-  while (!unfinished_.empty()) unfinished_.back()->complete();
-}
-
-void SqliteConnection::forget(const records::StaticRecordSet* rows) { std::erase(unfinished_, rows); }
 
 }  // namespace dorvane::sqlite

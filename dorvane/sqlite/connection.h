@@ -12,6 +12,7 @@
 #include "dorvane/sqlite/draw_indexes.h"
 #include "dorvane/sqlite/handles.h"
 #include "dorvane/sqlite/insert_cache.h"
+#include "dorvane/sqlite/open_rows.h"
 #include "dorvane/sqlite/session.h"
 #include "dorvane/statement_guard.h"
 #include "dorvane/transaction_state.h"
@@ -55,9 +56,6 @@ class SqliteConnection final : public Connection {
   void repair_before_read();
   SchemaFacts schema_facts();
 
-  void complete_record_sets() noexcept;
-  void forget(const records::StaticRecordSet* rows);
-
   StatementGuard guard_;
   FileSettings settings_;
   Session session_;
@@ -68,7 +66,7 @@ class SqliteConnection final : public Connection {
   DrawIndexes indexes_{session_};
   InsertCache inserts_{session_};
   InsertValues values_;  ///< of the statement that is executed
-  std::vector<records::StaticRecordSet*> unfinished_;
+  OpenRows open_rows_;
 };
 
 }  // namespace dorvane::sqlite

@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <utility>
 
 #include "automation/text.h"
 #include "dorvane/sqlite/connection.h"
