@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,25 @@ enum class FailureKind : uint8_t {
   interrupted,    ///< the user stopped it
 };
 
+/// What a database's refusal means for what comes next.
+enum class Refusal : uint8_t {
+  statement,   ///< this statement only
+  permission,  ///< the user may not do this, or the database or the connection takes no changes
+  missing,     ///< a table or column is not there
+  busy,        ///< another program's change was not over in time, or met this one head-on
+  too_long,    ///< the statement took longer than it may
+  full,        ///< no room left
+  connection,  ///< the database is out of reach
+  no_session,  ///< the connection did not come about
+};
+
+/// What a database was asked when it refused.
+struct ErrorContext {
+  std::string engine;     ///< as URLs name it
+  std::string statement;  ///< whole, as the engine got it; "" where none was being run
+  Refusal refusal = Refusal::statement;
+};
+
 /// The platform's run-time error: a number with its text. Trapped at the edge of a class or handed to the host.
 class AUTOMATION_API RunTimeError : public std::exception {
  public:
@@ -31,16 +51,21 @@ class AUTOMATION_API RunTimeError : public std::exception {
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
   FailureKind kind() const { return kind_; }
+  /// Null for an error that no engine raised. It lives as long as the error or any copy of it.
+  const ErrorContext* context() const { return context_.get(); }
   const char* what() const noexcept override { return description_.c_str(); }
 
   /// The same error with more text behind its own.
   RunTimeError continued(std::string_view text) const;
+  /// The same error as one of kind database, with what the engine was asked.
+  RunTimeError with_context(ErrorContext context) const;
 
  private:
   int32_t number_;
   std::string description_;
   std::string source_;
   FailureKind kind_ = FailureKind::unspecified;
+  std::shared_ptr<const ErrorContext> context_;
 
   friend AUTOMATION_API RunTimeError failure(FailureKind kind, std::string text);
 };

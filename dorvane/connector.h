@@ -16,6 +16,7 @@
 namespace dorvane {
 
 class Connection;
+class FailureNote;
 
 /// The connector that comes with the library: one connection to an archive, chosen by URL.
 ///
@@ -76,6 +77,7 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
   /// Why the last failing call failed, in one line; "" when none failed since Open, and that took nothing back. Never
   /// a password.
   std::string LastError() const override;
+  std::shared_ptr<const automation::RunTimeError> LastFailure() const override;
   /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
   bool CreateSchema() override;
   /// SchemaGaps in words: a line for each, joined by line feeds; "" for a complete archive.
@@ -102,10 +104,12 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
   void RollbackTrans() override;
 
  private:
-  template <class Result, class Body>
-  Result guarded(Result on_failure, Body&& body);
   template <class Body>
-  auto noted(Body&& body);
+  bool trapped(Body&& body);
+  template <class Result, class Body>
+  Result result_of(Body&& body, Result on_failure);
+  template <class Body>
+  void raising(Body&& body);
   /// Raises when no archive is open, or another process opened it.
   Connection& connection();
   /// A connection that belongs to another process counts as closed here.
@@ -115,7 +119,7 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
   std::unique_ptr<Connection> connection_;
   HomeProcess home_;  ///< of the connection
   const char* closed_because_;
-  std::shared_ptr<std::string> last_error_;  ///< record sets write to it as well
+  std::shared_ptr<FailureNote> last_failure_;  ///< record sets write to it as well
 };
 
 }  // namespace dorvane

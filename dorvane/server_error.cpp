@@ -53,7 +53,8 @@ RunTimeError described(Refusal refusal, std::string_view engine, std::string_vie
 }  // namespace
 
 ServerError::ServerError(Refusal refusal, std::string_view engine, std::string_view reason, std::string_view statement)
-    : RunTimeError(described(refusal, engine, reason, statement)), refusal_(refusal) {}
+    : RunTimeError(described(refusal, engine, reason, statement)
+                       .with_context({std::string(engine), std::string(statement), refusal})) {}
 
 RunTimeError not_encrypted(std::string_view engine, std::string_view tls) {
   return database_failure(

@@ -57,7 +57,7 @@ bool StaticRecordSet::fetch_to(int64_t row) {
 }
 
 void StaticRecordSet::fail() const {
-  if (note_) *note_ = failure_->description();
+  if (on_failure_) on_failure_(*failure_);
   throw *failure_;
 }
 

@@ -66,6 +66,13 @@ RunTimeError RunTimeError::continued(std::string_view text) const {
   return error;
 }
 
+RunTimeError RunTimeError::with_context(ErrorContext context) const {
+  RunTimeError error = *this;
+  error.kind_ = FailureKind::database;
+  error.context_ = std::make_shared<const ErrorContext>(std::move(context));
+  return error;
+}
+
 std::string_view standard_description(int32_t number) {
   const auto* entry = std::lower_bound(table.begin(), table.end(), number,
                                        [](const Entry& row, int32_t wanted) { return row.number < wanted; });

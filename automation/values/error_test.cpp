@@ -112,6 +112,19 @@ TEST(RunTimeError, ATextCanBeContinued) {
   EXPECT_EQ(error.source(), "cLotto");
 }
 
+TEST(RunTimeError, AnEnginesErrorKnowsWhatItWasAsked) {
+  const RunTimeError plain = disk_full("no room");
+  EXPECT_EQ(plain.context(), nullptr);
+  const RunTimeError error = plain.with_context({"sqlite", "DELETE FROM storico", Refusal::full}).continued("; sorry");
+  EXPECT_EQ(error.number(), 61);
+  EXPECT_EQ(error.description(), "no room; sorry");
+  EXPECT_EQ(error.kind(), FailureKind::database);
+  ASSERT_NE(error.context(), nullptr);
+  EXPECT_EQ(error.context()->engine, "sqlite");
+  EXPECT_EQ(error.context()->statement, "DELETE FROM storico");
+  EXPECT_EQ(error.context()->refusal, Refusal::full);
+}
+
 TEST(RunTimeError, KeepsWhatItIsGiven) {
   const RunTimeError error(-2147217900, "syntax", "cLotto");
   EXPECT_EQ(error.number(), -2147217900);

@@ -12,14 +12,18 @@ namespace dorvane::sqlite {
 
 using automation::failure;
 using automation::FailureKind;
+using automation::Refusal;
 using automation::RunTimeError;
 
-RunTimeError last_failure(sqlite3* database, std::string_view statement) {
+namespace {
+
+/// The error with a hint what to do, where that is known.
+RunTimeError described(sqlite3* database, int code, std::string_view statement) {
   const auto told = [&](std::string_view hint) {
     return automation::concatenated({"sqlite: ", sqlite3_errmsg(database), hint, in_statement(statement)});
   };
   const int system_error = sqlite3_system_errno(database);
-  switch (sqlite3_extended_errcode(database) & 0xFF) {
+  switch (code) {
     case SQLITE_FULL:
       return automation::disk_full(told("; free some space, nothing was changed"));
     case SQLITE_PERM:
@@ -46,6 +50,33 @@ RunTimeError last_failure(sqlite3* database, std::string_view statement) {
     default:
       return failure(FailureKind::database, told(""));
   }
+}
+
+Refusal refusal_of(int code) {
+  switch (code) {
+    case SQLITE_FULL:
+      return Refusal::full;
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+      return Refusal::permission;
+    case SQLITE_BUSY:
+      return Refusal::busy;
+    case SQLITE_INTERRUPT:
+      return Refusal::too_long;
+    case SQLITE_CANTOPEN:
+    case SQLITE_NOTADB:
+      return Refusal::no_session;
+    default:
+      return Refusal::statement;
+  }
+}
+
+}  // namespace
+
+RunTimeError last_failure(sqlite3* database, std::string_view statement) {
+  const int primary_code = sqlite3_extended_errcode(database) & 0xFF;
+  return described(database, primary_code, statement)
+      .with_context({"sqlite", std::string(statement), refusal_of(primary_code)});
 }
 
 void require_ok(int code, sqlite3* database, std::string_view statement) {

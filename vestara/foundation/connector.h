@@ -1,11 +1,13 @@
 #pragma once  // installed
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "automation/error.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "vestara/foundation/export.h"
@@ -50,6 +52,8 @@ class VESTARA_API ArchiveConnector : public DbConnector {
   virtual void Close() = 0;
   /// Why the last failing call failed, in one line; "" when none failed since Open.
   virtual std::string LastError() const = 0;
+  /// The same as an error, with its number, its kind and what the engine was asked; null when none failed since Open.
+  virtual std::shared_ptr<const automation::RunTimeError> LastFailure() const = 0;
   /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
   virtual bool CreateSchema() = 0;
   /// Everything that is missing, none for a complete archive; nothing when the archive cannot be checked.
