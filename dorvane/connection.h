@@ -41,8 +41,8 @@ class Connection {
   virtual void create_schema() = 0;
   /// The tables, columns, indexes and wheels that are missing.
   virtual std::vector<vestara::SchemaGap> check_schema() = 0;
-  /// One line for everything that the engine itself finds wrong in the archive's file; none where the file is a
-  /// server's to look after.
+  /// One line for everything that the engine itself finds wrong in the archive's file or its tables; none where it has
+  /// no way to look.
   virtual std::vector<std::string> check_file() { return {}; }
 
   /// False once the engine is out of reach: nothing runs any more.

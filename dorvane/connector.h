@@ -83,9 +83,9 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
   /// SchemaGaps in words: a line for each, joined by line feeds; "" for a complete archive.
   std::string CheckSchema();
   std::optional<std::vector<vestara::SchemaGap>> SchemaGaps() override;
-  /// A line for everything that the engine itself finds wrong in the archive's file, which is read whole for it: a
-  /// few seconds for a million rows. None for a sound file, and none on servers, whose files are theirs to check. A
-  /// check that fails is a line too.
+  /// A line for everything that the engine itself finds wrong in the archive's file, or on MariaDB in its tables, which
+  /// are read whole for it: a few seconds for a million rows. None for a sound archive, and none on PostgreSQL, which
+  /// has no such check. A check that fails is a line too.
   std::vector<std::string> CheckFile() override;
 
   int32_t ConnectionState() override;

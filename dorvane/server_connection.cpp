@@ -1,5 +1,7 @@
 #include "dorvane/server_connection.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "automation/error.h"
@@ -204,6 +206,18 @@ SchemaFacts ServerConnection::schema_facts() {
 std::vector<vestara::SchemaGap> ServerConnection::check_schema() {
   require_usable();
   return noticing_loss([&] { return missing_from(schema_facts()); });
+}
+
+std::vector<std::string> ServerConnection::check_file() {
+  require_usable();
+  if (transaction_.is_open() && !tables_are_transactional())
+    throw automation::invalid_call(
+        "tables cannot be checked inside a transaction: this engine would keep what was done so far");
+  std::vector<std::string> findings;
+  const SchemaFacts facts = noticing_loss([&] { return schema_facts(); });
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
+    if (facts.has_table(table.name)) std::ranges::move(damage_of(table.name), std::back_inserter(findings));
+  return findings;
 }
 
 void ServerConnection::create_missing() {

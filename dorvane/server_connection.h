@@ -37,6 +37,7 @@ class ServerConnection : public Connection {
   bool has_changes() const final { return transaction_.has_changes(); }
   void create_schema() final;
   std::vector<vestara::SchemaGap> check_schema() final;
+  std::vector<std::string> check_file() final;
 
  protected:
   enum class Access : uint8_t { read_write, read_only };
@@ -83,6 +84,9 @@ class ServerConnection : public Connection {
   /// Called once a change that deleted all draws is committed, outside every transaction. A failure is ignored: the
   /// change is kept already. PostgreSQL cleans the table; MariaDB sets the next key behind the largest.
   virtual void after_emptied_was_kept() {}
+  /// Called by `check_file` for each table of the archive that is there, outside every transaction where tables are not
+  /// transactional: a line for everything that is wrong in it. MariaDB has its tables checked.
+  virtual std::vector<std::string> damage_of(std::string_view) { return {}; }
   /// Called by `create_schema`: the statements that put the next keys behind rows whose keys another program chose.
   virtual std::vector<std::string> key_repairs() { return {}; }
 

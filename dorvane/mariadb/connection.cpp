@@ -173,6 +173,23 @@ void MariadbConnection::define(std::string_view statement) {
   run("SET SESSION TRANSACTION READ ONLY");
 }
 
+/// A check ends a transaction. One that the user has no right to is none: who reads the table is told so.
+std::vector<std::string> MariadbConnection::damage_of(std::string_view table) {
+  std::vector<std::string> findings;
+  try {
+    ServerRows answer = rows(concatenated({"CHECK TABLE ", automation::lower_case(table)}));
+    const auto found = automation::make<records::StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+    const records::Column kind = found->column("Msg_type");
+    const records::Column text = found->column("Msg_text");
+    for (; !found->at_end(); found->move_next())
+      if (found->text(kind) != "note" && found->text(text) != "OK")
+        findings.push_back(concatenated({table, ": ", found->text(text)}));
+  } catch (const ServerError& error) {
+    if (error.refusal() != Refusal::permission) throw;
+  }
+  return findings;
+}
+
 /// The counter of keys cannot be set back while the old rows may return; the new rows' keys can.
 void MariadbConnection::before_emptied_is_kept() {
   const int32_t lowest = single_number("SELECT min(id) FROM storico");

@@ -58,7 +58,7 @@ class VESTARA_API ArchiveConnector : public DbConnector {
   virtual bool CreateSchema() = 0;
   /// Everything that is missing, none for a complete archive; nothing when the archive cannot be checked.
   virtual std::optional<std::vector<SchemaGap>> SchemaGaps() = 0;
-  /// A line for everything that the engine itself finds wrong in the archive's file; none for a sound one.
+  /// A line for everything that the engine itself finds wrong in the archive's file or tables; none for sound ones.
   virtual std::vector<std::string> CheckFile() = 0;
 };
 
