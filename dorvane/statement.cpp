@@ -74,6 +74,11 @@ std::string in_statement(std::string_view statement) {
   return automation::concatenated({"; in: ", statement.substr(0, shown_statement), rest});
 }
 
+automation::RunTimeError refused_statement(std::string_view engine, std::string_view why, std::string_view statement) {
+  return automation::invalid_call(automation::concatenated({engine, ": the statement ", why}))
+      .with_context({std::string(engine), std::string(statement), automation::Refusal::statement});
+}
+
 std::string largest_value(std::string_view table, std::string_view column) {
   if (!is_identifier(table) || !is_identifier(column))
     throw automation::invalid_call(

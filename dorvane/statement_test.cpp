@@ -51,6 +51,15 @@ TEST(Statement, IsShownByItsBeginning) {
   EXPECT_EQ(in_statement(std::string(161, 'x')), "; in: " + std::string(160, 'x') + "…");
 }
 
+TEST(Statement, ARefusedOneIsNamedWithItsEngine) {
+  const automation::RunTimeError error = refused_statement("sqlite", "is empty", " ");
+  EXPECT_EQ(error.number(), 5);
+  EXPECT_EQ(error.description(), "sqlite: the statement is empty");
+  EXPECT_EQ(error.context()->engine, "sqlite");
+  EXPECT_EQ(error.context()->statement, " ");
+  EXPECT_EQ(error.context()->refusal, automation::Refusal::statement);
+}
+
 TEST(Statement, TheLargestValueIsAskedOfPlainNamesOnly) {
   EXPECT_EQ(largest_value("tRicerche", "idRicerca"), "SELECT max(idRicerca) FROM tRicerche");
   for (const auto& [table, column] :

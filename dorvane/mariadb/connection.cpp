@@ -11,6 +11,7 @@
 #include "dorvane/mariadb/dialect.h"
 #include "dorvane/mariadb/errors.h"
 #include "dorvane/mariadb/result.h"
+#include "dorvane/statement.h"
 
 namespace dorvane::mariadb {
 
@@ -123,7 +124,7 @@ void MariadbConnection::leave() noexcept {
 
 Result MariadbConnection::answer(std::string_view statement) {
   if (statement.find_first_not_of(" \t\r\n") == std::string_view::npos)
-    throw automation::invalid_call("mariadb: the statement is empty");
+    throw refused_statement("mariadb", "is empty", statement);
   MYSQL* const client = session_.get();
   Result result;
   if (mysql_real_query(client, statement.data(), static_cast<unsigned long>(statement.size())) == 0)
@@ -148,7 +149,7 @@ void MariadbConnection::start() {
 
 ServerRows MariadbConnection::rows(std::string_view statement) {
   Result result = answer(statement);
-  if (!result) throw automation::invalid_call(concatenated({"mariadb: the statement returns no rows: ", statement}));
+  if (!result) throw refused_statement("mariadb", concatenated({"returns no rows: ", statement}), statement);
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));

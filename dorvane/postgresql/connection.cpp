@@ -13,6 +13,7 @@
 #include "dorvane/postgresql/errors.h"
 #include "dorvane/postgresql/reading.h"
 #include "dorvane/postgresql/result.h"
+#include "dorvane/statement.h"
 
 namespace dorvane::postgresql {
 
@@ -34,7 +35,7 @@ constexpr std::string_view volatile_functions =
 
 void require_no_nul(const std::string& statement) {
   if (statement.find('\0') != std::string::npos)
-    throw automation::invalid_call("postgresql: the statement holds a NUL character");
+    throw refused_statement("postgresql", "holds a NUL character", statement);
 }
 
 std::string tls_mode(const std::string& tls) { return tls == "verify" ? "verify-full" : tls; }
@@ -121,7 +122,7 @@ Result PostgresqlConnection::answer(std::string_view statement) {
 void PostgresqlConnection::require_answer(const PGresult* result, std::string_view statement) {
   const auto status = PQresultStatus(result);
   if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) return;
-  if (status == PGRES_EMPTY_QUERY) throw automation::invalid_call("postgresql: the statement is empty");
+  if (status == PGRES_EMPTY_QUERY) throw refused_statement("postgresql", "is empty", statement);
   if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT) {
     session_ = nullptr;
     throw automation::invalid_call("postgresql: COPY is not for this connection, which is closed now");
@@ -142,7 +143,7 @@ void PostgresqlConnection::keep() {
 
 ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {
   if (PQnfields(result.get()) == 0)
-    throw automation::invalid_call(concatenated({"postgresql: the statement returns no rows: ", statement}));
+    throw refused_statement("postgresql", concatenated({"returns no rows: ", statement}), statement);
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));

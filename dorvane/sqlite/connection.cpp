@@ -129,7 +129,7 @@ Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view stateme
   Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
   if (headers.empty())
-    throw automation::invalid_call("sqlite: the statement returns no rows: " + std::string(statement));
+    throw refused_statement("sqlite", automation::concatenated({"returns no rows: ", statement}), statement);
   spell_names(statement, syntax, headers);
   auto source =
       std::make_unique<Rows>(session_.database(), std::move(prepared),

@@ -77,7 +77,7 @@ Statement Session::prepare(std::string_view statement, Permission permission) {
   if (statement.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
     throw automation::out_of_memory("sqlite: the statement is longer than 2 GiB");
   if (statement.find('\0') != std::string_view::npos)
-    throw automation::invalid_call("sqlite: the statement holds a NUL character");
+    throw refused_statement("sqlite", "holds a NUL character", statement);
   const Permitting permitting(*this, permission);
   sqlite3_stmt* prepared = nullptr;
   const char* tail = nullptr;
@@ -85,7 +85,7 @@ Statement Session::prepare(std::string_view statement, Permission permission) {
       sqlite3_prepare_v2(database_.get(), statement.data(), static_cast<int>(statement.size()), &prepared, &tail);
   Statement result(prepared);
   require_ok(code, database_.get(), statement);
-  if (!result) throw automation::invalid_call("sqlite: the statement is empty");
+  if (!result) throw refused_statement("sqlite", "is empty", statement);
   if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data())), syntax))
     throw automation::invalid_call("sqlite: one statement a call, here are several: " +
                                    std::string(statement.substr(0, shown_statement)));
