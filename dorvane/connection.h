@@ -9,6 +9,7 @@
 #include "automation/ref.h"
 #include "dorvane/url.h"
 #include "records/static_recordset.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 
@@ -38,10 +39,10 @@ class Connection {
 
   /// Creates tables, indexes and wheels that are missing.
   virtual void create_schema() = 0;
-  /// One line for every table, column, index and wheel that is missing.
-  virtual std::vector<std::string> check_schema() = 0;
-  /// One line for everything that the engine itself finds wrong in the archive's file; none where the file is a
-  /// server's to look after.
+  /// The tables, columns, indexes and wheels that are missing.
+  virtual std::vector<vestara::SchemaGap> check_schema() = 0;
+  /// One line for everything that the engine itself finds wrong in the archive's file or its tables; none where it has
+  /// no way to look.
   virtual std::vector<std::string> check_file() { return {}; }
 
   /// False once the engine is out of reach: nothing runs any more.

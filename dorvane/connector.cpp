@@ -9,12 +9,17 @@
 #include "automation/error.h"
 #include "automation/report.h"
 #include "automation/system/file.h"
+#include "automation/text.h"
 #include "dorvane/connection.h"
+#include "dorvane/failure_note.h"
 
 namespace dorvane {
 
+using automation::failure;
+using automation::FailureKind;
 using automation::Ref;
 using automation::RunTimeError;
+using vestara::SchemaGap;
 
 namespace {
 
@@ -23,13 +28,28 @@ constexpr const char* opened_elsewhere =
     "the archive was opened by the process that this one was forked from; open it again here";
 
 RunTimeError changes_are_open() {
-  return {automation::unspecified_failure,
-          "a transaction with changes is open: CommitTrans keeps them, RollbackTrans takes them back"};
+  return failure(FailureKind::database,
+                 "a transaction with changes is open: CommitTrans keeps them, RollbackTrans takes them back");
 }
 
 RunTimeError changes_were_lost() {
-  return {automation::unspecified_failure,
-          "the archive was closed inside a transaction and its changes were taken back; CommitTrans keeps them"};
+  return failure(FailureKind::database,
+                 "the archive was closed inside a transaction and its changes were taken back; CommitTrans keeps them");
+}
+
+std::string sentence_about(const SchemaGap& gap) {
+  using automation::concatenated;
+  switch (gap.kind) {
+    case SchemaGap::Kind::table:
+      return concatenated({"table ", gap.table, " is missing; CreateSchema makes it"});
+    case SchemaGap::Kind::column:
+      return concatenated({"column ", gap.table, ".", gap.name, " is missing"});
+    case SchemaGap::Kind::index:
+      return concatenated({"index ", gap.name, " is missing: answers are right but slow; CreateSchema makes it"});
+    case SchemaGap::Kind::wheel:
+      return concatenated({"wheel ", gap.name, " is missing from ", gap.table, "; CreateSchema adds it"});
+  }
+  return {};
 }
 
 /// The connections of other processes, as long as this one lasts: to destroy one would speak in their name.
@@ -44,7 +64,7 @@ void put_aside(Connection* connection) noexcept {
 
 }  // namespace
 
-DbConnector::DbConnector() : closed_because_(nothing_open), last_error_(std::make_shared<std::string>()) {}
+DbConnector::DbConnector() : closed_because_(nothing_open), last_failure_(std::make_shared<FailureNote>()) {}
 DbConnector::~DbConnector() { close_at("DbConnector.Class_Terminate"); }
 
 void DbConnector::leave_elsewhere() noexcept {
@@ -56,36 +76,38 @@ void DbConnector::leave_elsewhere() noexcept {
 
 Connection& DbConnector::connection() {
   leave_elsewhere();
-  if (!connection_) throw RunTimeError(automation::unspecified_failure, closed_because_);
+  if (!connection_) throw failure(FailureKind::database, closed_because_);
   return *connection_;
 }
 
-/// Runs a call; what it raises is an error of ours, and LastError has it.
+/// The one trap of the connector: runs a call, and notes why it failed. True when it did not.
 template <class Body>
-auto DbConnector::noted(Body&& body) {
+bool DbConnector::trapped(Body&& body) {
   try {
-    return body();
+    body();
+    return true;
   } catch (const RunTimeError& error) {
-    *last_error_ = error.description();
-    throw;
+    last_failure_->note(error);
   } catch (const std::bad_alloc&) {
-    // The standard library has no words for its shortage.
-    *last_error_ = "there is not enough memory";
-    throw RunTimeError(automation::out_of_memory().number(), *last_error_);
+    last_failure_->note_shortage();
   } catch (const std::exception& error) {
-    *last_error_ = error.what();
-    throw RunTimeError(automation::unspecified_failure, error.what());
+    last_failure_->note_unforeseen(error);
   }
+  return false;
 }
 
-/// The one trap of the connector: a failure becomes a result, its reason LastError.
+/// For a call whose result carries the failure.
 template <class Result, class Body>
-Result DbConnector::guarded(Result on_failure, Body&& body) {
-  try {
-    return noted(std::forward<Body>(body));
-  } catch (const RunTimeError&) {
-    return on_failure;
-  }
+Result DbConnector::result_of(Body&& body, Result on_failure) {
+  Result result = std::move(on_failure);
+  trapped([&] { result = body(); });
+  return result;
+}
+
+/// For a call that has no result: the failure is raised, after LastError has it.
+template <class Body>
+void DbConnector::raising(Body&& body) {
+  if (!trapped(body)) throw RunTimeError(*last_failure_->error());
 }
 
 /// True when changes went with the connection, which is then in the error log under `place`.
@@ -103,42 +125,46 @@ bool DbConnector::close_at(const char* place) noexcept {
 }
 
 bool DbConnector::Open(const std::string& url) {
-  const std::string loss = close_at("DbConnector.Open") ? changes_were_lost().description() : "";
-  *last_error_ = loss;
-  const bool is_open = guarded(false, [&] {
+  const bool loses = close_at("DbConnector.Open");
+  last_failure_->clear();
+  if (loses) last_failure_->note(changes_were_lost());
+  const bool is_open = trapped([&] {
     connection_ = open_connection(parse_url(url.empty() ? automation::environment_variable("VESTARA_DB") : url));
     home_ = HomeProcess();
-    return true;
   });
-  if (!is_open && !loss.empty()) last_error_->append("; ").append(loss);
+  if (!is_open && loses)
+    last_failure_->note(last_failure_->error()->continued("; " + changes_were_lost().description()));
   return is_open;
 }
 
 void DbConnector::Close() {
-  if (close_at("DbConnector.Close")) *last_error_ = changes_were_lost().description();
+  if (close_at("DbConnector.Close")) last_failure_->note(changes_were_lost());
 }
 
-std::string DbConnector::LastError() const { return *last_error_; }
+std::string DbConnector::LastError() const { return last_failure_->text(); }
+std::shared_ptr<const RunTimeError> DbConnector::LastFailure() const { return last_failure_->error(); }
 
 bool DbConnector::CreateSchema() {
-  return guarded(false, [&] {
-    connection().create_schema();
-    return true;
-  });
+  return trapped([&] { connection().create_schema(); });
 }
 
 std::string DbConnector::CheckSchema() {
-  return guarded(std::string("the archive cannot be checked"), [&] {
+  const auto sentences = [&] {
     std::string lines;
-    for (const std::string& line : connection().check_schema()) lines.append(lines.empty() ? "" : "\n").append(line);
+    for (const SchemaGap& gap : connection().check_schema())
+      lines.append(lines.empty() ? "" : "\n").append(sentence_about(gap));
     return lines;
-  });
+  };
+  return result_of(sentences, std::string("the archive cannot be checked"));
+}
+
+std::optional<std::vector<SchemaGap>> DbConnector::SchemaGaps() {
+  return result_of([&] { return connection().check_schema(); }, std::optional<std::vector<SchemaGap>>());
 }
 
 std::vector<std::string> DbConnector::CheckFile() {
-  auto findings =
-      guarded(std::optional<std::vector<std::string>>(), [&] { return std::optional(connection().check_file()); });
-  if (!findings) return {"the archive's file cannot be checked: " + *last_error_};
+  auto findings = result_of([&] { return connection().check_file(); }, std::optional<std::vector<std::string>>());
+  if (!findings) return {"the archive's file cannot be checked: " + LastError()};
   return std::move(*findings);
 }
 
@@ -158,39 +184,35 @@ void DbConnector::CloseRecordset(Ref<vestara::RecordSet>& rows) {
 }
 
 bool DbConnector::ExecuteSql(std::string_view statement) {
-  return guarded(false, [&] {
-    connection().execute(statement);
-    return true;
-  });
+  return trapped([&] { connection().execute(statement); });
 }
 
 int32_t DbConnector::GetMaxId(std::string_view table, std::string_view column) {
-  return guarded(0, [&] { return connection().max_id(table, column); });
+  return result_of([&] { return connection().max_id(table, column); }, 0);
 }
 
 Ref<vestara::RecordSet> DbConnector::GetRecordset(std::string_view statement) {
-  return guarded(Ref<vestara::RecordSet>(), [&]() -> Ref<vestara::RecordSet> {
+  const auto started = [&]() -> Ref<vestara::RecordSet> {
     const Ref<records::StaticRecordSet> rows = connection().query(statement);
-    rows->note_failures_in(last_error_);
+    rows->report_failures_to([note = last_failure_](const RunTimeError& error) { note->note(error); });
     return rows;
-  });
+  };
+  return result_of(started, Ref<vestara::RecordSet>());
 }
 
-// These three have no result that could carry a failure: they raise it, after LastError has it.
-
 void DbConnector::BeginTrans() {
-  noted([&] {
+  raising([&] {
     if (connection().has_changes()) throw changes_are_open();
     connection().begin();
   });
 }
 
 void DbConnector::CommitTrans() {
-  noted([&] { connection().commit(); });
+  raising([&] { connection().commit(); });
 }
 
 void DbConnector::RollbackTrans() {
-  noted([&] { connection().rollback(); });
+  raising([&] { connection().rollback(); });
 }
 
 }  // namespace dorvane

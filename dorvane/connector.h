@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,7 @@
 namespace dorvane {
 
 class Connection;
+class FailureNote;
 
 /// The connector that comes with the library: one connection to an archive, chosen by URL.
 ///
@@ -58,7 +60,7 @@ class Connection;
 /// A record set of the embedded database reads on as it is walked: the first hundred rows are there before
 /// OpenRecordset and GetRecordset answer, and a failure among them is False or nothing. A later one is raised by the
 /// move that meets it, and LastError has it then. Record sets of servers are complete when they are handed out.
-class DORVANE_API DbConnector final : public vestara::DbConnector {
+class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
  public:
   DbConnector();
   ~DbConnector() override;
@@ -68,21 +70,23 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
 
   /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
   /// connection that was open is closed first, whatever comes of the new one.
-  bool Open(const std::string& url);
+  bool Open(const std::string& url) override;
   /// Rolls an open transaction back and closes. When changes go with it, LastError and an entry of the error log say
   /// so; the end of the object leaves such an entry too. Record sets that were handed out stay usable.
-  void Close();
+  void Close() override;
   /// Why the last failing call failed, in one line; "" when none failed since Open, and that took nothing back. Never
   /// a password.
-  std::string LastError() const;
+  std::string LastError() const override;
+  std::shared_ptr<const automation::RunTimeError> LastFailure() const override;
   /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
-  bool CreateSchema();
-  /// A line for every table, column, index and wheel that is missing, joined by line feeds; "" for a complete archive.
+  bool CreateSchema() override;
+  /// SchemaGaps in words: a line for each, joined by line feeds; "" for a complete archive.
   std::string CheckSchema();
-  /// A line for everything that the engine itself finds wrong in the archive's file, which is read whole for it: a
-  /// few seconds for a million rows. None for a sound file, and none on servers, whose files are theirs to check. A
-  /// check that fails is a line too.
-  std::vector<std::string> CheckFile();
+  std::optional<std::vector<vestara::SchemaGap>> SchemaGaps() override;
+  /// A line for everything that the engine itself finds wrong in the archive's file, or on MariaDB in its tables, which
+  /// are read whole for it: a few seconds for a million rows. None for a sound archive, and none on PostgreSQL, which
+  /// has no such check. A check that fails is a line too.
+  std::vector<std::string> CheckFile() override;
 
   int32_t ConnectionState() override;
   /// One SELECT, WITH or VALUES. Refuses what writes, waits, takes locks, changes settings or reaches files.
@@ -100,10 +104,12 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
   void RollbackTrans() override;
 
  private:
-  template <class Result, class Body>
-  Result guarded(Result on_failure, Body&& body);
   template <class Body>
-  auto noted(Body&& body);
+  bool trapped(Body&& body);
+  template <class Result, class Body>
+  Result result_of(Body&& body, Result on_failure);
+  template <class Body>
+  void raising(Body&& body);
   /// Raises when no archive is open, or another process opened it.
   Connection& connection();
   /// A connection that belongs to another process counts as closed here.
@@ -113,7 +119,7 @@ class DORVANE_API DbConnector final : public vestara::DbConnector {
   std::unique_ptr<Connection> connection_;
   HomeProcess home_;  ///< of the connection
   const char* closed_because_;
-  std::shared_ptr<std::string> last_error_;  ///< record sets write to it as well
+  std::shared_ptr<FailureNote> last_failure_;  ///< record sets write to it as well
 };
 
 }  // namespace dorvane

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "dorvane/schema.h"
 #include "dorvane/statement_guard.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 
@@ -15,8 +14,9 @@ struct Dialect {
   /// A statement as the engine takes it; the second for reading ones.
   std::string (*translate)(std::string_view statement);
   std::string (*translate_reading)(std::string_view statement);
-  std::span<const Creation> tables;
-  std::span<const Creation> indexes;
+  /// The statements that create a table and an index of the archive.
+  std::string (*table_statement)(const vestara::ArchiveTable& table);
+  std::string (*index_statement)(const vestara::ArchiveIndex& index);
   /// Statements with one column each: "table.column" and the names of indexes, in lower case.
   std::string_view column_facts;
   std::string_view index_facts;

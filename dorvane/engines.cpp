@@ -37,9 +37,8 @@ std::unique_ptr<Connection> open_connection(const Url& url) {
   }
   // What is no word may be anything, also a password.
   const bool is_word = std::all_of(url.scheme.begin(), url.scheme.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-  throw automation::RunTimeError(
-      5, automation::concatenated(
-             {"unknown database", is_word ? " '" + url.scheme + "'" : "", "; a URL reads like one of: ", examples}));
+  throw automation::invalid_call(automation::concatenated(
+      {"unknown database", is_word ? " '" + url.scheme + "'" : "", "; a URL reads like one of: ", examples}));
 }
 
 }  // namespace dorvane

@@ -4,7 +4,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
-#include "dorvane/schema.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 namespace {
@@ -84,9 +84,10 @@ bool take_tuples(Reader& reader) {
 }
 
 bool is_archive_table(const Token& name) {
-  const auto all = tables();
-  return std::any_of(all.begin(), all.end(),
-                     [&](const Table& table) { return automation::equal_ignoring_case(table.name, bare_name(name)); });
+  const auto all = vestara::archive_tables();
+  return std::any_of(all.begin(), all.end(), [&](const vestara::ArchiveTable& table) {
+    return automation::equal_ignoring_case(table.name, bare_name(name));
+  });
 }
 
 /// The table that an INSERT at this place is about, without its schema.
@@ -113,10 +114,10 @@ void require_no_computed_rows(const std::vector<Token>& tokens) {
     if (i > 0 && is(tokens[i - 1], "or")) continue;
     const Token& table = target(tokens, i);
     if (is_archive_table(table))
-      throw automation::RunTimeError(
-          5, automation::concatenated({"rows of ", table.text,
-                                       " are inserted as INSERT INTO table(columns) VALUES(…), numbers, texts and NULL"
-                                       " only; no expressions, comments or further clauses"}));
+      throw automation::invalid_call(
+          automation::concatenated({"rows of ", table.text,
+                                    " are inserted as INSERT INTO table(columns) VALUES(…), numbers, texts and NULL"
+                                    " only; no expressions, comments or further clauses"}));
   }
 }
 

@@ -1,50 +1,65 @@
 #include "dorvane/schema.h"
 
-#include <array>
-
 #include "automation/text.h"
 
 namespace dorvane {
+
+using automation::concatenated;
+using vestara::ArchiveIndex;
+using vestara::ArchiveTable;
+using vestara::SchemaGap;
+using vestara::TableColumn;
+
 namespace {
-
-constexpr std::array<std::string_view, 9> draw_columns{"id",    "dtEstr", "ruota", "estr1",         "estr2",
-                                                       "estr3", "estr4",  "estr5", "concorsoNumero"};
-constexpr std::array<std::string_view, 8> search_columns{"idRicerca", "descRicerca", "numeri", "combinazione",
-                                                         "ruote",     "dtSave",      "dtDa",   "dtA"};
-constexpr std::array<std::string_view, 9> system_columns{"idSis",    "titolo",   "descrizione", "numeri", "qtaNumeri",
-                                                         "nGiocate", "kColonne", "garanzia",    "sisTipo"};
-constexpr std::array<std::string_view, 3> detail_columns{"id", "idSis", "combinazione"};
-constexpr std::array<std::string_view, 3> wheel_columns{"enumeratore", "enumeratoreBit", "ruotaAlias"};
-
-constexpr std::array<Table, 5> archive{{{"storico", draw_columns},
-                                        {"tRicerche", search_columns},
-                                        {"tSistemi", system_columns},
-                                        {"tSistemaDetail", detail_columns},
-                                        {"ruote", wheel_columns}}};
-
-constexpr std::array<std::string_view, 11> wheels{"BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE", "RN"};
 
 std::string lower(std::string_view name) { return automation::lower_case(name); }
 
-void add_missing_of(const Table& table, const SchemaFacts& facts, std::vector<std::string>& missing) {
+void add_missing_of(const ArchiveTable& table, const SchemaFacts& facts, std::vector<SchemaGap>& missing) {
   if (!facts.has_table(table.name)) {
-    missing.push_back(automation::concatenated({"table ", table.name, " is missing; CreateSchema makes it"}));
+    missing.push_back({SchemaGap::Kind::table, table.name, table.name});
     return;
   }
-  for (const std::string_view column : table.columns)
-    if (!facts.columns.contains(lower(table.name) + "." + lower(column)))
-      missing.push_back(automation::concatenated({"column ", table.name, ".", column, " is missing"}));
+  for (const TableColumn& column : table.columns)
+    if (!facts.columns.contains(lower(table.name) + "." + lower(column.name)))
+      missing.push_back({SchemaGap::Kind::column, table.name, column.name});
 }
 
 }  // namespace
 
-std::span<const Table> tables() { return archive; }
-
 std::string_view column_spelling(std::string_view name) {
-  for (const Table& table : archive)
-    for (const std::string_view column : table.columns)
-      if (automation::equal_ignoring_case(column, name)) return column;
+  for (const ArchiveTable& table : vestara::archive_tables())
+    for (const TableColumn& column : table.columns)
+      if (automation::equal_ignoring_case(column.name, name)) return column.name;
   return {};
+}
+
+std::string column_definitions(const ArchiveTable& table, ColumnType type_of) {
+  std::string list;
+  for (const TableColumn& column : table.columns)
+    list.append(list.empty() ? "" : ", ").append(column.name).append(" ").append(type_of(table, column));
+  return list;
+}
+
+std::string index_creation(const ArchiveIndex& index, std::string_view table) {
+  std::string columns;
+  for (const vestara::SortedColumn& column : index.sorted)
+    columns.append(columns.empty() ? "" : ",")
+        .append(column.name)
+        .append(column.order == vestara::SortOrder::descending ? " DESC" : "");
+  for (const std::string_view column : index.covered)
+    if (column != index.table->key()) columns.append(",").append(column);
+  return concatenated({"CREATE INDEX IF NOT EXISTS ", index.name, " ON ", table, "(", columns, ")"});
+}
+
+std::string wheels_statement() {
+  std::string wheels;
+  for (size_t i = 0; i < vestara::wheel_aliases.size(); ++i)
+    wheels += concatenated({i == 0 ? "SELECT " : " UNION ALL SELECT ", std::to_string(i + 1), ",",
+                            std::to_string(1U << i), ",'", vestara::wheel_aliases[i], "'"});
+  return concatenated(
+      {"INSERT INTO ruote(enumeratore,enumeratoreBit,ruotaAlias) WITH wheel(i,bit,alias) AS (", wheels,
+       ") SELECT i,bit,alias FROM wheel WHERE i NOT IN (SELECT enumeratore FROM ruote) AND alias NOT IN (SELECT"
+       " ruotaAlias FROM ruote) ORDER BY i"});
 }
 
 bool SchemaFacts::has_table(std::string_view table) const {
@@ -55,28 +70,16 @@ bool SchemaFacts::has_table(std::string_view table) const {
 
 bool SchemaFacts::has_index(std::string_view index) const { return indexes.contains(lower(index)); }
 
-std::vector<std::string> missing_from(const SchemaFacts& facts, std::span<const Creation> indexes) {
-  std::vector<std::string> missing;
-  for (const Table& table : archive) add_missing_of(table, facts, missing);
-  for (const Creation& index : indexes)
-    if (!facts.has_index(index.name))
-      missing.push_back(automation::concatenated({"index ", index.name,
-                                                  " is missing: answers are right but slow; "
-                                                  "CreateSchema makes it"}));
-  if (!facts.has_table("ruote")) return missing;
-  for (const std::string_view wheel : wheels)
-    if (!facts.wheels.contains(wheel))
-      missing.push_back(automation::concatenated({"wheel ", wheel, " is missing from ruote; CreateSchema adds it"}));
+std::vector<SchemaGap> missing_from(const SchemaFacts& facts) {
+  std::vector<SchemaGap> missing;
+  for (const ArchiveTable& table : vestara::archive_tables()) add_missing_of(table, facts, missing);
+  for (const ArchiveIndex& index : vestara::archive_indexes())
+    if (!facts.has_index(index.name)) missing.push_back({SchemaGap::Kind::index, index.table->name, index.name});
+  const std::string_view wheel_table = vestara::wheel_table.name;
+  if (!facts.has_table(wheel_table)) return missing;
+  for (const std::string_view wheel : vestara::wheel_aliases)
+    if (!facts.wheels.contains(wheel)) missing.push_back({SchemaGap::Kind::wheel, wheel_table, wheel});
   return missing;
-}
-
-std::string_view wheels_statement() {
-  return "INSERT INTO ruote(enumeratore,enumeratoreBit,ruotaAlias) WITH wheel(i,bit,alias) AS (SELECT 1,1,'BA'"
-         " UNION ALL SELECT 2,2,'CA' UNION ALL SELECT 3,4,'FI' UNION ALL SELECT 4,8,'GE' UNION ALL SELECT 5,16,'MI'"
-         " UNION ALL SELECT 6,32,'NA' UNION ALL SELECT 7,64,'PA' UNION ALL SELECT 8,128,'RM' UNION ALL SELECT "
-         "9,256,'TO'"
-         " UNION ALL SELECT 10,512,'VE' UNION ALL SELECT 11,1024,'RN') SELECT i,bit,alias FROM wheel"
-         " WHERE i NOT IN (SELECT enumeratore FROM ruote) AND alias NOT IN (SELECT ruotaAlias FROM ruote) ORDER BY i";
 }
 
 }  // namespace dorvane

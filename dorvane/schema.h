@@ -1,29 +1,31 @@
 #pragma once
 
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// The archive's tables as every engine has them: what must be there, and what a given archive lacks of it.
+#include "vestara/foundation/schema.h"
+
+// The statements that make an archive, as far as engines have them in common, and what a given archive lacks.
 
 namespace dorvane {
-
-struct Table {
-  std::string_view name;
-  std::span<const std::string_view> columns;
-};
-std::span<const Table> tables();
 
 /// How the tables spell a column, whatever the case it is asked in; "" for no column of theirs.
 std::string_view column_spelling(std::string_view name);
 
-/// The statement that creates something, and its name.
-struct Creation {
-  std::string_view name;
-  std::string_view statement;
-};
+/// An engine's type for a column, with what holds for the column alone.
+using ColumnType = std::string (*)(const vestara::ArchiveTable& table, const vestara::TableColumn& column);
+
+/// "id INTEGER PRIMARY KEY, dtEstr DATE_TEXT, …": every column of a table behind its name.
+std::string column_definitions(const vestara::ArchiveTable& table, ColumnType type_of);
+
+/// Creates an index where it is missing, on an engine whose indexes hold the row's key anyway. `table` is the engine's
+/// name for the table.
+std::string index_creation(const vestara::ArchiveIndex& index, std::string_view table);
+
+/// Adds the wheels whose enumerator and alias are both missing.
+std::string wheels_statement();
 
 /// What an archive has, names in lower case.
 struct SchemaFacts {
@@ -35,10 +37,7 @@ struct SchemaFacts {
   bool has_index(std::string_view index) const;
 };
 
-/// One line for everything that is missing; none when the archive is complete.
-std::vector<std::string> missing_from(const SchemaFacts& facts, std::span<const Creation> indexes);
-
-/// Adds the wheels whose enumerator and alias are both missing.
-std::string_view wheels_statement();
+/// Everything that is missing, tables first; none when the archive is complete.
+std::vector<vestara::SchemaGap> missing_from(const SchemaFacts& facts);
 
 }  // namespace dorvane

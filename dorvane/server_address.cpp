@@ -1,6 +1,8 @@
 #include "dorvane/server_address.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 
 #include "automation/error.h"
 #include "automation/text.h"
@@ -11,7 +13,8 @@ namespace {
 constexpr std::string_view form = "//user:password@host:port/database";
 
 automation::RunTimeError not_an_address(const Url& url, std::string_view reason) {
-  return {5, automation::concatenated({"bad database URL: ", reason, "; it reads ", url.scheme, ":", form})};
+  return automation::invalid_call(
+      automation::concatenated({"bad database URL: ", reason, "; it reads ", url.scheme, ":", form}));
 }
 
 /// The piece before `mark`, which goes too; "" when there is none.
@@ -28,23 +31,30 @@ size_t port_mark(std::string_view host) {
   return host.find(':', bracket == std::string_view::npos ? 0 : bracket);
 }
 
+/// "" is the engine's usual port.
+bool is_port(std::string_view text) {
+  uint16_t port = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+  return text.empty() || (error == std::errc() && end == text.data() + text.size());
+}
+
 std::string one_of(const Url& url, std::string_view option, std::string_view otherwise,
                    std::initializer_list<std::string_view> known) {
   const std::string_view value = url.option(option, otherwise);
   if (std::find(known.begin(), known.end(), value) != known.end()) return std::string(value);
   std::string names;
   for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
-  throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": ", option, " is one of ", names}));
+  throw automation::invalid_call(automation::concatenated({url.scheme, ": ", option, " is one of ", names}));
 }
 
 /// Raises for what is asked of the encryption and could not be done: nobody shall believe in what is not there.
 void require_honourable_tls(const Url& url, const ServerSettings& settings) {
   if (settings.must_encrypt() && !settings.socket.empty())
-    throw automation::RunTimeError(5, automation::concatenated({url.scheme, ": tls=", settings.tls,
-                                                                " needs a host: what goes over a socket of this "
-                                                                "machine is not encrypted"}));
+    throw automation::invalid_call(automation::concatenated({url.scheme, ": tls=", settings.tls,
+                                                             " needs a host: what goes over a socket of this "
+                                                             "machine is not encrypted"}));
   if (!settings.tls_ca.empty() && settings.tls != "verify")
-    throw automation::RunTimeError(5, url.scheme + ": tls_ca names whom tls=verify trusts; without that nobody asks");
+    throw automation::invalid_call(url.scheme + ": tls_ca names whom tls=verify trusts; without that nobody asks");
 }
 
 }  // namespace
@@ -69,9 +79,7 @@ ServerAddress server_address(const Url& url) {
     address.port = host.substr(mark + 1);
     host = host.substr(0, mark);
   }
-  const bool number =
-      std::all_of(address.port.begin(), address.port.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!number || address.port.size() > 5) throw not_an_address(url, "the port is no number");
+  if (!is_port(address.port)) throw not_an_address(url, "the port is no number up to 65535");
   if (host.starts_with('[') && host.ends_with(']')) host = host.substr(1, host.size() - 2);
   address.host = percent_decoded(host);
   return address;
@@ -88,7 +96,7 @@ ServerSettings server_settings(const Url& url) {
   settings.tls = one_of(url, "tls", "prefer", {"disable", "prefer", "require", "verify"});
   settings.tls_ca = url.option("tls_ca", "");
   if (!settings.socket.empty() && !settings.address.host.empty())
-    throw automation::RunTimeError(5, url.scheme + ": a host or a socket, not both");
+    throw automation::invalid_call(url.scheme + ": a host or a socket, not both");
   require_honourable_tls(url, settings);
   return settings;
 }

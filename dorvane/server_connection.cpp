@@ -1,5 +1,7 @@
 #include "dorvane/server_connection.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "automation/error.h"
@@ -23,11 +25,13 @@ constexpr std::string_view write_lock = "SELECT enumeratore FROM ruote WHERE enu
 void ServerConnection::require_usable() const {
   transaction_.require_not_lost();
   if (!is_alive())
-    throw RunTimeError(automation::unspecified_failure, "the connection to the server is lost; open the archive again");
+    throw automation::failure(automation::FailureKind::database,
+                              "the connection to the server is lost; open the archive again");
 }
 
 void ServerConnection::require_writable() const {
-  if (access_ == Access::read_only) throw RunTimeError(70, "the archive was opened to be read only (mode=ro)");
+  if (access_ == Access::read_only)
+    throw automation::permission_denied("the archive was opened to be read only (mode=ro)");
 }
 
 template <class Body>
@@ -83,7 +87,8 @@ void ServerConnection::execute(std::string_view statement) {
   guard_.require_change(statement);
   const bool changes = changes_tables(statement, syntax());
   if (transaction_.is_open() && changes && !tables_are_transactional())
-    throw RunTimeError(5, "tables cannot be changed inside a transaction: this engine would keep what was done so far");
+    throw automation::invalid_call(
+        "tables cannot be changed inside a transaction: this engine would keep what was done so far");
   if (changes && transaction_.is_none()) return define(dialect_.translate(statement));
   const bool empties = empties_the_archive(statement, syntax());
   int64_t rows = 0;
@@ -198,21 +203,35 @@ SchemaFacts ServerConnection::schema_facts() {
   return facts;
 }
 
-std::vector<std::string> ServerConnection::check_schema() {
+std::vector<vestara::SchemaGap> ServerConnection::check_schema() {
   require_usable();
-  return noticing_loss([&] { return missing_from(schema_facts(), dialect_.indexes); });
+  return noticing_loss([&] { return missing_from(schema_facts()); });
 }
 
-void ServerConnection::create_missing(std::span<const Creation> creations,
-                                      bool (SchemaFacts::*has)(std::string_view) const) {
+std::vector<std::string> ServerConnection::check_file() {
+  require_usable();
+  if (transaction_.is_open() && !tables_are_transactional())
+    throw automation::invalid_call(
+        "tables cannot be checked inside a transaction: this engine would keep what was done so far");
+  std::vector<std::string> findings;
+  const SchemaFacts facts = noticing_loss([&] { return schema_facts(); });
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
+    if (facts.has_table(table.name)) std::ranges::move(damage_of(table.name), std::back_inserter(findings));
+  return findings;
+}
+
+void ServerConnection::create_missing() {
   const SchemaFacts facts = schema_facts();
-  for (const Creation& creation : creations) {
-    if ((facts.*has)(creation.name)) continue;
+  const auto create = [&](const std::string& statement) {
     if (transaction_.is_open())
-      run(creation.statement);
+      run(statement);
     else
-      define(creation.statement);
-  }
+      define(statement);
+  };
+  for (const vestara::ArchiveTable& table : vestara::archive_tables())
+    if (!facts.has_table(table.name)) create(dialect_.table_statement(table));
+  for (const vestara::ArchiveIndex& index : vestara::archive_indexes())
+    if (!facts.has_index(index.name)) create(dialect_.index_statement(index));
 }
 
 std::string ServerConnection::wheels_insertion() const { return dialect_.translate(wheels_statement()); }
@@ -223,8 +242,7 @@ void ServerConnection::repair_keys() {
 
 void ServerConnection::make_schema() {
   take_schema_lock();
-  create_missing(dialect_.tables, &SchemaFacts::has_table);
-  create_missing(dialect_.indexes, &SchemaFacts::has_index);
+  create_missing();
   atomically([&] { run(wheels_insertion()); });
   repair_keys();
 }
@@ -233,7 +251,8 @@ void ServerConnection::create_schema() {
   require_usable();
   const bool outermost = transaction_.is_none();
   if (!outermost && !tables_are_transactional())
-    throw RunTimeError(5, "tables cannot be made inside a transaction: this engine would keep what was done so far");
+    throw automation::invalid_call(
+        "tables cannot be made inside a transaction: this engine would keep what was done so far");
   require_writable();
   // A complete archive is looked at only: readers may call this as well.
   if (check_schema().empty()) return repair_keys();

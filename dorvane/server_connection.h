@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +36,8 @@ class ServerConnection : public Connection {
   void rollback() final;
   bool has_changes() const final { return transaction_.has_changes(); }
   void create_schema() final;
-  std::vector<std::string> check_schema() final;
+  std::vector<vestara::SchemaGap> check_schema() final;
+  std::vector<std::string> check_file() final;
 
  protected:
   enum class Access : uint8_t { read_write, read_only };
@@ -84,6 +84,9 @@ class ServerConnection : public Connection {
   /// Called once a change that deleted all draws is committed, outside every transaction. A failure is ignored: the
   /// change is kept already. PostgreSQL cleans the table; MariaDB sets the next key behind the largest.
   virtual void after_emptied_was_kept() {}
+  /// Called by `check_file` for each table of the archive that is there, outside every transaction where tables are not
+  /// transactional: a line for everything that is wrong in it. MariaDB has its tables checked.
+  virtual std::vector<std::string> damage_of(std::string_view) { return {}; }
   /// Called by `create_schema`: the statements that put the next keys behind rows whose keys another program chose.
   virtual std::vector<std::string> key_repairs() { return {}; }
 
@@ -106,7 +109,8 @@ class ServerConnection : public Connection {
   template <class Body>
   void atomically(Body&& body);
   void take_write_lock();
-  void create_missing(std::span<const Creation> creations, bool (SchemaFacts::*has)(std::string_view) const);
+  /// Creates the tables and indexes that are missing.
+  void create_missing();
   SchemaFacts schema_facts();
   void quietly_roll_back() noexcept;
   void finish_emptied() noexcept;

@@ -24,6 +24,9 @@ TEST(ServerError, SaysWhatToDo) {
   for (const auto& row : rows) {
     const ServerError error(row.refusal, "engine", "why", "SELECT 1");
     EXPECT_EQ(error.refusal(), row.refusal);
+    EXPECT_EQ(error.kind(), automation::FailureKind::database);
+    EXPECT_EQ(error.context()->engine, "engine");
+    EXPECT_EQ(error.context()->statement, "SELECT 1");
     EXPECT_EQ(error.number(), row.number) << row.advice;
     EXPECT_EQ(error.description().rfind(row.advice, 0), 0U) << error.description();
     EXPECT_TRUE(error.description().ends_with("; in: SELECT 1")) << error.description();

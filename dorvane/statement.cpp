@@ -6,6 +6,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 namespace {
@@ -67,10 +68,21 @@ std::string rewrite_like(std::string_view statement, const Syntax& syntax, std::
   return result;
 }
 
+std::string in_statement(std::string_view statement) {
+  if (statement.empty()) return {};
+  const std::string_view rest = statement.size() > shown_statement ? "…" : "";
+  return automation::concatenated({"; in: ", statement.substr(0, shown_statement), rest});
+}
+
+automation::RunTimeError refused_statement(std::string_view engine, std::string_view why, std::string_view statement) {
+  return automation::invalid_call(automation::concatenated({engine, ": the statement ", why}))
+      .with_context({std::string(engine), std::string(statement), automation::Refusal::statement});
+}
+
 std::string largest_value(std::string_view table, std::string_view column) {
   if (!is_identifier(table) || !is_identifier(column))
-    throw automation::RunTimeError(
-        5, automation::concatenated({"not a table and a column: '", table, "', '", column, "'"}));
+    throw automation::invalid_call(
+        automation::concatenated({"not a table and a column: '", table, "', '", column, "'"}));
   return automation::concatenated({"SELECT max(", column, ") FROM ", table});
 }
 
@@ -79,7 +91,7 @@ bool empties_the_archive(std::string_view statement, const Syntax& syntax) {
   if (statement.size() > longest) return false;
   std::vector<Token> tokens = tokens_of(statement, syntax);
   if (!tokens.empty() && tokens.back().text == ";") tokens.pop_back();
-  constexpr std::array<std::string_view, 3> words{"delete", "from", "storico"};
+  constexpr std::array<std::string_view, 3> words{"delete", "from", vestara::draw_table.name};
   return std::equal(tokens.begin(), tokens.end(), words.begin(), words.end(), is);
 }
 

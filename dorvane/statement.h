@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "automation/error.h"
 #include "dorvane/tokens.h"
 
 namespace dorvane {
@@ -17,6 +18,14 @@ bool changes_tables(std::string_view statement, const Syntax& syntax);
 /// `behind` put after a pattern that is one literal without an ESCAPE of its own.
 std::string rewrite_like(std::string_view statement, const Syntax& syntax, std::string_view like,
                          std::string_view behind);
+
+/// So much of a statement is shown in a message.
+inline constexpr size_t shown_statement = 160;
+/// "; in: SELECT …": the beginning of a statement, as it stands behind a reason; "" for an empty one.
+std::string in_statement(std::string_view statement);
+
+/// Error 5 of an engine that cannot take a statement: "sqlite: the statement is empty". `why` reads as in "is empty".
+automation::RunTimeError refused_statement(std::string_view engine, std::string_view why, std::string_view statement);
 
 /// The statement that asks for the largest value of a column. Raises RunTimeError 5 when the two are not plain names.
 std::string largest_value(std::string_view table, std::string_view column);

@@ -30,15 +30,15 @@ bool contains(std::span<const std::string_view> words, std::string_view word) {
 }
 
 RunTimeError not_allowed(std::string_view statement) {
-  constexpr size_t shown = 160;
-  return {5, automation::concatenated({"not authorized; readers run one SELECT, changes one INSERT, UPDATE or DELETE, "
-                                       "or CREATE, ALTER or DROP of a table, index, view or trigger; transactions have "
-                                       "calls of their own; in: ",
-                                       statement.substr(0, shown)})};
+  return automation::invalid_call(
+      automation::concatenated({"not authorized; readers run one SELECT, changes one INSERT, UPDATE or DELETE, "
+                                "or CREATE, ALTER or DROP of a table, index, view or trigger; transactions have "
+                                "calls of their own; in: ",
+                                statement.substr(0, shown_statement)}));
 }
 
 RunTimeError refused(std::string_view what, std::string_view why) {
-  return {5, automation::concatenated({"not authorized: ", what, why})};
+  return automation::invalid_call(automation::concatenated({"not authorized: ", what, why}));
 }
 
 /// Two words that together count a sequence on, or put a table's file elsewhere.
@@ -83,7 +83,8 @@ bool StatementGuard::does_harm(const Tokens& tokens, size_t place) const {
 }
 
 void StatementGuard::require_harmless(std::string_view statement, const Tokens& tokens) const {
-  if (statement.find('\0') != std::string_view::npos) throw RunTimeError(5, "the statement holds a NUL character");
+  if (statement.find('\0') != std::string_view::npos)
+    throw automation::invalid_call("the statement holds a NUL character");
   for (size_t i = 0; i < tokens.size(); ++i) {
     if (tokens[i].kind == TokenKind::unusual)
       throw refused(tokens[i].text.substr(0, 20), " is not taken; texts are written '…', a mark inside doubled");

@@ -44,6 +44,22 @@ TEST(Statement, LikeIsRewrittenWithItsPattern) {
     EXPECT_EQ(rewrite_like(row.given, syntax, "ILIKE", " C"), row.expected) << row.given;
 }
 
+TEST(Statement, IsShownByItsBeginning) {
+  EXPECT_EQ(in_statement(""), "");
+  EXPECT_EQ(in_statement("SELECT 1"), "; in: SELECT 1");
+  EXPECT_EQ(in_statement(std::string(160, 'x')), "; in: " + std::string(160, 'x'));
+  EXPECT_EQ(in_statement(std::string(161, 'x')), "; in: " + std::string(160, 'x') + "…");
+}
+
+TEST(Statement, ARefusedOneIsNamedWithItsEngine) {
+  const automation::RunTimeError error = refused_statement("sqlite", "is empty", " ");
+  EXPECT_EQ(error.number(), 5);
+  EXPECT_EQ(error.description(), "sqlite: the statement is empty");
+  EXPECT_EQ(error.context()->engine, "sqlite");
+  EXPECT_EQ(error.context()->statement, " ");
+  EXPECT_EQ(error.context()->refusal, automation::Refusal::statement);
+}
+
 TEST(Statement, TheLargestValueIsAskedOfPlainNamesOnly) {
   EXPECT_EQ(largest_value("tRicerche", "idRicerca"), "SELECT max(idRicerca) FROM tRicerche");
   for (const auto& [table, column] :

@@ -6,10 +6,17 @@
 #include <vector>
 
 #include "automation/text.h"
+#include "vestara/foundation/schema.h"
 
 namespace dorvane {
 namespace {
 
+using vestara::draw_table;
+using vestara::search_table;
+using vestara::known_column::draw_contest;
+using vestara::known_column::draw_day;
+using vestara::known_column::draw_wheel;
+using vestara::known_column::search_saved;
 using Tokens = std::vector<Token>;
 using Part = std::span<const Token>;
 constexpr size_t nowhere = static_cast<size_t>(-1);
@@ -42,6 +49,8 @@ std::string qualifier_before(Part tokens, size_t column) {
   const bool qualified = column >= 2 && tokens[column - 1].text == ".";
   return qualified ? std::string(tokens[column - 2].text) + "." : std::string();
 }
+
+std::string in_full(const std::string& qualifier, std::string_view column) { return qualifier + std::string(column); }
 
 /// A SELECT cut at its outermost words.
 struct Query {
@@ -128,27 +137,27 @@ bool means_first_table(Part from, const std::string& qualifier) {
 std::string of_date(const Query& query, const Order& by) {
   if (renames(query.selected, by.column)) return {};
   if (!query.selected.empty() && is(query.selected.front(), "distinct")) {
-    const size_t contest = find_word(query.selected, "concorsoNumero");
-    if (contest == nowhere || renames(query.selected, "concorsoNumero")) return {};
-    return qualifier_before(query.selected, contest) + "concorsoNumero";
+    const size_t contest = find_word(query.selected, draw_contest);
+    if (contest == nowhere || renames(query.selected, draw_contest)) return {};
+    return in_full(qualifier_before(query.selected, contest), draw_contest);
   }
-  if (is(query.from.front(), "storico") && query.groups.empty()) {
-    const bool one_key = means_first_table(query.from, by.qualifier) && !renames(query.selected, "id");
-    return one_key ? by.qualifier + "id" : std::string();
+  if (is(query.from.front(), draw_table.name) && query.groups.empty()) {
+    const bool one_key = means_first_table(query.from, by.qualifier) && !renames(query.selected, draw_table.key());
+    return one_key ? in_full(by.qualifier, draw_table.key()) : std::string();
   }
-  const size_t wheel = find_word(query.selected, "ruota");
-  return wheel == nowhere ? std::string() : qualifier_before(query.selected, wheel) + "ruota";
+  const size_t wheel = find_word(query.selected, draw_wheel);
+  return wheel == nowhere ? std::string() : in_full(qualifier_before(query.selected, wheel), draw_wheel);
 }
 
 std::string term_of(const Query& query, const Order& by) {
   const auto ordered_by = [&](std::string_view column) { return automation::equal_ignoring_case(by.column, column); };
   const bool distinct = !query.selected.empty() && is(query.selected.front(), "distinct");
   if (ordered_by("count")) return distinct ? std::string() : grouped_columns(query.groups);
-  if (ordered_by("dtEstr")) return of_date(query, by);
+  if (ordered_by(draw_day)) return of_date(query, by);
   const bool searches =
-      ordered_by("dtSave") && is(query.from.front(), "tRicerche") && query.groups.empty() && !distinct;
+      ordered_by(search_saved) && is(query.from.front(), search_table.name) && query.groups.empty() && !distinct;
   const bool one_key = searches && means_first_table(query.from, by.qualifier) && !renames(query.selected, by.column);
-  return one_key ? by.qualifier + "idRicerca" : std::string();
+  return one_key ? in_full(by.qualifier, search_table.key()) : std::string();
 }
 
 }  // namespace

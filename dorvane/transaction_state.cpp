@@ -2,16 +2,16 @@
 
 namespace dorvane {
 
-using automation::RunTimeError;
-using automation::unspecified_failure;
+using automation::failure;
+using automation::FailureKind;
 
 void TransactionState::require_not_lost() const {
   if (at_ == At::lost)
-    throw RunTimeError(unspecified_failure, "the transaction is lost (" + reason_ + "); roll back or begin again");
+    throw failure(FailureKind::database, "the transaction is lost (" + reason_ + "); roll back or begin again");
 }
 
 void TransactionState::require_begun() const {
-  if (at_ == At::none) throw RunTimeError(unspecified_failure, "there is no transaction to commit");
+  if (at_ == At::none) throw failure(FailureKind::database, "there is no transaction to commit");
 }
 
 }  // namespace dorvane

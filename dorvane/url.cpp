@@ -12,7 +12,7 @@ namespace {
 
 /// Never a word of the URL itself: in a malformed one a password may stand anywhere.
 automation::RunTimeError bad_url(std::string_view reason) {
-  return {5, automation::concatenated({"bad database URL: ", reason})};
+  return automation::invalid_call(automation::concatenated({"bad database URL: ", reason}));
 }
 
 bool is_server(std::string_view scheme) { return scheme == "postgresql" || scheme == "mariadb"; }
@@ -140,8 +140,7 @@ int milliseconds(const Url& url, std::string_view option, std::string_view other
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc{} || end != text.data() + text.size() || value < 0)
-    throw automation::RunTimeError(
-        5,
+    throw automation::invalid_call(
         automation::concatenated({url.scheme, ": ", option, " is a number of milliseconds, as in ", option, "=5000"}));
   return value;
 }

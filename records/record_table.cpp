@@ -6,9 +6,8 @@ namespace records {
 
 void RecordTable::add(std::string name, ColumnStore values) {
   if (!columns_.empty() && columns_.front().size() != values.size())
-    throw automation::RunTimeError(5, "column '" + name + "' has " + std::to_string(values.size()) +
-                                          " rows; the columns before it have " +
-                                          std::to_string(columns_.front().size()));
+    throw automation::invalid_call("column '" + name + "' has " + std::to_string(values.size()) +
+                                   " rows; the columns before it have " + std::to_string(columns_.front().size()));
   headers_.push_back({std::move(name)});
   columns_.push_back(std::move(values));
 }

@@ -24,6 +24,7 @@ StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_
     : headers_(std::move(headers)), source_(std::move(source)) {
   columns_.reserve(headers_.size());
   for (const ColumnHeader& header : headers_) columns_.emplace_back(header.reading);
+  if (source_) source_->taken_by(*this);
 }
 
 StaticRecordSet::StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns)
@@ -56,7 +57,7 @@ bool StaticRecordSet::fetch_to(int64_t row) {
 }
 
 void StaticRecordSet::fail() const {
-  if (note_) *note_ = failure_->description();
+  if (on_failure_) on_failure_(*failure_);
   throw *failure_;
 }
 
@@ -67,7 +68,7 @@ void StaticRecordSet::complete() noexcept { fill_to(every_row); }
 void StaticRecordSet::prefetch(size_t rows) { reach(static_cast<int64_t>(rows)); }
 
 void StaticRecordSet::require_open() const {
-  if (!open_) throw automation::RunTimeError(3704);
+  if (!open_) throw automation::object_is_closed();
 }
 
 bool StaticRecordSet::at_end() {

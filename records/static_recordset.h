@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +17,8 @@
 
 namespace records {
 
+class StaticRecordSet;
+
 /// Where the rows of a record set come from. Raises the engine's error when a row cannot be had.
 class AUTOMATION_API RowSource {
  public:
@@ -25,6 +28,9 @@ class AUTOMATION_API RowSource {
   virtual ~RowSource() = default;
   /// Appends one value to every column; False behind the last row.
   virtual bool fetch(std::vector<ColumnStore>& columns) = 0;
+  /// Called once, by the set that takes the source over, before its first row; the set lets the source go before its
+  /// own end. Does nothing where it is not overridden. A connection learns here which sets still read from it.
+  virtual void taken_by(StaticRecordSet&) {}
 };
 
 /// A column as the statement names it.
@@ -51,8 +57,9 @@ class AUTOMATION_API StaticRecordSet final : public RecordSet {
   void complete() noexcept;
   /// Fetches up to `rows` rows ahead, so that a small set frees its statement at once.
   void prefetch(size_t rows);
-  /// From now on what the set raises for a row that cannot be had is left there too.
-  void note_failures_in(std::shared_ptr<std::string> note) { note_ = std::move(note); }
+  /// Called with the error that the set is about to raise for a row that cannot be had.
+  using OnFailure = std::function<void(const automation::RunTimeError& error)>;
+  void report_failures_to(OnFailure on_failure) { on_failure_ = std::move(on_failure); }
 
   bool at_end() override;
   bool at_start() override;
@@ -99,7 +106,7 @@ class AUTOMATION_API StaticRecordSet final : public RecordSet {
   std::vector<ColumnStore> columns_;
   std::unique_ptr<RowSource> source_;  ///< empty when there is nothing left to fetch
   std::optional<automation::RunTimeError> failure_;
-  std::shared_ptr<std::string> note_;
+  OnFailure on_failure_;
   int64_t rows_ = 0;
   int64_t position_ = 0;  ///< -1 before the first row, rows_ behind the last
   bool open_ = true;

@@ -143,15 +143,15 @@ TEST(StaticRecordSet, NoMemoryForARowIsTheFailureOfThatRow) {
   }
 }
 
-TEST(StaticRecordSet, AFailureIsNotedWhenItIsRaised) {
+TEST(StaticRecordSet, AFailureIsReportedWhenItIsRaised) {
   int fetched = 0;
   const auto rows = counting(10, fetched, 4);
-  const auto note = std::make_shared<std::string>();
-  rows->note_failures_in(note);
+  std::vector<int32_t> reported;
+  rows->report_failures_to([&](const RunTimeError& error) { reported.push_back(error.number()); });
   rows->complete();
-  EXPECT_EQ(*note, "");
+  EXPECT_EQ(reported, std::vector<int32_t>());
   EXPECT_EQ(error_of([&] { rows->move_last(); }), 61);
-  EXPECT_EQ(*note, RunTimeError(61).description());
+  EXPECT_EQ(reported, std::vector<int32_t>{61});
 }
 
 TEST(StaticRecordSet, RaisesAFailureWhereTheRowIsMissing) {

@@ -26,7 +26,7 @@ set(layers
     "vestara/systems|automation/ records/ vestara/foundation/ vestara/systems/"
     "vestara/frequency|automation/ records/ vestara/foundation/ vestara/frequency/"
     "vestara/server|automation/ records/ vestara/"
-    "dorvane|automation/ records/ dorvane/ vestara/foundation/connector.h"
+    "dorvane|automation/ records/ dorvane/ vestara/foundation/connector.h vestara/foundation/schema.h"
     "hosts|automation/ records/ vestara/ dorvane/ hosts/")
 # The component library and the component model stand on the standard library alone, but for packed files.
 set(standard_only "^(automation|records|vestara)/")

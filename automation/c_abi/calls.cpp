@@ -9,6 +9,7 @@
 #include "automation/event_source.h"
 #include "automation/member.h"
 #include "automation/registry.h"
+#include "automation/text.h"
 
 namespace automation::c_abi {
 namespace {
@@ -77,13 +78,13 @@ void invoke(Object& object, int32_t id, au_invoke_kind kind, au_value* values, s
 
 int32_t id_of(const Object& object, const char* member) {
   const auto id = object.id_of(&required(member));
-  if (!id) throw RunTimeError(438, std::string(standard_description(438)) + ": '" + member + "'");
+  if (!id) throw no_such_member().continued(concatenated({": '", member, "'"}));
   return *id;
 }
 
 EventSource& events_of(au_object* object) {
   EventSource* const source = object_of(object).event_source();
-  if (!source) throw RunTimeError(445);
+  if (!source) throw no_such_action();
   return *source;
 }
 

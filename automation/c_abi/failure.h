@@ -28,13 +28,13 @@ au_status guarded(Body&& body) noexcept {
     std::forward<Body>(body)();
     return AU_OK;
   } catch (const Misuse& misuse) {
-    return keep_failure(misuse.status, RunTimeError(5, misuse.reason));
+    return keep_failure(misuse.status, invalid_call(misuse.reason));
   } catch (const RunTimeError& error) {
     return keep_failure(AU_RAISED, error);
   } catch (const std::bad_alloc&) {
     return keep_failure(AU_RAISED, out_of_memory());
   } catch (const std::exception& error) {
-    return keep_failure(AU_RAISED, RunTimeError(unspecified_failure, error.what()));
+    return keep_failure(AU_RAISED, failure(FailureKind::unspecified, error.what()));
   } catch (...) {
     return keep_failure(AU_RAISED, RunTimeError(unspecified_failure));
   }

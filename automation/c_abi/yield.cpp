@@ -35,7 +35,7 @@ void au_set_yield_hook(au_yield_hook hook, void* host) {
       return;
     }
     automation::set_yield_hook([hook, host] {
-      if (automation::c_abi::is_due() && hook(host) != 0) throw automation::RunTimeError(18, "User interrupt occurred");
+      if (automation::c_abi::is_due() && hook(host) != 0) throw automation::user_interrupt();
     });
   });
 }

@@ -85,7 +85,7 @@ bool is_identifier(std::string_view text) {
 
 fs::path known_registration_folder(Scope scope) {
   if (fs::path folder = registration_folder(scope); !folder.empty()) return folder;
-  throw RunTimeError(76, "no folder for class files: XDG_DATA_HOME or HOME must name an absolute path");
+  throw path_not_found("no folder for class files: XDG_DATA_HOME or HOME must name an absolute path");
 }
 
 /// The registration folder, made when it is not there yet. Error 70 when others may write there.
@@ -93,8 +93,8 @@ fs::path make_registration_folder(Scope scope) {
   fs::path folder = known_registration_folder(scope);
   std::error_code error;
   if (fs::create_directories(folder, error)) fs::permissions(folder, private_folder, error);
-  if (error) throw RunTimeError(76, "cannot create " + folder.string() + ": " + error.message());
-  if (const std::string reason = why_untrusted(folder); !reason.empty()) throw RunTimeError(70, reason);
+  if (error) throw path_not_found("cannot create " + folder.string() + ": " + error.message());
+  if (const std::string reason = why_untrusted(folder); !reason.empty()) throw permission_denied(reason);
   return folder;
 }
 
@@ -111,12 +111,12 @@ void write_class_file(const fs::path& file, const std::string& identifier, const
   {
     std::ofstream out(unfinished);
     out << "identifier=" << identifier << "\n" << library_key << library << "\n";
-    if (!out.flush()) throw RunTimeError(75, "cannot write " + unfinished.string());
+    if (!out.flush()) throw path_file_access("cannot write " + unfinished.string());
   }
   std::error_code error;
   fs::permissions(unfinished, private_file, error);
   if (!error) fs::rename(unfinished, file, error);
-  if (error) throw RunTimeError(75, "cannot write " + file.string() + ": " + error.message());
+  if (error) throw path_file_access("cannot write " + file.string() + ": " + error.message());
 }
 
 }  // namespace
@@ -174,7 +174,7 @@ std::vector<std::string> unregister_library(const void* address, Scope scope) {
     std::error_code error;
     fs::remove(class_file(folder, identifier), error);
     if (error)
-      throw RunTimeError(75, "cannot remove " + class_file(folder, identifier).string() + ": " + error.message());
+      throw path_file_access("cannot remove " + class_file(folder, identifier).string() + ": " + error.message());
   }
   return identifiers;
 }

@@ -83,7 +83,7 @@ Ref<Object> create_object(std::string_view identifier) {
   }
   for (const std::string& refused : refused_class_files(name)) reasons += "; " + refused;
   if (reasons.empty()) reasons = "; looked in " + searched_places();
-  throw RunTimeError(429, std::string(standard_description(429)) + ": '" + std::string(identifier) + "'" + reasons);
+  throw cannot_create_object().continued(concatenated({": '", identifier, "'", reasons}));
 }
 
 }  // namespace automation

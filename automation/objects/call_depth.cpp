@@ -11,9 +11,9 @@ namespace {
 thread_local int32_t running = 0;
 
 RunTimeError too_deep() {
-  const RunTimeError plain = out_of_stack_space();
-  return {plain.number(), plain.description() + ": " + std::to_string(deepest_call) +
-                              " calls lie inside each other; an object that is asked must not ask its caller again"};
+  return out_of_stack_space().continued(
+      ": " + std::to_string(deepest_call) +
+      " calls lie inside each other; an object that is asked must not ask its caller again");
 }
 
 }  // namespace

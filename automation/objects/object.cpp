@@ -38,7 +38,7 @@ const Member& find_row(const ClassDescription& description, int32_t id, InvokeKi
 
 Variant index_into(const Variant& value, std::span<Variant> indexes, std::span<const std::string_view> names) {
   const auto* object = value.get_if<Ref<Object>>();
-  if (!object) throw RunTimeError(451);
+  if (!object) throw no_object_returned();
   if (!*object) throw object_not_set();
   return (*object)->invoke(default_member, InvokeKind::get, indexes, names);
 }

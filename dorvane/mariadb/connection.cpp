@@ -11,11 +11,11 @@
 #include "dorvane/mariadb/dialect.h"
 #include "dorvane/mariadb/errors.h"
 #include "dorvane/mariadb/result.h"
+#include "dorvane/statement.h"
 
 namespace dorvane::mariadb {
 
 using automation::concatenated;
-using automation::RunTimeError;
 
 namespace {
 
@@ -30,6 +30,13 @@ constexpr int32_t high_key = 1 << 30;
 const char* or_null(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
 unsigned seconds(int milliseconds) { return static_cast<unsigned>(std::max(1, (milliseconds + 999) / 1000)); }
+
+/// "1.500" for 1500 milliseconds.
+std::string decimal_seconds(int milliseconds) {
+  const std::string thousandths = std::to_string(milliseconds % 1000);
+  const std::string zeros(3 - thousandths.size(), '0');
+  return concatenated({std::to_string(milliseconds / 1000), ".", zeros, thousandths});
+}
 
 unsigned port_of(const std::string& text) {
   unsigned port = 0;
@@ -106,8 +113,7 @@ MariadbConnection::MariadbConnection(const ServerSettings& settings)
   run(concatenated({"SET SESSION lock_wait_timeout=", std::to_string(seconds(settings.timeout))}));
   // Faster for statements like ours, or not every server's; without the first, large joins sort their rows in pieces.
   prefer("SET SESSION sort_buffer_size=268435456");
-  prefer(concatenated({"SET SESSION max_statement_time=", std::to_string(settings.statement_timeout / 1000), ".",
-                       std::to_string(1000 + settings.statement_timeout % 1000).substr(1)}));
+  prefer(concatenated({"SET SESSION max_statement_time=", decimal_seconds(settings.statement_timeout)}));
 }
 
 /// The server hears nothing of this: it goes on speaking with the process that the session belongs to.
@@ -118,7 +124,7 @@ void MariadbConnection::leave() noexcept {
 
 Result MariadbConnection::answer(std::string_view statement) {
   if (statement.find_first_not_of(" \t\r\n") == std::string_view::npos)
-    throw RunTimeError(5, "mariadb: the statement is empty");
+    throw refused_statement("mariadb", "is empty", statement);
   MYSQL* const client = session_.get();
   Result result;
   if (mysql_real_query(client, statement.data(), static_cast<unsigned long>(statement.size())) == 0)
@@ -143,7 +149,7 @@ void MariadbConnection::start() {
 
 ServerRows MariadbConnection::rows(std::string_view statement) {
   Result result = answer(statement);
-  if (!result) throw RunTimeError(5, concatenated({"mariadb: the statement returns no rows: ", statement}));
+  if (!result) throw refused_statement("mariadb", concatenated({"returns no rows: ", statement}), statement);
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));
@@ -166,6 +172,23 @@ void MariadbConnection::define(std::string_view statement) {
     throw;
   }
   run("SET SESSION TRANSACTION READ ONLY");
+}
+
+/// A check ends a transaction. One that the user has no right to is none: who reads the table is told so.
+std::vector<std::string> MariadbConnection::damage_of(std::string_view table) {
+  std::vector<std::string> findings;
+  try {
+    ServerRows answer = rows(concatenated({"CHECK TABLE ", automation::lower_case(table)}));
+    const auto found = automation::make<records::StaticRecordSet>(std::move(answer.headers), std::move(answer.source));
+    const records::Column kind = found->column("Msg_type");
+    const records::Column text = found->column("Msg_text");
+    for (; !found->at_end(); found->move_next())
+      if (found->text(kind) != "note" && found->text(text) != "OK")
+        findings.push_back(concatenated({table, ": ", found->text(text)}));
+  } catch (const ServerError& error) {
+    if (error.refusal() != Refusal::permission) throw;
+  }
+  return findings;
 }
 
 /// The counter of keys cannot be set back while the old rows may return; the new rows' keys can.

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dorvane/mariadb/handles.h"
 #include "dorvane/server_address.h"
@@ -29,6 +30,7 @@ class MariadbConnection final : public ServerConnection {
   void define(std::string_view statement) override;
   std::string wheels_insertion() const override;
 
+  std::vector<std::string> damage_of(std::string_view table) override;
   void before_emptied_is_kept() override;
   void after_emptied_was_kept() override;
 

@@ -2,54 +2,56 @@
 
 #include <array>
 
+#include "automation/text.h"
+#include "dorvane/schema.h"
 #include "dorvane/statement.h"
 
 namespace dorvane::mariadb {
+
+using automation::concatenated;
+
 namespace {
 
-// Texts compare byte by byte and blank for blank, as they do elsewhere. Only transactional storage will do.
-constexpr std::array<Creation, 5> create_tables{{
-    {"storico",
-     "CREATE TABLE IF NOT EXISTS storico(id INT NOT NULL AUTO_INCREMENT PRIMARY KEY, dtEstr DATE,"
-     " ruota VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin, estr1 SMALLINT, estr2 SMALLINT, estr3 SMALLINT,"
-     " estr4 SMALLINT, estr5 SMALLINT, concorsoNumero INT, CHECK(month(dtEstr)>0 AND dayofmonth(dtEstr)>0))"
-     " ENGINE=InnoDB"},
-    {"tRicerche",
-     "CREATE TABLE IF NOT EXISTS tricerche(idRicerca INT NOT NULL AUTO_INCREMENT PRIMARY KEY, descRicerca MEDIUMTEXT,"
-     " numeri MEDIUMTEXT, combinazione SMALLINT, ruote MEDIUMTEXT, dtSave DATETIME, dtDa DATETIME, dtA DATETIME)"
-     " ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
-    {"tSistemi",
-     "CREATE TABLE IF NOT EXISTS tsistemi(idSis INT NOT NULL AUTO_INCREMENT PRIMARY KEY, titolo MEDIUMTEXT,"
-     " descrizione MEDIUMTEXT, numeri MEDIUMTEXT, qtaNumeri SMALLINT, nGiocate SMALLINT, kColonne SMALLINT,"
-     " garanzia SMALLINT, sisTipo MEDIUMTEXT) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
-    {"tSistemaDetail",
-     "CREATE TABLE IF NOT EXISTS tsistemadetail(id INT NOT NULL AUTO_INCREMENT PRIMARY KEY, idSis INT,"
-     " combinazione MEDIUMTEXT) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"},
-    {"ruote",
-     "CREATE TABLE IF NOT EXISTS ruote(enumeratore INT NOT NULL PRIMARY KEY, enumeratoreBit INT,"
-     " ruotaAlias VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin) ENGINE=InnoDB"},
-}};
+std::string type_of(const vestara::ArchiveTable& table, const vestara::TableColumn& column) {
+  using enum vestara::ColumnKind;
+  switch (column.kind) {
+    case key:
+      return table.keys == vestara::KeySource::database ? "INT NOT NULL AUTO_INCREMENT PRIMARY KEY"
+                                                        : "INT NOT NULL PRIMARY KEY";
+    case whole:
+    case contest:
+      return "INT";
+    case small:
+    case number:
+      return "SMALLINT";
+    case day:
+      return "DATE";
+    case moment:
+      return "DATETIME";
+    case text:
+      return "MEDIUMTEXT";
+    case code:
+      return "VARCHAR(20) CHARACTER SET ascii COLLATE ascii_nopad_bin";
+  }
+  return {};
+}
 
-constexpr std::array<Creation, 9> create_indexes{{
-    {"vestara_storico_estr1",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_estr1 ON storico(estr1,dtEstr,concorsoNumero,ruota)"},
-    {"vestara_storico_estr2",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_estr2 ON storico(estr2,dtEstr,concorsoNumero,ruota)"},
-    {"vestara_storico_estr3",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_estr3 ON storico(estr3,dtEstr,concorsoNumero,ruota)"},
-    {"vestara_storico_estr4",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_estr4 ON storico(estr4,dtEstr,concorsoNumero,ruota)"},
-    {"vestara_storico_estr5",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_estr5 ON storico(estr5,dtEstr,concorsoNumero,ruota)"},
-    {"vestara_storico_rows",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_rows ON"
-     " storico(dtEstr DESC,id,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero)"},
-    {"vestara_storico_wheel",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_wheel ON storico(ruota,dtEstr,estr1,estr2,estr3,estr4,estr5)"},
-    {"vestara_storico_draws",
-     "CREATE INDEX IF NOT EXISTS vestara_storico_draws ON storico(dtEstr DESC,concorsoNumero)"},
-    {"vestara_sistema_detail", "CREATE INDEX IF NOT EXISTS vestara_sistema_detail ON tsistemadetail(idSis)"},
-}};
+// Texts compare byte by byte and blank for blank, as they do elsewhere. Only transactional storage will do.
+std::string table_statement(const vestara::ArchiveTable& table) {
+  std::string checks;
+  std::string_view texts;
+  for (const vestara::TableColumn& column : table.columns) {
+    if (column.kind == vestara::ColumnKind::day)
+      checks += concatenated({", CHECK(month(", column.name, ")>0 AND dayofmonth(", column.name, ")>0)"});
+    if (column.kind == vestara::ColumnKind::text) texts = " CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
+  }
+  return concatenated({"CREATE TABLE IF NOT EXISTS ", automation::lower_case(table.name), "(",
+                       column_definitions(table, type_of), checks, ") ENGINE=InnoDB", texts});
+}
+
+std::string index_statement(const vestara::ArchiveIndex& index) {
+  return index_creation(index, automation::lower_case(index.table->name));
+}
 
 // The session is read only; that does not keep a SELECT from files, locks and its own variables.
 constexpr auto reading_words =
@@ -119,8 +121,8 @@ const Dialect& dialect() {
       .prohibitions = prohibitions,
       .translate = translate,
       .translate_reading = translate,
-      .tables = create_tables,
-      .indexes = create_indexes,
+      .table_statement = table_statement,
+      .index_statement = index_statement,
       .column_facts =
           "SELECT lower(concat(table_name,'.',column_name)) FROM information_schema.columns WHERE"
           " table_schema=database()",

@@ -13,11 +13,11 @@
 #include "dorvane/postgresql/errors.h"
 #include "dorvane/postgresql/reading.h"
 #include "dorvane/postgresql/result.h"
+#include "dorvane/statement.h"
 
 namespace dorvane::postgresql {
 
 using automation::concatenated;
-using automation::RunTimeError;
 
 namespace {
 
@@ -25,10 +25,6 @@ const Engine registered("postgresql", "postgresql://user@host/database",
                         [](const Url& url) -> std::unique_ptr<Connection> {
                           return std::make_unique<PostgresqlConnection>(server_settings(url));
                         });
-
-/// Tables whose keys the engine hands out, with their key columns, folded as the engine folds them.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> keyed{
-    {{"storico", "id"}, {"tricerche", "idricerca"}, {"tsistemi", "idsis"}, {"tsistemadetail", "id"}}};
 
 /// What does more than compute, by the server's own word, but for what every program may know.
 constexpr std::string_view volatile_functions =
@@ -39,7 +35,7 @@ constexpr std::string_view volatile_functions =
 
 void require_no_nul(const std::string& statement) {
   if (statement.find('\0') != std::string::npos)
-    throw RunTimeError(5, "postgresql: the statement holds a NUL character");
+    throw refused_statement("postgresql", "holds a NUL character", statement);
 }
 
 std::string tls_mode(const std::string& tls) { return tls == "verify" ? "verify-full" : tls; }
@@ -126,10 +122,10 @@ Result PostgresqlConnection::answer(std::string_view statement) {
 void PostgresqlConnection::require_answer(const PGresult* result, std::string_view statement) {
   const auto status = PQresultStatus(result);
   if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) return;
-  if (status == PGRES_EMPTY_QUERY) throw RunTimeError(5, "postgresql: the statement is empty");
+  if (status == PGRES_EMPTY_QUERY) throw refused_statement("postgresql", "is empty", statement);
   if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT) {
     session_ = nullptr;
-    throw RunTimeError(5, "postgresql: COPY is not for this connection, which is closed now");
+    throw automation::invalid_call("postgresql: COPY is not for this connection, which is closed now");
   }
   throw failure(session_.get(), result, statement);
 }
@@ -147,7 +143,7 @@ void PostgresqlConnection::keep() {
 
 ServerRows PostgresqlConnection::rows_of(Result result, std::string_view statement) {
   if (PQnfields(result.get()) == 0)
-    throw RunTimeError(5, concatenated({"postgresql: the statement returns no rows: ", statement}));
+    throw refused_statement("postgresql", concatenated({"returns no rows: ", statement}), statement);
   ServerRows answer;
   answer.headers = headers_of(result.get());
   answer.source = std::make_unique<Rows>(std::move(result));
@@ -203,7 +199,11 @@ void PostgresqlConnection::after_emptied_was_kept() { run("VACUUM ANALYZE storic
 
 std::vector<std::string> PostgresqlConnection::key_repairs() {
   std::vector<std::string> repairs;
-  for (const auto& [table, column] : keyed) {
+  for (const vestara::ArchiveTable& keyed : vestara::archive_tables()) {
+    if (keyed.keys != vestara::KeySource::database) continue;
+    // As the engine folds them.
+    const std::string table = automation::lower_case(keyed.name);
+    const std::string column = automation::lower_case(keyed.key());
     const std::string name = sequence_of(table, column);
     if (name.empty()) continue;
     const std::string literal = column_of(concatenated({"SELECT quote_literal('", name, "')"})).front();

@@ -13,8 +13,6 @@
 
 namespace dorvane::sqlite {
 
-using automation::RunTimeError;
-
 namespace {
 
 constexpr std::string_view in_memory = ":memory:";
@@ -23,23 +21,22 @@ int open_flags(std::string_view mode) {
   if (mode == "create") return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   if (mode == "rw") return SQLITE_OPEN_READWRITE;
   if (mode == "ro") return SQLITE_OPEN_READONLY;
-  throw RunTimeError(5, "sqlite: mode is create, rw or ro");
+  throw automation::invalid_call("sqlite: mode is create, rw or ro");
 }
 
 /// The engine has ways of its own to read a path; here it names a file, or nothing is opened.
 void require_file_path(const std::string& path) {
-  if (path.empty()) throw RunTimeError(5, "sqlite: the URL names no file, as in 'sqlite:archive.sqlite'");
+  if (path.empty()) throw automation::invalid_call("sqlite: the URL names no file, as in 'sqlite:archive.sqlite'");
   if (path.find('\0') != std::string::npos)
-    throw RunTimeError(5, "sqlite: the path holds a NUL byte (%00), and no file's path does");
+    throw automation::invalid_call("sqlite: the path holds a NUL byte (%00), and no file's path does");
   if (automation::equal_ignoring_case(path.substr(0, 5), "file:"))
-    throw RunTimeError(
-        5,
+    throw automation::invalid_call(
         "sqlite: 'file:' is not read here; the path stands by itself, as in 'sqlite:/folder/archive.sqlite'"
         " ('sqlite:./file:…' for a file of such a name)");
   std::error_code unknown;
   const std::filesystem::file_status status = std::filesystem::status(path, unknown);
   if (path != in_memory && std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-    throw RunTimeError(75, "sqlite: " + path + " is no file but a folder or a device");
+    throw automation::path_file_access("sqlite: " + path + " is no file but a folder or a device");
 }
 
 /// How long a reading statement may take: a timeout that the URL names says how patient its user is.
@@ -53,10 +50,7 @@ Database opened(const std::string& name, int flags, const std::string& path) {
   sqlite3* handle = nullptr;
   const int code = sqlite3_open_v2(name.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   Database database(handle);
-  if (code != SQLITE_OK) {
-    const RunTimeError failure = last_failure(handle);
-    throw RunTimeError(failure.number(), failure.description() + " (" + path + ")");
-  }
+  if (code != SQLITE_OK) throw last_failure(handle).continued(" (" + path + ")");
   sqlite3_extended_result_codes(handle, 1);
   return database;
 }
@@ -76,7 +70,7 @@ FileSettings file_settings(const Url& url) {
   settings.changing_limit = milliseconds(url, "statement_timeout", "600000");
   settings.durability = url.option("durability", "full");
   if (settings.durability != "full" && settings.durability != "normal")
-    throw RunTimeError(5, "sqlite: durability is full or normal");
+    throw automation::invalid_call("sqlite: durability is full or normal");
   return settings;
 }
 

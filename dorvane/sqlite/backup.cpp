@@ -25,7 +25,7 @@ void back_up(const std::string& url, const std::string& file) {
   constexpr int all_pages = -1;
   const Url parsed = parse_url(url);
   if (parsed.scheme != "sqlite" || parsed.location == ":memory:")
-    throw automation::RunTimeError(5, "only an archive that is a file can be copied as one");
+    throw automation::invalid_call("only an archive that is a file can be copied as one");
   const Database source =
       open_file(parsed.location, parsed.option("mode", "rw") == "ro" ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
   sqlite3_busy_timeout(source.get(), milliseconds(parsed, "timeout", "5000"));

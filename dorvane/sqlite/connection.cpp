@@ -1,7 +1,6 @@
 #include "dorvane/sqlite/connection.h"
 
-#include <algorithm>
-#include <limits>
+#include <memory>
 #include <utility>
 
 #include "automation/coercion.h"
@@ -10,7 +9,6 @@
 #include "dorvane/result_names.h"
 #include "dorvane/sqlite/dialect.h"
 #include "dorvane/sqlite/errors.h"
-#include "dorvane/sqlite/like.h"
 #include "dorvane/sqlite/result.h"
 #include "dorvane/statement.h"
 #include "dorvane/tie_order.h"
@@ -42,169 +40,56 @@ void SqliteConnection::open() {
   stamp_ = stamp_of(settings_.path);
   frozen_ = false;
   try {
-    attach(open_file(settings_));
+    session_.attach(open_file(settings_), settings_);
   } catch (const RunTimeError&) {
     if (!lies_in_a_closed_folder(settings_.path)) throw;
     if (has_waiting_changes(settings_.path))
-      throw RunTimeError(75, "sqlite: " + settings_.path +
-                                 " lies in a folder that this user may not write to, and changes wait beside it that "
-                                 "can only be read there; a user who may write opens and closes the archive once");
-    attach(open_frozen(settings_.path));
+      throw automation::path_file_access(
+          "sqlite: " + settings_.path +
+          " lies in a folder that this user may not write to, and changes wait beside it that "
+          "can only be read there; a user who may write opens and closes the archive once");
+    session_.attach(open_frozen(settings_.path), settings_);
     frozen_ = true;
   }
-  indexes_owed_ = was_left_without_indexes();
-}
-
-void SqliteConnection::attach(Database database) {
-  database_ = std::move(database);
-  // First of all: whatever looks at the file may have to wait for another program.
-  sqlite3_busy_timeout(database_.get(), settings_.timeout);
-  close_side_doors();
-  install_like(database_.get());
-  sqlite3_set_authorizer(database_.get(), &SqliteConnection::authorize, this);
-  sqlite3_progress_handler(database_.get(), StatementClock::instructions, &SqliteConnection::tick, this);
-  run("PRAGMA synchronous=" + settings_.durability, Permission::anything);
-  run("PRAGMA analysis_limit=1000", Permission::anything);
-  // The first real look at the file: it says now, not at the first question, that this is no archive.
-  single_number("SELECT count(*) FROM sqlite_master");
-}
-
-int SqliteConnection::tick(void* self) {
-  StatementClock* const clock = static_cast<SqliteConnection*>(self)->running_;
-  return !clock || clock->may_go_on() ? 0 : 1;
+  indexes_.look();
 }
 
 SqliteConnection::~SqliteConnection() {
-  complete_record_sets();
-  insert_ = nullptr;
-  if (transaction_.is_open()) attempt("ROLLBACK");
-  if (!transaction_.is_none()) indexes_owed_ = indexes_owed_at_begin_;
+  open_rows_.complete();
+  inserts_.forget();
+  if (transaction_.is_open()) session_.attempt("ROLLBACK");
+  if (!transaction_.is_none()) indexes_.transaction_was_taken_back();
   transaction_.ended();
   try {
-    if (indexes_owed_) rebuild_indexes();
+    if (indexes_.are_owed()) rebuild_indexes();
   } catch (const RunTimeError&) {
     return;  // a correct, slow archive: the next import or CreateSchema repairs it
   }
 }
 
-void SqliteConnection::close_side_doors() {
-  sqlite3* const database = database_.get();
-  for (const auto& [setting, value] : {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},
-                                       {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
-                                       {SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
-                                       {SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER, 0}})
-    require_ok(sqlite3_db_config(database, setting, value, nullptr), database);
-  const Statement listed =
-      prepare("SELECT name FROM pragma_function_list WHERE (flags & " + std::to_string(SQLITE_INNOCUOUS) + ")=0",
-              Permission::anything);
-  while (sqlite3_step(listed.get()) == SQLITE_ROW) {
-    const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(listed.get(), 0));
-    if (!only_computes(name)) refused_functions_.insert(automation::lower_case(name));
-  }
-}
-
-int SqliteConnection::authorize(void* self, int action, const char*, const char* second, const char*, const char*) {
-  const auto& connection = *static_cast<SqliteConnection*>(self);
-  const Permission permission = connection.permission_;
-  if (permission == Permission::anything) return SQLITE_OK;
-  switch (action) {
-    case SQLITE_SELECT:
-    case SQLITE_READ:
-    case SQLITE_RECURSIVE:
-      return SQLITE_OK;
-    case SQLITE_FUNCTION:
-      return connection.refused_functions_.contains(automation::lower_case(second)) ? SQLITE_DENY : SQLITE_OK;
-    case SQLITE_TRANSACTION:
-    case SQLITE_SAVEPOINT:
-    case SQLITE_ATTACH:
-    case SQLITE_DETACH:
-    case SQLITE_PRAGMA:
-    case SQLITE_ANALYZE:
-    case SQLITE_CREATE_VTABLE:
-      return SQLITE_DENY;
-    default:
-      return permission == Permission::change ? SQLITE_OK : SQLITE_DENY;
-  }
-}
-
-Statement SqliteConnection::prepare(std::string_view statement, Permission permission) {
-  if (statement.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
-    throw RunTimeError(7, "sqlite: the statement is longer than 2 GiB");
-  if (statement.find('\0') != std::string_view::npos)
-    throw RunTimeError(5, "sqlite: the statement holds a NUL character");
-  const Permitting permitting(*this, permission);
-  sqlite3_stmt* prepared = nullptr;
-  const char* tail = nullptr;
-  const int code =
-      sqlite3_prepare_v2(database_.get(), statement.data(), static_cast<int>(statement.size()), &prepared, &tail);
-  Statement result(prepared);
-  require_ok(code, database_.get(), statement);
-  if (!result) throw RunTimeError(5, "sqlite: the statement is empty");
-  if (!is_trivia(statement.substr(static_cast<size_t>(tail - statement.data())), syntax))
-    throw RunTimeError(5, "sqlite: one statement a call, here are several: " + std::string(statement.substr(0, 160)));
-  return result;
-}
-
-void SqliteConnection::run(std::string_view statement, Permission permission) {
-  const Permitting permitting(*this, permission);
-  const Statement prepared = prepare(statement, permission);
-  int code = SQLITE_ROW;
-  while (code == SQLITE_ROW) code = sqlite3_step(prepared.get());
-  require_ok(code, database_.get(), statement);
-}
-
-void SqliteConnection::attempt(const char* statements) noexcept {
-  const Permitting permitting(*this, Permission::anything);
-  sqlite3_exec(database_.get(), statements, nullptr, nullptr, nullptr);
-}
-
-int64_t SqliteConnection::single_number(std::string_view statement) {
-  const Permitting permitting(*this, Permission::anything);
-  const Statement prepared = prepare(statement, Permission::anything);
-  require_ok(sqlite3_step(prepared.get()), database_.get(), statement);
-  return sqlite3_column_int64(prepared.get(), 0);
-}
-
 template <class Body>
 void SqliteConnection::noticing_loss(Body&& body) {
   // A full disk, among others, makes the engine roll everything back by itself.
-  transaction_.around(body, [this] { return sqlite3_get_autocommit(database_.get()) == 0; });
-}
-
-template <class Body>
-void SqliteConnection::atomically(Body&& body) {
-  // Outside a transaction the right to write comes first: one that begins by reading can be refused it later, at once
-  // and for good, when another program wrote in between.
-  const bool outermost = sqlite3_get_autocommit(database_.get()) != 0;
-  run(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT vestara", Permission::anything);
-  try {
-    body();
-    run(outermost ? "COMMIT" : "RELEASE vestara", Permission::anything);
-  } catch (...) {
-    // Where the engine rolled back by itself there is nothing left to undo, and these do nothing.
-    const char* const undo = outermost ? "ROLLBACK" : "ROLLBACK TO vestara; RELEASE vestara";
-    attempt(undo);
-    throw;
-  }
+  transaction_.around(body, [this] { return session_.is_inside_transaction(); });
 }
 
 Statement SqliteConnection::prepare_reading(std::string_view statement) {
   const std::string text = translate(statement);
   if (const std::string term = tie_term(statement, syntax); !term.empty()) {
     try {
-      return prepare(text + term, Permission::read);
+      return session_.prepare(text + term, Permission::read);
     } catch (const RunTimeError&) {
-      return prepare(text, Permission::read);
+      return session_.prepare(text, Permission::read);
     }
   }
-  return prepare(text, Permission::read);
+  return session_.prepare(text, Permission::read);
 }
 
 void SqliteConnection::read_anew_if_changed() {
   if (!frozen_ || stamp_of(settings_.path) == stamp_) return;
-  insert_ = nullptr;
+  inserts_.forget();
   open();
-  if (transaction_.is_open()) run("BEGIN", Permission::anything);
+  if (transaction_.is_open()) session_.run("BEGIN", Permission::anything);
 }
 
 template <class Body>
@@ -219,7 +104,8 @@ auto SqliteConnection::steadily(Body&& body) {
       if (!frozen_ || stamp_of(settings_.path) == stamp_) throw;
     }
     if (attempt == attempts)
-      throw RunTimeError(70, "sqlite: another program changes the archive while it is read; try again when it is done");
+      throw automation::permission_denied(
+          "sqlite: another program changes the archive while it is read; try again when it is done");
   }
   return body();
 }
@@ -242,106 +128,46 @@ Ref<records::StaticRecordSet> SqliteConnection::query(std::string_view statement
 Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view statement) {
   Statement prepared = prepare_reading(statement);
   auto headers = headers_of(prepared.get());
-  if (headers.empty()) throw RunTimeError(5, "sqlite: the statement returns no rows: " + std::string(statement));
+  if (headers.empty())
+    throw refused_statement("sqlite", automation::concatenated({"returns no rows: ", statement}), statement);
   spell_names(statement, syntax, headers);
-  const auto place = std::make_shared<records::StaticRecordSet*>(nullptr);
-  auto source = std::make_unique<Rows>(database_.get(), std::move(prepared),
-                                       RowClock{running_, StatementClock(settings_.reading_limit)},
-                                       [this, place] { forget(*place); });
-  auto rows = automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
-  *place = rows.get();
-  unfinished_.push_back(rows.get());
-  return rows;
+  auto source =
+      std::make_unique<Rows>(session_.database(), std::move(prepared),
+                             RowClock{session_.running_clock(), StatementClock(settings_.reading_limit)}, open_rows_);
+  return automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
 }
 
 void SqliteConnection::execute(std::string_view statement) {
   transaction_.require_not_lost();
   const bool recognised = recognise_insert(statement, syntax, values_);
   if (!recognised) guard_.require_change(statement);
-  complete_record_sets();
-  const int changed_before = sqlite3_total_changes(database_.get());
+  open_rows_.complete();
+  const int changed_before = sqlite3_total_changes(session_.database());
   StatementClock clock(settings_.changing_limit);
-  const RunningClock running(running_, clock);
+  const RunningClock running(session_.running_clock(), clock);
   noticing_loss([&] {
     if (recognised)
-      insert_rows(values_);
+      inserts_.insert(values_);
     else if (empties_the_archive(statement, syntax))
-      empty_archive(statement);
+      indexes_.empty_draws(statement);
     else
-      run(translate(statement), Permission::change);
+      session_.run(translate(statement), Permission::change);
   });
-  if (sqlite3_total_changes(database_.get()) != changed_before || changes_tables(statement, syntax))
+  if (sqlite3_total_changes(session_.database()) != changed_before || changes_tables(statement, syntax))
     transaction_.changed();
 }
 
-void SqliteConnection::insert_rows(const InsertValues& rows) {
-  const Permitting permitting(*this, Permission::change);
-  sqlite3_stmt* const insert = insert_statement(rows);
-  const auto insert_all = [&] {
-    auto literal = rows.literals.begin();
-    for (size_t row = 0; row < rows.rows(); ++row) {
-      for (int place = 1; place <= static_cast<int>(rows.columns); ++place, ++literal) {
-        switch (literal->kind) {
-          case Literal::Kind::null:
-            sqlite3_bind_null(insert, place);
-            break;
-          case Literal::Kind::whole:
-            sqlite3_bind_int64(insert, place, literal->number);
-            break;
-          case Literal::Kind::text:
-            sqlite3_bind_text(insert, place, literal->text.data(), static_cast<int>(literal->text.size()),
-                              SQLITE_STATIC);
-        }
-      }
-      const int code = sqlite3_step(insert);
-      sqlite3_reset(insert);
-      require_ok(code, database_.get(), rows.head);
-    }
-  };
-  if (rows.rows() == 1)
-    insert_all();
-  else
-    atomically(insert_all);
-}
-
-sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
-  if (insert_ && insert_columns_ == rows.columns && insert_head_ == rows.head) return insert_.get();
-  std::string text(rows.head);
-  for (size_t i = 0; i < rows.columns; ++i) text += i == 0 ? "(?" : ",?";
-  insert_ = prepare(text + ")", Permission::change);
-  insert_head_ = rows.head;
-  insert_columns_ = rows.columns;
-  return insert_.get();
-}
-
-/// With the rows go the indexes: filling the table without them and building them once is twice as fast.
-void SqliteConnection::empty_archive(std::string_view statement) {
-  if (!owns_indexes()) return run(statement, Permission::change);
-  atomically([&] {
-    for (const Creation& index : draw_indexes())
-      run("DROP INDEX IF EXISTS " + std::string(index.name), Permission::anything);
-    run(statement, Permission::change);
-  });
-  indexes_owed_ = true;
-}
-
-void SqliteConnection::create_indexes() {
-  for (const Creation& index : draw_indexes()) run(index.statement, Permission::anything);
-  run("ANALYZE", Permission::anything);
-}
-
 void SqliteConnection::rebuild_indexes() {
-  noticing_loss([&] { atomically([&] { create_indexes(); }); });
-  indexes_owed_ = false;
+  noticing_loss([&] { indexes_.rebuild(); });
 }
 
 void SqliteConnection::repair_before_read() {
-  if (!indexes_owed_) return;
+  if (!indexes_.are_owed()) return;
   try {
     rebuild_indexes();
   } catch (const RunTimeError&) {
     // The answer is the same without them, only slower.
-    indexes_owed_ = false;
+    indexes_.owe_nothing();
     transaction_.require_not_lost();
   }
 }
@@ -352,18 +178,18 @@ int32_t SqliteConnection::max_id(std::string_view table, std::string_view column
   repair_before_read();
   const int64_t largest = steadily([&] {
     StatementClock clock(settings_.reading_limit);
-    const RunningClock running(running_, clock);
-    return single_number(statement);
+    const RunningClock running(session_.running_clock(), clock);
+    return session_.single_number(statement);
   });
   return automation::round_to_long(static_cast<double>(largest));
 }
 
 void SqliteConnection::begin() {
   if (!transaction_.is_none()) rollback();
-  complete_record_sets();
-  indexes_owed_at_begin_ = indexes_owed_;
+  open_rows_.complete();
+  indexes_.transaction_begins();
   try {
-    run("BEGIN IMMEDIATE", Permission::anything);
+    session_.run("BEGIN IMMEDIATE", Permission::anything);
     transaction_.opened();
   } catch (const RunTimeError& error) {
     transaction_.lost(error.description());
@@ -375,9 +201,9 @@ void SqliteConnection::commit() {
   transaction_.require_begun();
   try {
     transaction_.require_not_lost();
-    complete_record_sets();
-    if (indexes_owed_) rebuild_indexes();
-    run("COMMIT", Permission::anything);
+    open_rows_.complete();
+    if (indexes_.are_owed()) rebuild_indexes();
+    session_.run("COMMIT", Permission::anything);
     transaction_.ended();
   } catch (...) {
     rollback();
@@ -387,35 +213,30 @@ void SqliteConnection::commit() {
 
 void SqliteConnection::rollback() {
   if (transaction_.is_none()) return;
-  complete_record_sets();
-  if (sqlite3_get_autocommit(database_.get()) == 0) run("ROLLBACK", Permission::anything);
+  open_rows_.complete();
+  if (session_.is_inside_transaction()) session_.run("ROLLBACK", Permission::anything);
   transaction_.ended();
-  indexes_owed_ = indexes_owed_at_begin_;
+  indexes_.transaction_was_taken_back();
 }
 
 void SqliteConnection::create_schema() {
   transaction_.require_not_lost();
-  complete_record_sets();
-  const bool fresh = single_number("SELECT count(*) FROM sqlite_master") == 0;
+  open_rows_.complete();
+  const bool fresh = session_.single_number("SELECT count(*) FROM sqlite_master") == 0;
   // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another
   // program that creates the same archive just now may be ahead: then it is switched already.
-  if (fresh && transaction_.is_none()) attempt("PRAGMA journal_mode=WAL");
+  if (fresh && transaction_.is_none()) session_.attempt("PRAGMA journal_mode=WAL");
   noticing_loss([&] {
-    atomically([&] {
-      for (const std::string_view statement : table_statements()) run(statement, Permission::anything);
-      run(wheels_statement(), Permission::anything);
-      run(lasting_index().statement, Permission::anything);
-      create_indexes();
+    session_.atomically([&] {
+      for (const vestara::ArchiveTable& table : vestara::archive_tables())
+        session_.run(table_statement(table), Permission::anything);
+      session_.run(wheels_statement(), Permission::anything);
+      session_.run(index_statement(lasting_index()), Permission::anything);
+      indexes_.create();
     });
   });
   transaction_.changed();
-  indexes_owed_ = false;
+  indexes_.owe_nothing();
 }
-
-void SqliteConnection::complete_record_sets() noexcept {
-  while (!unfinished_.empty()) unfinished_.back()->complete();
-}
-
-void SqliteConnection::forget(const records::StaticRecordSet* rows) { std::erase(unfinished_, rows); }
 
 }  // namespace dorvane::sqlite

@@ -99,7 +99,7 @@ TEST_F(SqliteTest, ClosingPaysForTheIndexesToo) {
 
 TEST_F(SqliteTest, AnArchiveThatLostItsIndexesGetsThemBackWithTheNextImport) {
   const auto connector = created();
-  for (const Creation& index : sqlite::draw_indexes())
+  for (const vestara::ArchiveIndex& index : vestara::draw_indexes())
     ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(index.name)));
   EXPECT_EQ(index_count(*connector), "1");
   ASSERT_TRUE(connector->ExecuteSql("DELETE FROM storico"));
@@ -337,9 +337,9 @@ TEST_F(SqliteTest, AnArchiveThatWasLeftWithoutIndexesGetsThemWhenItIsOpenedNext)
   fill(*connector, 10);
   const auto drop = [&](size_t count) {
     for (size_t i = 0; i < count; ++i)
-      ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(sqlite::draw_indexes()[i].name)));
+      ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(vestara::draw_indexes()[i].name)));
   };
-  drop(sqlite::draw_indexes().size());
+  drop(vestara::draw_indexes().size());
   EXPECT_EQ(index_count(*opened("?mode=ro")), "1");
   EXPECT_EQ(index_count(*opened()), "9");
   // One that somebody took away is not ours to make again.

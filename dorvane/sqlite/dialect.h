@@ -1,13 +1,12 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "dorvane/schema.h"
 #include "dorvane/statement_guard.h"
 #include "dorvane/tokens.h"
 #include "records/column_store.h"
+#include "vestara/foundation/schema.h"
 
 // What is SQLite's own: how a statement must read, what a column's declared type means, and the archive's tables.
 
@@ -28,13 +27,13 @@ bool only_computes(std::string_view function);
 /// bears the name of one of the archive's date columns.
 records::TextReading reading_of(std::string_view column_name, const char* declared_type);
 
-/// Creates the five tables where they are missing.
-std::span<const std::string_view> table_statements();
+/// Creates a table where it is missing.
+std::string table_statement(const vestara::ArchiveTable& table);
+/// Creates an index where it is missing.
+std::string index_statement(const vestara::ArchiveIndex& index);
 
-/// The indexes of the draw table: the whole set pays, a part of it does not. They are derived data.
-std::span<const Creation> draw_indexes();
-
-/// An index that the wholesale emptying never touches: its presence says that the set above belongs to the file.
-Creation lasting_index();
+/// An index that the wholesale emptying of the draws never touches: its presence says that the draws' own indexes
+/// belong to the file.
+const vestara::ArchiveIndex& lasting_index();
 
 }  // namespace dorvane::sqlite

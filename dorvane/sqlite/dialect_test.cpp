@@ -2,30 +2,46 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <string>
+#include <vector>
 
 namespace dorvane::sqlite {
 namespace {
 
-TEST(SqliteDialect, EveryIndexHasItsColumns) {
-  // A search reads nothing but its index, so that each column of it counts.
-  const std::map<std::string_view, std::string_view> columns{
-      {"vestara_storico_estr1", "storico(estr1,dtEstr,concorsoNumero,ruota)"},
-      {"vestara_storico_estr2", "storico(estr2,dtEstr,concorsoNumero,ruota)"},
-      {"vestara_storico_estr3", "storico(estr3,dtEstr,concorsoNumero,ruota)"},
-      {"vestara_storico_estr4", "storico(estr4,dtEstr,concorsoNumero,ruota)"},
-      {"vestara_storico_estr5", "storico(estr5,dtEstr,concorsoNumero,ruota)"},
-      {"vestara_storico_rows", "storico(dtEstr DESC,id,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero)"},
-      {"vestara_storico_wheel", "storico(ruota,dtEstr,estr1,estr2,estr3,estr4,estr5)"},
-      {"vestara_storico_draws", "storico(dtEstr DESC,concorsoNumero)"},
-      {"vestara_sistema_detail", "tSistemaDetail(idSis)"}};
-  std::map<std::string_view, std::string_view> found;
-  const auto add = [&](const Creation& index) {
-    found[index.name] = index.statement.substr(index.statement.find(" ON ") + 4);
-  };
-  for (const Creation& index : draw_indexes()) add(index);
-  add(lasting_index());
-  EXPECT_EQ(found, columns);
+/// The statements that make an archive, in their order.
+std::vector<std::string> making_statements() {
+  std::vector<std::string> statements;
+  for (const vestara::ArchiveTable& table : vestara::archive_tables()) statements.push_back(table_statement(table));
+  for (const vestara::ArchiveIndex& index : vestara::archive_indexes()) statements.push_back(index_statement(index));
+  return statements;
+}
+
+// Archives are there already: another letter here is another archive. A search reads nothing but its index, so that
+// each column of one counts.
+TEST(SqliteDialect, TheArchiveIsMadeByTheseStatements) {
+  const std::vector<std::string> expected{
+      "CREATE TABLE IF NOT EXISTS storico(id INTEGER PRIMARY KEY, dtEstr DATE_TEXT, ruota TEXT, estr1 SMALLINT"
+      " CHECK(estr1 BETWEEN -32768 AND 32767), estr2 SMALLINT CHECK(estr2 BETWEEN -32768 AND 32767), estr3 SMALLINT"
+      " CHECK(estr3 BETWEEN -32768 AND 32767), estr4 SMALLINT CHECK(estr4 BETWEEN -32768 AND 32767), estr5 SMALLINT"
+      " CHECK(estr5 BETWEEN -32768 AND 32767), concorsoNumero INTEGER CHECK(concorsoNumero BETWEEN -2147483648 AND"
+      " 2147483647))",
+      "CREATE TABLE IF NOT EXISTS tRicerche(idRicerca INTEGER PRIMARY KEY, descRicerca TEXT, numeri TEXT,"
+      " combinazione SMALLINT, ruote TEXT, dtSave DATE_TEXT, dtDa DATE_TEXT, dtA DATE_TEXT)",
+      "CREATE TABLE IF NOT EXISTS tSistemi(idSis INTEGER PRIMARY KEY, titolo TEXT, descrizione TEXT, numeri TEXT,"
+      " qtaNumeri SMALLINT, nGiocate SMALLINT, kColonne SMALLINT, garanzia SMALLINT, sisTipo TEXT)",
+      "CREATE TABLE IF NOT EXISTS tSistemaDetail(id INTEGER PRIMARY KEY, idSis INTEGER, combinazione TEXT)",
+      "CREATE TABLE IF NOT EXISTS ruote(enumeratore INTEGER PRIMARY KEY, enumeratoreBit INTEGER, ruotaAlias TEXT)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_estr1 ON storico(estr1,dtEstr,concorsoNumero,ruota)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_estr2 ON storico(estr2,dtEstr,concorsoNumero,ruota)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_estr3 ON storico(estr3,dtEstr,concorsoNumero,ruota)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_estr4 ON storico(estr4,dtEstr,concorsoNumero,ruota)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_estr5 ON storico(estr5,dtEstr,concorsoNumero,ruota)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_rows ON storico(dtEstr"
+      " DESC,id,ruota,estr1,estr2,estr3,estr4,estr5,concorsoNumero)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_wheel ON storico(ruota,dtEstr,estr1,estr2,estr3,estr4,estr5)",
+      "CREATE INDEX IF NOT EXISTS vestara_storico_draws ON storico(dtEstr DESC,concorsoNumero)",
+      "CREATE INDEX IF NOT EXISTS vestara_sistema_detail ON tSistemaDetail(idSis)"};
+  EXPECT_EQ(making_statements(), expected);
 }
 
 TEST(SqliteDialect, KnowsWhatOnlyComputes) {

@@ -13,16 +13,18 @@
 namespace dorvane::sqlite {
 namespace {
 
+using automation::Refusal;
+using automation::RunTimeError;
 using SqliteErrors = testing_support::SqliteArchive;
 
-/// The error that `body` raises, as "number description".
-std::string raised(const std::function<void()>& body) {
+/// The error that `body` raises.
+RunTimeError raised(const std::function<void()>& body) {
   try {
     body();
-    return "nothing";
-  } catch (const automation::RunTimeError& error) {
-    return std::to_string(error.number()) + " " + error.description();
+  } catch (const RunTimeError& error) {
+    return error;
   }
+  return {0, "nothing was raised"};
 }
 
 TEST_F(SqliteErrors, HaveTheirNumberAndSayWhatToDo) {
@@ -35,20 +37,32 @@ TEST_F(SqliteErrors, HaveTheirNumberAndSayWhatToDo) {
   writer->begin();
   const struct {
     std::function<void()> body;
-    const char* number;
+    int32_t number;
     const char* advice;
+    Refusal refusal;
+    const char* statement;
   } rows[] = {
-      {[&] { open("sqlite:" + folder_.path_to("missing/a")); }, "76 ", "is the folder there"},
-      {[&] { open("sqlite:" + text); }, "75 ", "another file was named"},
-      {[&] { reader->execute("DELETE FROM storico"); }, "70 ", "the archive can be read only"},
-      {[&] { other->begin(); }, "70 ", "another program is changing the archive"},
-      {[&] { reader->query("WITH a AS (SELECT 1) DELETE FROM storico"); }, "5 ", "readers run one SELECT"},
-      {[&] { reader->query("SELECT missing"); }, "-2147467259 ", "no such column: missing; in: SELECT missing"}};
+      {[&] { open("sqlite:" + folder_.path_to("missing/a")); }, 76, "is the folder there", Refusal::no_session, ""},
+      {[&] { open("sqlite:" + text); }, 75, "another file was named", Refusal::no_session, nullptr},
+      {[&] { reader->execute("DELETE FROM ruote"); }, 70, "the archive can be read only", Refusal::permission,
+       "DELETE FROM ruote"},
+      {[&] { other->begin(); }, 70, "another program is changing the archive", Refusal::busy, "BEGIN IMMEDIATE"},
+      {[&] { reader->query("SELECT missing"); }, automation::unspecified_failure,
+       "no such column: missing; in: SELECT missing", Refusal::statement, "SELECT missing"}};
   for (const auto& row : rows) {
-    const std::string error = raised(row.body);
-    EXPECT_EQ(error.rfind(row.number, 0), 0U) << error;
-    EXPECT_NE(error.find(row.advice), std::string::npos) << error;
+    const RunTimeError error = raised(row.body);
+    EXPECT_EQ(error.number(), row.number) << error.description();
+    EXPECT_NE(error.description().find(row.advice), std::string::npos) << error.description();
+    ASSERT_NE(error.context(), nullptr) << error.description();
+    EXPECT_EQ(error.context()->engine, "sqlite");
+    EXPECT_EQ(error.context()->refusal, row.refusal) << error.description();
+    if (row.statement) {
+      EXPECT_EQ(error.context()->statement, row.statement);
+    }
   }
+  const RunTimeError guarded = raised([&] { reader->query("WITH a AS (SELECT 1) DELETE FROM storico"); });
+  EXPECT_EQ(guarded.number(), 5);
+  EXPECT_NE(guarded.description().find("readers run one SELECT"), std::string::npos) << guarded.description();
 }
 
 TEST_F(SqliteErrors, StatementsAreShownUpToALength) {
@@ -56,7 +70,7 @@ TEST_F(SqliteErrors, StatementsAreShownUpToALength) {
   const std::string longest = "SELECT " + std::string(153, 'n');
   for (const auto& [statement, shown] :
        {std::pair{longest, "; in: " + longest}, {longest + "n", "; in: " + longest + "…"}}) {
-    const std::string error = raised([&, text = statement] { connection->query(text); });
+    const std::string error = raised([&, text = statement] { connection->query(text); }).description();
     EXPECT_TRUE(error.ends_with(shown)) << error;
   }
 }

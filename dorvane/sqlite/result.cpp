@@ -37,23 +37,18 @@ std::vector<records::ColumnHeader> headers_of(sqlite3_stmt* statement) {
   return headers;
 }
 
-Rows::Rows(sqlite3* database, Statement statement, RowClock clock, std::function<void()> on_end)
-    : database_(database), statement_(std::move(statement)), clock_(clock), on_end_(std::move(on_end)) {}
+Rows::Rows(sqlite3* database, Statement statement, RowClock clock, OpenRows& open)
+    : database_(database), statement_(std::move(statement)), clock_(clock), open_(open) {}
 
 Rows::~Rows() {
-  if (!home_.is_here()) {
-    static_cast<void>(statement_.release());
-    return;
-  }
-  statement_ = nullptr;
-  on_end_();
+  if (!home_.is_here()) static_cast<void>(statement_.release());
 }
 
 bool Rows::fetch(std::vector<records::ColumnStore>& columns) {
   if (!home_.is_here())
-    throw automation::RunTimeError(automation::unspecified_failure,
-                                   "the rows that were not read yet belong to the process that this one was forked "
-                                   "from; open the archive again here");
+    throw automation::failure(automation::FailureKind::database,
+                              "the rows that were not read yet belong to the process that this one was forked "
+                              "from; open the archive again here");
   const RunningClock running(clock_.place, clock_.clock);
   const int code = sqlite3_step(statement_.get());
   if (code == SQLITE_DONE) return false;

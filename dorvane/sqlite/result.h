@@ -1,10 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <optional>
 #include <vector>
 
 #include "dorvane/home_process.h"
 #include "dorvane/sqlite/handles.h"
+#include "dorvane/sqlite/open_rows.h"
 #include "dorvane/sqlite/statement_clock.h"
 #include "records/static_recordset.h"
 
@@ -19,12 +20,13 @@ struct RowClock {
   StatementClock clock;
 };
 
-/// The rows of a running statement, one step each. `on_end` is called when the statement is let go. In a process that
-/// was forked meanwhile there are no further rows, and the statement is left alone.
+/// The rows of a running statement, one step each; the set that takes them is listed in `open` meanwhile. In a process
+/// that was forked meanwhile there are no further rows, and the statement is left alone.
 class Rows final : public records::RowSource {
  public:
-  Rows(sqlite3* database, Statement statement, RowClock clock, std::function<void()> on_end);
+  Rows(sqlite3* database, Statement statement, RowClock clock, OpenRows& open);
   ~Rows() override;
+  void taken_by(records::StaticRecordSet& set) override { ticket_.emplace(open_, set); }
   bool fetch(std::vector<records::ColumnStore>& columns) override;
 
  private:
@@ -32,7 +34,8 @@ class Rows final : public records::RowSource {
   Statement statement_;
   RowClock clock_;
   HomeProcess home_;
-  std::function<void()> on_end_;
+  OpenRows& open_;
+  std::optional<OpenRows::Ticket> ticket_;
 };
 
 }  // namespace dorvane::sqlite

@@ -73,7 +73,7 @@ TEST_F(EndlessStatements, TheConnectorsOwnWorkHasNoLimit) {
   {
     const auto connector = created();
     for (int i = 0; i < 20; ++i) fill(*connector, 1000);
-    for (const Creation& index : sqlite::draw_indexes())
+    for (const vestara::ArchiveIndex& index : vestara::draw_indexes())
       ASSERT_TRUE(connector->ExecuteSql("DROP INDEX " + std::string(index.name)));
   }
   EXPECT_EQ(index_count(*opened("?statement_timeout=1")), "9");

@@ -1,7 +1,7 @@
 // A host that does what it is told: one command a line on the standard input, one line of answer each.
 //
 //   open URL   close   state   error          "True" or "False"; the state; the reason of the last failure
-//   schema   check                            CreateSchema, CheckSchema
+//   schema   check   file                     CreateSchema, CheckSchema, CheckFile with "|" between lines
 //   sql STATEMENT   rows STATEMENT            rows: values joined by ",", rows by " "; "refused"
 //   largest TABLE COLUMN                      GetMaxId
 //   begin   commit   rollback                 "done", or "raised"
@@ -84,6 +84,12 @@ class Client {
   std::string check(const std::string&) {
     std::string lines = connector_->CheckSchema();
     for (char& c : lines) c = c == '\n' ? '|' : c;
+    return lines;
+  }
+
+  std::string file(const std::string&) {
+    std::string lines;
+    for (const std::string& line : connector_->CheckFile()) lines.append(lines.empty() ? "" : "|").append(line);
     return lines;
   }
 
@@ -191,14 +197,14 @@ struct Command {
   std::string (Client::*run)(const std::string&);
 };
 
-constexpr std::array<Command, 20> commands{{
+constexpr std::array<Command, 21> commands{{
     {"open", &Client::open},     {"close", &Client::close},       {"state", &Client::state},
     {"error", &Client::error},   {"schema", &Client::schema},     {"check", &Client::check},
     {"sql", &Client::sql},       {"rows", &Client::rows},         {"largest", &Client::largest},
     {"begin", &Client::begin},   {"commit", &Client::commit},     {"rollback", &Client::rollback},
     {"import", &Client::import}, {"save", &Client::save},         {"hits", &Client::hits},
     {"delay", &Client::delay},   {"draws", &Client::draws},       {"newest", &Client::newest},
-    {"saves", &Client::saves},   {"searches", &Client::searches},
+    {"saves", &Client::saves},   {"searches", &Client::searches}, {"file", &Client::file},
 }};
 
 }  // namespace

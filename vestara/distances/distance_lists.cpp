@@ -1,5 +1,6 @@
 #include "vestara/distances/distance_lists.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace vestara {
@@ -39,7 +40,10 @@ void DistanceLists::end_load() {
 }
 
 int32_t DistanceLists::count(size_t group, size_t place) const {
-  return static_cast<int32_t>(list(group, place).size());
+  if (place == no_place) return 0;
+  const size_t wanted = group * places_ + place;
+  if (!starts_.empty()) return static_cast<int32_t>(starts_[wanted + 1] - starts_[wanted]);
+  return static_cast<int32_t>(std::count(appearances_.begin(), appearances_.end(), wanted));
 }
 
 std::vector<int32_t> DistanceLists::list(size_t group, size_t place) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "vestara/foundation/export.h"
@@ -16,9 +17,9 @@ VESTARA_API std::optional<int8_t> wheel_named(std::string_view name);
 VESTARA_API std::string_view wheel_code(int32_t wheel);
 VESTARA_API std::string_view wheel_name(int32_t wheel);
 
-/// Codes in the order of their enumerators, for messages.
-inline constexpr std::string_view wheel_choices = "BA, CA, FI, GE, MI, NA, PA, RM, TO, VE, RN";
-/// The ten wheels of the cities: what the game itself calls "tutte".
-inline constexpr std::string_view city_codes = "BA,CA,FI,GE,MI,NA,PA,RM,TO,VE";
+/// "BA, CA, …": all codes in the order of their enumerators, for messages.
+VESTARA_API std::string wheel_choices();
+/// "BA,CA,…,VE": the ten wheels of the cities, what the game itself calls "tutte".
+VESTARA_API std::string city_codes();
 
 }  // namespace vestara

@@ -69,7 +69,7 @@ std::optional<DrawRow> RowReader::read(const RowFields& fields, std::string& rea
   }
   const auto wheel = wheel_named(fields.wheel);
   if (!wheel) {
-    reason = shown(fields.wheel) + " is no wheel (" + std::string(wheel_choices) + ")";
+    reason = shown(fields.wheel) + " is no wheel (" + wheel_choices() + ")";
     return std::nullopt;
   }
   const auto contest = read_contest(fields.contest);

@@ -1,12 +1,18 @@
 #pragma once  // installed
 
 #include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "automation/error.h"
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
+#include "vestara/foundation/schema.h"
 
 namespace vestara {
 
@@ -35,6 +41,25 @@ class VESTARA_API DbConnector : public automation::Object {
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
+};
+
+/// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that
+/// a host brings need not be.
+class VESTARA_API ArchiveConnector : public DbConnector {
+ public:
+  /// Opens an archive by URL and changes nothing in it. One that was open is closed first.
+  virtual bool Open(const std::string& url) = 0;
+  virtual void Close() = 0;
+  /// Why the last failing call failed, in one line; "" when none failed since Open.
+  virtual std::string LastError() const = 0;
+  /// The same as an error, with its number, its kind and what the engine was asked; null when none failed since Open.
+  virtual std::shared_ptr<const automation::RunTimeError> LastFailure() const = 0;
+  /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
+  virtual bool CreateSchema() = 0;
+  /// Everything that is missing, none for a complete archive; nothing when the archive cannot be checked.
+  virtual std::optional<std::vector<SchemaGap>> SchemaGaps() = 0;
+  /// A line for everything that the engine itself finds wrong in the archive's file or tables; none for sound ones.
+  virtual std::vector<std::string> CheckFile() = 0;
 };
 
 }  // namespace vestara

@@ -31,7 +31,7 @@ Result trapped(std::string_view label, Result on_failure, Body&& body) {
   } catch (const std::bad_alloc&) {
     detail::log_trapped(label, automation::out_of_memory());
   } catch (const std::exception& error) {
-    detail::log_trapped(label, automation::RunTimeError(automation::unspecified_failure, error.what()));
+    detail::log_trapped(label, automation::failure(automation::FailureKind::unspecified, error.what()));
   }
   return on_failure;
 }

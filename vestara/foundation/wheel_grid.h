@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "vestara/foundation/schema.h"
 
 namespace vestara {
 
-inline constexpr int32_t wheel_count = 11;   ///< ten cities and the national wheel
-inline constexpr int32_t all_wheels = 12;    ///< as a wheel argument: no wheel in particular
-inline constexpr int32_t number_count = 90;  ///< numbers in the urn
-inline constexpr int32_t drawn_count = 5;    ///< numbers drawn on a wheel
+inline constexpr int32_t wheel_count = int32_t{wheel_aliases.size()};  ///< ten cities and the national wheel
+inline constexpr int32_t all_wheels = 12;                              ///< as a wheel argument: no wheel in particular
+inline constexpr int32_t number_count = 90;                            ///< numbers in the urn
+inline constexpr int32_t drawn_count = 5;                              ///< numbers drawn on a wheel
 
 /// One cell per wheel 1..11 and number 1..90, in one block. No cells until it is filled.
 template <class Cell>

@@ -6,49 +6,11 @@
 namespace vestara {
 namespace {
 
-using enum ValueKind;
-
-constexpr std::array<TableColumn, 9> draw_columns{{{"id", whole},
-                                                   {"dtEstr", date},
-                                                   {"ruota", text},
-                                                   {"estr1", small},
-                                                   {"estr2", small},
-                                                   {"estr3", small},
-                                                   {"estr4", small},
-                                                   {"estr5", small},
-                                                   {"concorsoNumero", whole}}};
-constexpr std::array<TableColumn, 8> search_columns{{{"idRicerca", whole},
-                                                     {"descRicerca", text},
-                                                     {"numeri", text},
-                                                     {"combinazione", small},
-                                                     {"ruote", text},
-                                                     {"dtSave", date},
-                                                     {"dtDa", date},
-                                                     {"dtA", date}}};
-constexpr std::array<TableColumn, 9> system_columns{{{"idSis", whole},
-                                                     {"titolo", text},
-                                                     {"descrizione", text},
-                                                     {"numeri", text},
-                                                     {"qtaNumeri", small},
-                                                     {"nGiocate", small},
-                                                     {"kColonne", small},
-                                                     {"garanzia", small},
-                                                     {"sisTipo", text}}};
-constexpr std::array<TableColumn, 3> detail_columns{{{"id", whole}, {"idSis", whole}, {"combinazione", text}}};
-constexpr std::array<TableColumn, 3> wheel_columns{
-    {{"enumeratore", whole}, {"enumeratoreBit", whole}, {"ruotaAlias", text}}};
-constexpr std::array<TableColumn, 1> mark_columns{{{"dtEstr", date}}};
-
-constexpr std::array<ArchiveTable, 5> known_tables{{{"storico", draw_columns},
-                                                    {"tRicerche", search_columns},
-                                                    {"tSistemi", system_columns},
-                                                    {"tSistemaDetail", detail_columns},
-                                                    {"ruote", wheel_columns}}};
-constexpr ArchiveTable marks{"vestara_manual_draws", mark_columns};
+constexpr std::array<TableColumn, 1> mark_columns{{{known_column::draw_day, ColumnKind::day}}};
+constexpr ArchiveTable marks{"vestara_manual_draws", mark_columns, KeySource::statement};
 
 }  // namespace
 
-std::span<const ArchiveTable> archive_tables() { return known_tables; }
 const ArchiveTable& marks_table() { return marks; }
 
 const ArchiveTable* archive_table(std::string_view name) {

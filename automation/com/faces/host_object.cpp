@@ -56,7 +56,7 @@ class HostObject final : public Object {
   Variant invoke(int32_t id, InvokeKind kind, std::span<Variant> arguments,
                  std::span<const std::string_view> names) override {
     const CallDepth inside(Caller::library);
-    if (!names.empty()) throw RunTimeError(446, "Object doesn't support named arguments");
+    if (!names.empty()) throw no_named_arguments();
     try {
       return call(id, kind, arguments, Reference::variant);
     } catch (const Unfit&) {
@@ -108,7 +108,7 @@ class HostObject final : public Object {
 
 Ref<Object> host_object(IUnknown* given) {
   auto dispatch = Pointer<IDispatch>::query(given);
-  if (!dispatch) throw RunTimeError(430, "Class does not support Automation or does not support expected interface");
+  if (!dispatch) throw no_automation();
   return make<HostObject>(std::move(dispatch));
 }
 

@@ -41,7 +41,7 @@ Frame::Frame(const ClassDescription& description, int32_t id, InvokeKind kind, c
   }
   // The new value of an assignment bears a name of its own and is the last argument anyway.
   if (given.cNamedArgs == 0 || (assigns(kind) && given.cNamedArgs == 1)) return;
-  if (assigns(kind)) throw RunTimeError(446, "Object doesn't support named arguments");
+  if (assigns(kind)) throw no_named_arguments();
   named_ = given.cNamedArgs;
   const auto parameters = member().parameters();
   for (size_t i = 0; i < named_; ++i) {

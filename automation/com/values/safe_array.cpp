@@ -43,7 +43,7 @@ VariantKind kind_of(VARTYPE element) {
 class Access {
  public:
   explicit Access(SAFEARRAY* array) : array_(array) {
-    if (FAILED(SafeArrayAccessData(array, &data_))) throw RunTimeError(10, "This array is fixed or temporarily locked");
+    if (FAILED(SafeArrayAccessData(array, &data_))) throw array_is_locked();
   }
   Access(const Access&) = delete;
   Access& operator=(const Access&) = delete;
@@ -93,7 +93,7 @@ struct Destroy {
 Array from_safe_array(SAFEARRAY* array) {
   if (!array) return {};
   VARTYPE type = VT_EMPTY;
-  if (FAILED(SafeArrayGetVartype(array, &type)) || size_of(type) == 0) throw RunTimeError(458);
+  if (FAILED(SafeArrayGetVartype(array, &type)) || size_of(type) == 0) throw unsupported_type();
   Array result(kind_of(type), bounds_of(array));
   if (result.items().empty()) return result;
   const Access elements(array);

@@ -85,7 +85,7 @@ VARIANT borrowed(const VARIANT& value) {
   if ((value.vt & VT_BYREF) == 0) return value;
   const VARTYPE type = value.vt & static_cast<VARTYPE>(~VT_BYREF);
   const size_t size = size_of(type);
-  if (!value.byref || size == 0) throw RunTimeError(458);
+  if (!value.byref || size == 0) throw unsupported_type();
   if (type == VT_VARIANT) return borrowed(*value.pvarVal);
   VARIANT plain;
   VariantInit(&plain);
@@ -141,7 +141,7 @@ Variant from_value(const VARIANT& given) {
     case VT_UNKNOWN:
       return take_in(value.punkVal);
     default:
-      throw RunTimeError(458);
+      throw unsupported_type();
   }
 }
 

@@ -68,7 +68,7 @@ Findings collation_findings(const ArchiveSession& session) {
   for (const ArchiveTable& table : archive_tables()) {
     if (!session.can_read(table)) continue;
     for (const TableColumn& column : table.columns)
-      if (column.kind == ValueKind::text && !can_compare(session, table, column.name))
+      if (holds_text(column.kind) && !can_compare(session, table, column.name))
         findings.push_back(
             {"texts of " + std::string(table.name) + "." + std::string(column.name) + " cannot be compared", 1,
              session.connector()->LastError(),

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 #include <string_view>
 
 #include "automation/text.h"
@@ -10,28 +9,31 @@
 namespace vestara::host {
 namespace {
 
-struct Kind {
-  std::string_view name;
+using Gaps = std::vector<SchemaGap>;
+
+struct KindWords {
+  SchemaGap::Kind kind;
   std::string_view what;
   std::string_view remedy;
 };
 
 constexpr std::string_view makes_them = "vestara call Dorvane.DbConnector CreateSchema, with the same --db, makes them";
 
-constexpr std::array<Kind, 4> kinds{{
-    {"table", "tables are missing", makes_them},
-    {"column", "columns are missing", "add them, or vestara export from the program that made the archive"},
-    {"index", "indexes are missing: answers are right, only slow", makes_them},
-    {"wheel", "wheels are missing from ruote", makes_them},
+constexpr std::array<KindWords, 4> kinds{{
+    {SchemaGap::Kind::table, "tables are missing", makes_them},
+    {SchemaGap::Kind::column, "columns are missing",
+     "add them, or vestara export from the program that made the archive"},
+    {SchemaGap::Kind::index, "indexes are missing: answers are right, only slow", makes_them},
+    {SchemaGap::Kind::wheel, "wheels are missing from ruote", makes_them},
 }};
 
-/// The names of what is missing, by kind: the connector writes "index NAME is missing" and more behind it.
-std::map<std::string, std::vector<std::string>, std::less<>> missing_names(const std::string& lines) {
-  std::map<std::string, std::vector<std::string>, std::less<>> names;
-  for (const std::string_view line : automation::split(lines, '\n')) {
-    const auto words = automation::split(line, ' ');
-    if (words.size() > 1) names[std::string(words[0])].emplace_back(words[1]);
-  }
+/// What is missing of one kind, columns behind their table.
+std::vector<std::string> names_of(const Gaps& gaps, SchemaGap::Kind kind) {
+  std::vector<std::string> names;
+  for (const SchemaGap& gap : gaps)
+    if (gap.kind == kind)
+      names.push_back(kind == SchemaGap::Kind::column ? automation::concatenated({gap.table, ".", gap.name})
+                                                      : std::string(gap.name));
   return names;
 }
 
@@ -43,14 +45,17 @@ std::string joined(const std::vector<std::string>& names) {
   return text;
 }
 
+bool lacks_of(const Gaps& gaps, const ArchiveTable& table) {
+  return std::any_of(gaps.begin(), gaps.end(), [&](const SchemaGap& gap) {
+    return gap.table == table.name && (gap.kind == SchemaGap::Kind::table || gap.kind == SchemaGap::Kind::column);
+  });
+}
+
 /// Tables that the schema has and yet cannot be read, for want of a right or a file that is damaged.
-void add_unreadable(const ArchiveSession& session, const std::string& missing, Findings& findings) {
+void add_unreadable(const ArchiveSession& session, const Gaps& gaps, Findings& findings) {
   for (const ArchiveTable& table : archive_tables()) {
-    const std::string name(table.name);
-    const bool is_known = missing.find("table " + name + " ") != std::string::npos ||
-                          missing.find("column " + name + ".") != std::string::npos;
-    if (is_known || session.can_read(table)) continue;
-    findings.push_back({"table " + name + " cannot be read", 1, session.connector()->LastError(),
+    if (lacks_of(gaps, table) || session.can_read(table)) continue;
+    findings.push_back({"table " + std::string(table.name) + " cannot be read", 1, session.connector()->LastError(),
                         "give the user the right to read it, or restore it"});
   }
 }
@@ -58,25 +63,26 @@ void add_unreadable(const ArchiveSession& session, const std::string& missing, F
 }  // namespace
 
 Findings schema_findings(const ArchiveSession& session) {
-  const std::string missing = session.connector()->CheckSchema();
-  const auto names = missing_names(missing);
+  const auto known = session.connector()->SchemaGaps();
+  const Gaps gaps = known.value_or(Gaps());
   Findings findings;
-  for (const Kind& kind : kinds)
-    if (const auto found = names.find(kind.name); found != names.end())
-      findings.push_back({std::string(kind.what), static_cast<int64_t>(found->second.size()), joined(found->second),
-                          std::string(kind.remedy)});
-  if (findings.empty() && !missing.empty())
-    findings.push_back({missing, 1, session.connector()->LastError(), "see what the database says"});
-  add_unreadable(session, missing, findings);
+  for (const KindWords& kind : kinds)
+    if (const auto names = names_of(gaps, kind.kind); !names.empty())
+      findings.push_back(
+          {std::string(kind.what), static_cast<int64_t>(names.size()), joined(names), std::string(kind.remedy)});
+  if (!known)
+    findings.push_back(
+        {"the archive cannot be checked", 1, session.connector()->LastError(), "see what the database says"});
+  add_unreadable(session, gaps, findings);
   return findings;
 }
 
 std::string missing_tables(const ArchiveSession& session) {
-  const auto names = missing_names(session.connector()->CheckSchema());
+  const Gaps gaps = session.connector()->SchemaGaps().value_or(Gaps());
   std::string text;
-  for (const std::string_view kind : {"table", "column"})
-    if (const auto found = names.find(kind); found != names.end())
-      text.append(text.empty() ? "" : ", ").append(kind).append(" ").append(joined(found->second));
+  if (const auto tables = names_of(gaps, SchemaGap::Kind::table); !tables.empty()) text = "table " + joined(tables);
+  if (const auto columns = names_of(gaps, SchemaGap::Kind::column); !columns.empty())
+    text.append(text.empty() ? "" : ", ").append("column ").append(joined(columns));
   return text.empty() ? session.connector()->LastError() : text + " missing";
 }
 

@@ -37,7 +37,7 @@ size_t top_value(const NumberArguments& given) {
 
 int16_t wheel_value(const std::string& text) {
   if (const auto wheel = wheel_named(text)) return *wheel;
-  throw Failure(ExitCode::usage, "--wheel " + shown(text) + " is not known; wheels are " + std::string(wheel_choices) +
+  throw Failure(ExitCode::usage, "--wheel " + shown(text) + " is not known; wheels are " + wheel_choices() +
                                      "; without it, all of them together");
 }
 

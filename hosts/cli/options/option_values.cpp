@@ -94,8 +94,8 @@ int16_t hits_value(const std::string& text) {
 
 WheelSelection wheels_value(const std::string& text) {
   if (automation::equal_ignoring_case(text, "all")) return {};
-  if (automation::equal_ignoring_case(text, "cities")) return {false, std::string(city_codes)};
-  const std::string right = "wheels are " + std::string(wheel_choices) + ", or all, or cities";
+  if (automation::equal_ignoring_case(text, "cities")) return {false, city_codes()};
+  const std::string right = "wheels are " + wheel_choices() + ", or all, or cities";
   WheelSelection selection{false, {}};
   std::array<bool, wheel_count + 1> taken{};
   for (const std::string_view piece : automation::split(text, ',')) {

@@ -83,7 +83,7 @@ std::vector<int32_t> appearance_days(const ArchiveSession& session, const GapQue
 DrawRange range_of(const GapQuestion& question) {
   WheelSelection wheels;
   if (question.wheel != 0) wheels = {false, std::string(wheel_code(question.wheel))};
-  if (question.without_national) wheels = {false, std::string(city_codes)};
+  if (question.without_national) wheels = {false, city_codes()};
   return {wheels, question.from, question.to};
 }
 

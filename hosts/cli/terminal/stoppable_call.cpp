@@ -9,7 +9,7 @@ namespace vestara::host {
 
 StoppableCall::StoppableCall()
     : before_(automation::set_yield_hook([] {
-        if (Interruption::requested()) throw automation::RunTimeError(automation::unspecified_failure, "interrupted");
+        if (Interruption::requested()) throw automation::failure(automation::FailureKind::interrupted, "interrupted");
       })) {}
 
 StoppableCall::~StoppableCall() { automation::set_yield_hook(std::move(before_)); }

@@ -21,12 +21,14 @@ bool fits(double number) {
   return number >= std::numeric_limits<Limits>::min() && number <= std::numeric_limits<Limits>::max();
 }
 
-std::string number_literal(const automation::Variant& value, ValueKind kind) {
+bool is_small(ColumnKind kind) { return kind == ColumnKind::small || kind == ColumnKind::number; }
+
+std::string number_literal(const automation::Variant& value, ColumnKind kind) {
   if (value.get_if<automation::Date>() || !automation::is_numeric(value)) throw unfit(value, "no number");
   const double number = automation::to_double(value);
   if (number != std::trunc(number)) throw unfit(value, "no whole number");
   if (!fits<int32_t>(number)) throw unfit(value, "beyond 32 bits");
-  if (kind == ValueKind::small && !fits<int16_t>(number)) throw unfit(value, "beyond 16 bits");
+  if (is_small(kind) && !fits<int16_t>(number)) throw unfit(value, "beyond 16 bits");
   return std::to_string(static_cast<int32_t>(number));
 }
 
@@ -46,16 +48,10 @@ std::string text_literal(const automation::Variant& value) {
 
 }  // namespace
 
-std::string value_literal(const automation::Variant& value, ValueKind kind) {
+std::string value_literal(const automation::Variant& value, ColumnKind kind) {
   if (value.is_null() || value.is_empty()) return "NULL";
-  switch (kind) {
-    case ValueKind::date:
-      return date_literal(value);
-    case ValueKind::text:
-      return text_literal(value);
-    default:
-      return number_literal(value, kind);
-  }
+  if (holds_date(kind)) return date_literal(value);
+  return holds_text(kind) ? text_literal(value) : number_literal(value, kind);
 }
 
 }  // namespace vestara

@@ -16,6 +16,6 @@ struct UnfitValue : std::runtime_error {
 
 /// A value as statements write it, in one spelling whatever engine it comes from: 5, NULL, '2005-02-09',
 /// '2005-02-09 21:30:00', 'it''s'. Equal values have equal literals. Throws UnfitValue.
-VESTARA_API std::string value_literal(const automation::Variant& value, ValueKind kind);
+VESTARA_API std::string value_literal(const automation::Variant& value, ColumnKind kind);
 
 }  // namespace vestara

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "dorvane/insert_values.h"
+#include "dorvane/sqlite/handles.h"
+#include "dorvane/sqlite/session.h"
+
+namespace dorvane::sqlite {
+
+/// Inserts rows of literals by a prepared statement, and keeps that for the next ones: an import sends the same
+/// statement many times with other literals.
+class InsertCache {
+ public:
+  explicit InsertCache(Session& session) : session_(session) {}
+
+  /// All rows or none. Raises RunTimeError with the engine's reason.
+  void insert(const InsertValues& rows);
+  /// Before the session changes its file or ends.
+  void forget() { statement_ = nullptr; }
+
+ private:
+  void prepare_for(const InsertValues& rows);
+  void insert_each(const InsertValues& rows);
+  void bind(int place, const Literal& literal);
+
+  Session& session_;
+  Statement statement_;
+  std::string head_;
+  size_t columns_ = 0;
+};
+
+}  // namespace dorvane::sqlite

@@ -1,0 +1,61 @@
+#include "dorvane/sqlite/insert_cache.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "automation/error.h"
+
+namespace dorvane::sqlite {
+namespace {
+
+class InsertCacheTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const FileSettings settings = file_settings(parse_url("sqlite::memory:"));
+    session_.attach(open_file(settings), settings);
+    session_.run("CREATE TABLE t(a TEXT, b INTEGER CHECK(b<100))", Permission::anything);
+  }
+
+  static InsertValues rows_of(std::vector<Literal> literals) {
+    return {"INSERT INTO t(a,b)VALUES", 2, std::move(literals)};
+  }
+  static Literal text(std::string_view value) { return {Literal::Kind::text, 0, value}; }
+  static Literal whole(int64_t value) { return {Literal::Kind::whole, value, {}}; }
+
+  std::vector<std::string> stored() {
+    return session_.column_of("SELECT coalesce(a,'Null')||' '||coalesce(b,'Null') FROM t ORDER BY rowid");
+  }
+
+  Session session_;
+  InsertCache cache_{session_};
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(InsertCacheTest, RowsOfLiteralsAreStored) {
+  cache_.insert(rows_of({text("x"), whole(1)}));
+  cache_.insert(rows_of({text(""), {}, {}, whole(2)}));
+  EXPECT_EQ(stored(), (Lines{"x 1", " Null", "Null 2"}));
+  cache_.insert({"INSERT INTO t(b)VALUES", 1, {whole(3)}});
+  EXPECT_EQ(stored().back(), "Null 3");
+}
+
+TEST_F(InsertCacheTest, AllRowsOrNone) {
+  EXPECT_THROW(cache_.insert(rows_of({text("x"), whole(1), text("y"), whole(100)})), automation::RunTimeError);
+  EXPECT_EQ(stored(), Lines());
+  EXPECT_FALSE(session_.is_inside_transaction());
+  cache_.insert(rows_of({text("x"), whole(1)}));
+  EXPECT_EQ(stored(), Lines{"x 1"});
+}
+
+TEST_F(InsertCacheTest, AValueThatTheEngineDoesNotTakeIsNoNull) {
+  const std::string longer(200, 'x');
+  sqlite3_limit(session_.database(), SQLITE_LIMIT_LENGTH, 100);
+  EXPECT_THROW(cache_.insert(rows_of({text(longer), whole(1)})), automation::RunTimeError);
+  EXPECT_EQ(stored(), Lines());
+}
+
+}  // namespace
+}  // namespace dorvane::sqlite
