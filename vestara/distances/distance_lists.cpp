@@ -39,7 +39,9 @@ void DistanceLists::end_load() {
 }
 
 int32_t DistanceLists::count(size_t group, size_t place) const {
-  return static_cast<int32_t>(list(group, place).size());
+  if (place == no_place || starts_.empty()) return static_cast<int32_t>(list(group, place).size());
+  const size_t wanted = group * places_ + place;
+  return static_cast<int32_t>(starts_[wanted + 1] - starts_[wanted]);
 }
 
 std::vector<int32_t> DistanceLists::list(size_t group, size_t place) const {
