@@ -14,15 +14,18 @@ set(public_headers
     automation/in_out.h automation/int16.h automation/member.h automation/object.h automation/ref.h
     automation/registration.h automation/registry.h automation/report.h automation/text.h automation/variant.h automation/yield.h
     vestara/foundation/combination_walk.h vestara/foundation/connector.h vestara/foundation/date_order.h vestara/foundation/error_log.h vestara/foundation/recordset.h
-    vestara/foundation/schema.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
+    vestara/foundation/schema.h vestara/foundation/selection.h vestara/foundation/sql_text.h vestara/foundation/wheel_grid.h
     vestara/foundation/wheels.h
-    vestara/archive/draw_record.h vestara/archive/history_text.h vestara/archive/hit_counters.h vestara/archive/lotto.h vestara/archive/search_text.h
-    vestara/distances/gap_list.h vestara/distances/gap_text.h vestara/distances/hit_distances.h
-    vestara/distances/distance_lists.h vestara/distances/distance_walk.h vestara/distances/number_distances.h
+    vestara/archive/archive_text.h vestara/archive/draw_record.h
+    vestara/archive/hit_counters.h vestara/archive/hit_search.h vestara/archive/lotto.h vestara/archive/search_text.h
+    vestara/distances/deviation.h vestara/distances/gap_list.h vestara/distances/gap_text.h vestara/distances/hit_distances.h
+    vestara/distances/distance_lists.h vestara/distances/distance_text.h vestara/distances/distance_walk.h vestara/distances/number_distances.h
     vestara/frequency/analytic_scan.h vestara/frequency/analytic_table.h vestara/frequency/frequency.h
-    vestara/frequency/ranking.h
+    vestara/frequency/loads.h vestara/frequency/ranking.h
     vestara/statistics/combinations.h vestara/statistics/statistics.h
-    vestara/systems/catalogue_text.h vestara/systems/combination_text.h vestara/systems/integral.h
+    vestara/draws/draw_row.h vestara/draws/wheel_names.h vestara/keeping/catalogue_text.h vestara/keeping/draw_changes.h
+    vestara/keeping/history_text.h vestara/keeping/saved_search_text.h
+    vestara/keeping/saved_searches.h vestara/keeping/saved_systems.h vestara/systems/combination_text.h vestara/systems/integral.h
     vestara/systems/number_sets.h vestara/systems/systems.h
     dorvane/connector.h dorvane/home_process.h)
 foreach(header ${public_headers})

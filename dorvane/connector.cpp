@@ -164,6 +164,13 @@ bool DbConnector::ExecuteSql(std::string_view statement) {
   });
 }
 
+bool DbConnector::InsertRows(const vestara::NewRows& rows) {
+  return guarded(false, [&] {
+    connection().insert(rows);
+    return true;
+  });
+}
+
 int32_t DbConnector::GetMaxId(std::string_view table, std::string_view column) {
   return guarded(0, [&] { return connection().max_id(table, column); });
 }

@@ -254,63 +254,80 @@ Ref<StaticRecordSet> SqliteConnection::started(std::string_view statement) {
   return rows;
 }
 
-void SqliteConnection::execute(std::string_view statement) {
-  transaction_.require_not_lost();
-  const bool recognised = recognise_insert(statement, syntax, values_);
-  if (!recognised) guard_.require_change(statement);
+template <class Change>
+void SqliteConnection::change(bool alters_tables, Change&& body) {
   complete_record_sets();
   const int changed_before = sqlite3_total_changes(database_.get());
   StatementClock clock(settings_.changing_limit);
   const RunningClock running(running_, clock);
-  noticing_loss([&] {
+  noticing_loss(std::forward<Change>(body));
+  if (alters_tables || sqlite3_total_changes(database_.get()) != changed_before) transaction_.changed();
+}
+
+void SqliteConnection::execute(std::string_view statement) {
+  transaction_.require_not_lost();
+  const bool recognised = recognise_insert(statement, syntax, values_);
+  if (!recognised) guard_.require_change(statement);
+  change(!recognised && changes_tables(statement, syntax), [&] {
     if (recognised)
-      insert_rows(values_);
+      insert_rows(values_.head, values_.columns, values_.literals);
     else if (empties_the_archive(statement, syntax))
       empty_archive(statement);
     else
       run(translate(statement), Permission::change);
   });
-  if (sqlite3_total_changes(database_.get()) != changed_before || changes_tables(statement, syntax))
-    transaction_.changed();
 }
 
-void SqliteConnection::insert_rows(const InsertValues& rows) {
+void SqliteConnection::insert(const vestara::NewRows& rows) {
+  transaction_.require_not_lost();
+  const std::string head = insert_head(rows);
+  if (rows.values.empty()) return;
+  change(false, [&] { insert_rows(head, rows.columns.size(), rows.values); });
+}
+
+namespace {
+
+void bind(sqlite3_stmt* insert, int place, const Literal& value) {
+  switch (value.kind) {
+    case Literal::Kind::null:
+      sqlite3_bind_null(insert, place);
+      break;
+    case Literal::Kind::whole:
+      sqlite3_bind_int64(insert, place, value.number);
+      break;
+    case Literal::Kind::text:
+      // A view of nothing may have no bytes to point at, and would be bound as NULL.
+      sqlite3_bind_text(insert, place, value.text.empty() ? "" : value.text.data(), static_cast<int>(value.text.size()),
+                        SQLITE_STATIC);
+  }
+}
+
+}  // namespace
+
+void SqliteConnection::insert_rows(std::string_view head, size_t columns, std::span<const Literal> values) {
   const Permitting permitting(*this, Permission::change);
-  sqlite3_stmt* const insert = insert_statement(rows);
+  sqlite3_stmt* const prepared = insert_statement(head, columns);
   const auto insert_all = [&] {
-    auto literal = rows.literals.begin();
-    for (size_t row = 0; row < rows.rows(); ++row) {
-      for (int place = 1; place <= static_cast<int>(rows.columns); ++place, ++literal) {
-        switch (literal->kind) {
-          case Literal::Kind::null:
-            sqlite3_bind_null(insert, place);
-            break;
-          case Literal::Kind::whole:
-            sqlite3_bind_int64(insert, place, literal->number);
-            break;
-          case Literal::Kind::text:
-            sqlite3_bind_text(insert, place, literal->text.data(), static_cast<int>(literal->text.size()),
-                              SQLITE_STATIC);
-        }
-      }
-      const int code = sqlite3_step(insert);
-      sqlite3_reset(insert);
-      require_ok(code, database_.get(), rows.head);
+    for (auto rest = values; !rest.empty(); rest = rest.subspan(columns)) {
+      for (size_t i = 0; i < columns; ++i) bind(prepared, static_cast<int>(i + 1), rest[i]);
+      const int code = sqlite3_step(prepared);
+      sqlite3_reset(prepared);
+      require_ok(code, database_.get(), head);
     }
   };
-  if (rows.rows() == 1)
+  if (values.size() == columns)
     insert_all();
   else
     atomically(insert_all);
 }
 
-sqlite3_stmt* SqliteConnection::insert_statement(const InsertValues& rows) {
-  if (insert_ && insert_columns_ == rows.columns && insert_head_ == rows.head) return insert_.get();
-  std::string text(rows.head);
-  for (size_t i = 0; i < rows.columns; ++i) text += i == 0 ? "(?" : ",?";
+sqlite3_stmt* SqliteConnection::insert_statement(std::string_view head, size_t columns) {
+  if (insert_ && insert_columns_ == columns && insert_head_ == head) return insert_.get();
+  std::string text(head);
+  for (size_t i = 0; i < columns; ++i) text += i == 0 ? "(?" : ",?";
   insert_ = prepare(text + ")", Permission::change);
-  insert_head_ = rows.head;
-  insert_columns_ = rows.columns;
+  insert_head_ = head;
+  insert_columns_ = columns;
   return insert_.get();
 }
 

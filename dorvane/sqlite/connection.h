@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,6 +32,7 @@ class SqliteConnection final : public Connection {
 
   automation::Ref<StaticRecordSet> query(std::string_view statement) override;
   void execute(std::string_view statement) override;
+  void insert(const vestara::NewRows& rows) override;
   int32_t max_id(std::string_view table, std::string_view column) override;
   void begin() override;
   void commit() override;
@@ -76,8 +78,12 @@ class SqliteConnection final : public Connection {
   template <class Body>
   void noticing_loss(Body&& body);
 
-  void insert_rows(const InsertValues& rows);
-  sqlite3_stmt* insert_statement(const InsertValues& rows);
+  /// Runs a change of the host's within its time, and notes what became of the transaction.
+  template <class Change>
+  void change(bool alters_tables, Change&& body);
+  /// Steps a prepared "INSERT … VALUES(?,…)" for every row; `head` is its text up to VALUES.
+  void insert_rows(std::string_view head, size_t columns, std::span<const Literal> values);
+  sqlite3_stmt* insert_statement(std::string_view head, size_t columns);
 
   bool owns_indexes();
   bool was_left_without_indexes();

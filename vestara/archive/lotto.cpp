@@ -16,7 +16,7 @@
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheels.h"
-#include "vestara/archive/history_import.h"
+#include "vestara/keeping/history_import.h"
 
 namespace vestara {
 

@@ -1,4 +1,4 @@
-#include "hosts/cli/draws/wheel_names.h"
+#include "vestara/draws/wheel_names.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "automation/text.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 TEST(WheelNames, MapsEveryVariant) {
@@ -64,4 +64,4 @@ TEST(WheelNames, CodesAndNamesLeadBack) {
 }
 
 }  // namespace
-}  // namespace vestara::host
+}  // namespace vestara

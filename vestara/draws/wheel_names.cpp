@@ -1,10 +1,10 @@
-#include "hosts/cli/draws/wheel_names.h"
+#include "vestara/draws/wheel_names.h"
 
 #include <array>
 
 #include "automation/text.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 struct WheelNames {
@@ -47,4 +47,4 @@ std::optional<int8_t> wheel_named(std::string_view name) {
 std::string_view wheel_code(int32_t wheel) { return known_wheels.at(static_cast<size_t>(wheel - 1)).code; }
 std::string_view wheel_name(int32_t wheel) { return known_wheels.at(static_cast<size_t>(wheel - 1)).name; }
 
-}  // namespace vestara::host
+}  // namespace vestara
