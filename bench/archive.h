@@ -12,7 +12,7 @@
 
 #include "automation/ref.h"
 #include "dorvane/connector.h"
-#include "vestara/archive/history_text.h"
+#include "vestara/keeping/history_text.h"
 
 // The archive that the workloads run on: the real one when the environment variable VESTARA_REAL_ARCHIVE names its
 // CSV, otherwise a synthetic one of the same size.

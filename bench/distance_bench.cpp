@@ -50,8 +50,7 @@ int main() {
   // 15 ns a pair, where the bare engine takes 16.5 ms for the archive.
   constexpr double goal = 1.95;
   const bench::LoadedArchive archive("distance", bench::archive_tuples());
-  const automation::Variant none = automation::Missing{};
-  const std::string statement = vestara::wheel_draws_statement({none, none, vestara::DateOrder::newest_first}, {});
+  const std::string statement = vestara::wheel_draws_statement({}, {});
   vestara::cDistanze2 distances;
   distances.ActiveConnection(archive.connector());
 

@@ -15,17 +15,16 @@
 namespace {
 
 double measure(const std::string& size, const bench::LoadedArchive& archive, automation::Date newest) {
-  const automation::Variant none = automation::Missing{};
   vestara::cFrequenza frequency;
   frequency.ActiveConnection(archive.connector());
   const std::function<void()> load_delays = [&] {
     frequency.LoadRitardi();
     if (frequency.GetRitNum(1, automation::Variant(int16_t{1})) < 0) bench::stop("no delay");
   };
-  const std::string delays = vestara::delay_statement({{}, none, none});
+  const std::string delays = vestara::delay_statement({}, vestara::PeriodBinding::every_wheel);
   bench::compare(
       "delay scan, " + size, 0.05, [&] { bench::step_all(archive.bare(), delays); }, load_delays);
-  const std::string counts = vestara::frequency_statement({{}, none, none});
+  const std::string counts = vestara::frequency_statement({}, vestara::PeriodBinding::every_wheel);
   bench::compare(
       "frequency load, " + size, 1.15, [&] { bench::step_all(archive.bare(), counts); },
       [&] {

@@ -1,6 +1,5 @@
 #include <string>
 
-#include "automation/text.h"
 #include "bench/archive.h"
 #include "bench/harness.h"
 #include "vestara/distances/gap_text.h"
@@ -14,23 +13,20 @@ struct Workload {
   const char* name;
   const char* numbers;
   int16_t hits;
-  const char* quoted_wheels;
   const char* wheels;
 };
 
 constexpr Workload workloads[] = {
-    {"one number, one wheel", "53", 1, "'VE'", "VE"},
-    {"five numbers, all wheels", "5,12,33,47,90", 2, "", ""},
-    {"twenty numbers, all wheels", "1,2,3,4,5,6,7,8,9,10,41,42,43,44,45,46,47,48,49,50", 1, "", ""}};
+    {"one number, one wheel", "53", 1, "VE"},
+    {"five numbers, all wheels", "5,12,33,47,90", 2, ""},
+    {"twenty numbers, all wheels", "1,2,3,4,5,6,7,8,9,10,41,42,43,44,45,46,47,48,49,50", 1, ""}};
 
 void measure(const std::string& size, const bench::LoadedArchive& archive) {
   vestara::cDistanze distances;
   distances.ActiveConnection(archive.connector());
-  const automation::Variant no_bound = automation::Missing{};
   for (const Workload& workload : workloads) {
-    const std::string statement =
-        vestara::gap_statement({workload.numbers, workload.hits, automation::split(workload.quoted_wheels, ','),
-                                no_bound, no_bound, vestara::DateOrder::newest_first});
+    const std::string statement = vestara::gap_statement(
+        {workload.numbers, workload.hits, {vestara::WheelFilter::listed(workload.wheels), {}, {}}});
     bench::compare(
         "gap query, " + size + ", " + workload.name, 1.20, [&] { bench::step_all(archive.bare(), statement); },
         [&] {

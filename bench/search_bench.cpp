@@ -56,15 +56,11 @@ int main() {
     for (const char* wheel : {"VE", ""}) {
       const int16_t hits = list_sizes[i] > 1 ? 2 : 1;
       const bool all = *wheel == '\0';
-      const automation::Variant no_bound = automation::Missing{};
-      const vestara::SearchQuestion question{
-          number_lists[i],
-          hits,
-          all ? std::vector<std::string_view>{} : std::vector<std::string_view>{"'VE'"},
-          no_bound,
-          no_bound,
-          vestara::DrawChoice::hits,
-          vestara::DateOrder::newest_first};
+      const vestara::SearchQuestion question{number_lists[i],
+                                             hits,
+                                             {vestara::WheelFilter::listed(wheel), {}, {}},
+                                             vestara::DrawChoice::hits,
+                                             vestara::DateOrder::newest_first};
       const std::string counting = vestara::counting_statement(question);
       const std::string dates = vestara::dates_statement(question);
       bench::compare(

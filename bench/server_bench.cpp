@@ -16,7 +16,6 @@
 
 namespace {
 
-using automation::Missing;
 using automation::Ref;
 
 struct Server {
@@ -98,9 +97,7 @@ class Workloads {
                                   {"10 numbers, all wheels", "1,2,3,4,5,6,7,8,9,10", 3, ""}}) {
       const vestara::SearchQuestion question{asked.numbers,
                                              asked.hits,
-                                             wheels(asked.wheel),
-                                             Missing{},
-                                             Missing{},
+                                             {vestara::WheelFilter::listed(asked.wheel), {}, {}},
                                              vestara::DrawChoice::hits,
                                              vestara::DateOrder::newest_first};
       const std::string counting = vestara::counting_statement(question);
@@ -120,7 +117,7 @@ class Workloads {
   void delay_load() {
     vestara::cFrequenza frequency;
     frequency.ActiveConnection(connector_);
-    const std::string statement = vestara::delay_statement({{}, Missing{}, Missing{}});
+    const std::string statement = vestara::delay_statement({}, vestara::PeriodBinding::every_wheel);
     compare(
         "delay load", 1.15, [&] { bare_->read(statement); },
         [&] {
@@ -133,9 +130,6 @@ class Workloads {
   void report(const char* what, const std::function<void()>& work) const {
     std::printf("%s, %s %.1f s\n", name_.c_str(), what, bench::milliseconds(work) / 1000);
     std::fflush(stdout);
-  }
-  static std::vector<std::string_view> wheels(std::string_view wheel) {
-    return wheel.empty() ? std::vector<std::string_view>{} : std::vector<std::string_view>{"'VE'"};
   }
   void require(bool done) const {
     if (!done) bench::stop(connector_->LastError());

@@ -9,6 +9,7 @@
 #include "automation/ref.h"
 #include "dorvane/url.h"
 #include "records/static_recordset.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/schema.h"
 
 namespace dorvane {
@@ -27,6 +28,8 @@ class Connection {
   virtual automation::Ref<records::StaticRecordSet> query(std::string_view statement) = 0;
   /// One writing statement.
   virtual void execute(std::string_view statement) = 0;
+  /// Rows as values: all of them or none.
+  virtual void insert(const vestara::NewRows& rows) = 0;
   /// 0 for an empty table.
   virtual int32_t max_id(std::string_view table, std::string_view column) = 0;
 

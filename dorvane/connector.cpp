@@ -187,6 +187,13 @@ bool DbConnector::ExecuteSql(std::string_view statement) {
   return trapped([&] { connection().execute(statement); });
 }
 
+bool DbConnector::InsertRows(const vestara::NewRows& rows) {
+  return guarded(false, [&] {
+    connection().insert(rows);
+    return true;
+  });
+}
+
 int32_t DbConnector::GetMaxId(std::string_view table, std::string_view column) {
   return result_of([&] { return connection().max_id(table, column); }, 0);
 }

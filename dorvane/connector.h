@@ -60,7 +60,7 @@ class FailureNote;
 /// A record set of the embedded database reads on as it is walked: the first hundred rows are there before
 /// OpenRecordset and GetRecordset answer, and a failure among them is False or nothing. A later one is raised by the
 /// move that meets it, and LastError has it then. Record sets of servers are complete when they are handed out.
-class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
+class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private vestara::RowInserter {
  public:
   DbConnector();
   ~DbConnector() override;
@@ -102,8 +102,10 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector {
   /// Raises an error when the transaction could not be kept: it is then rolled back.
   void CommitTrans() override;
   void RollbackTrans() override;
+  vestara::RowInserter* row_inserter() override { return this; }
 
  private:
+  bool InsertRows(const vestara::NewRows& rows) override;
   template <class Body>
   bool trapped(Body&& body);
   template <class Result, class Body>

@@ -1,5 +1,9 @@
 #include "dorvane/insert_values.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "automation/error.h"
 #include "automation/text.h"
 
 namespace dorvane {
@@ -78,7 +82,7 @@ class TupleReader {
     const auto length = static_cast<size_t>(at_ - begin);
     ++at_;
     if (at_ != end_ && *at_ == '\'') return false;
-    result_.literals.push_back({Literal::Kind::text, 0, std::string_view(begin, length)});
+    result_.literals.push_back(Literal::of(std::string_view(begin, length)));
     return true;
   }
 
@@ -89,7 +93,7 @@ class TupleReader {
       if (digits == most_digits) return false;
       value = value * 10 + (*at_ - '0');
     }
-    result_.literals.push_back({Literal::Kind::whole, value, {}});
+    result_.literals.push_back(Literal::of(value));
     return true;
   }
 
@@ -118,6 +122,63 @@ bool recognise_insert(std::string_view statement, const Syntax& syntax, InsertVa
   result.columns = 0;
   result.literals.clear();
   return TupleReader(statement.substr(head), result).read_all();
+}
+
+namespace {
+
+using automation::RunTimeError;
+
+void append_literal(std::string& text, const Literal& value) {
+  switch (value.kind) {
+    case Literal::Kind::null:
+      text += "NULL";
+      break;
+    case Literal::Kind::whole:
+      text += std::to_string(value.number);
+      break;
+    case Literal::Kind::text:
+      text += '\'';
+      for (const char c : value.text) text.append(c == '\'' ? 2 : 1, c);
+      text += '\'';
+  }
+}
+
+void require_word(std::string_view name) {
+  const bool plain = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+    return automation::is_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+  });
+  if (!plain)
+    throw RunTimeError(5, automation::concatenated({"rows go into tables and columns with plain names, not ", name}));
+}
+
+}  // namespace
+
+std::string insert_head(const vestara::NewRows& rows) {
+  require_word(rows.table);
+  if (rows.columns.empty() || rows.values.size() % rows.columns.size() != 0)
+    throw RunTimeError(5, "the values make no whole rows: each needs one for every column");
+  for (const Literal& value : rows.values)
+    if (value.text.find('\0') != std::string_view::npos) throw RunTimeError(5, "a text holds a NUL character");
+  std::string head = automation::concatenated({"INSERT INTO ", rows.table});
+  char joint = '(';
+  for (const std::string_view column : rows.columns) {
+    require_word(column);
+    head.append(1, joint).append(column);
+    joint = ',';
+  }
+  return head += ")VALUES";
+}
+
+std::string insert_text(std::string head, std::span<const Literal> values, size_t columns) {
+  constexpr size_t usual_value = 8;
+  std::string text = std::move(head);
+  text.reserve(text.size() + values.size() * usual_value);
+  for (size_t i = 0; i < values.size(); ++i) {
+    const bool begins = i % columns == 0;
+    text += begins ? (i == 0 ? "(" : "),(") : ",";
+    append_literal(text, values[i]);
+  }
+  return text += ')';
 }
 
 }  // namespace dorvane

@@ -4,6 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "automation/error.h"
 
 namespace dorvane {
 namespace {
@@ -65,6 +68,54 @@ TEST(InsertValues, LeavesEverythingElseToTheEngine) {
     EXPECT_FALSE(recognise_insert(text, Syntax{.bracket_names = true}, values)) << text;
   using namespace std::string_view_literals;
   EXPECT_FALSE(recognise_insert("INSERT INTO t(a)VALUES('a\0b')"sv, Syntax{.bracket_names = true}, values));
+}
+
+using Names = std::vector<std::string_view>;
+using Values = std::vector<Literal>;
+
+/// The statement of these rows, or the number of the error.
+std::string text_of(std::string_view table, const Names& columns, const Values& values) {
+  try {
+    return insert_text(insert_head({table, columns, values}), values, columns.size());
+  } catch (const automation::RunTimeError& error) {
+    return std::to_string(error.number());
+  }
+}
+
+TEST(InsertText, SaysTheSameAsTheValues) {
+  using namespace std::string_view_literals;
+  const struct {
+    std::string_view table;
+    Names columns;
+    Values values;
+    const char* expected;
+  } rows[] = {{"t", {"a"}, {Literal::of(7)}, "INSERT INTO t(a)VALUES(7)"},
+              {"t", {"a"}, {Literal::of(-7)}, "INSERT INTO t(a)VALUES(-7)"},
+              {"t_1", {"a", "B"}, {Literal::of("x"), {}}, "INSERT INTO t_1(a,B)VALUES('x',NULL)"},
+              {"t", {"a"}, {Literal::of("it's"), Literal::of("")}, "INSERT INTO t(a)VALUES('it''s'),('')"},
+              {"t", {"a"}, {Literal::of("a\\b")}, "INSERT INTO t(a)VALUES('a\\b')"},
+              {"t", {"a", "b"}, {Literal::of(1)}, "5"},
+              {"t", {}, {Literal::of(1)}, "5"},
+              {"t(a)VALUES(1);--", {"a"}, {Literal::of(1)}, "5"},
+              {"", {"a"}, {Literal::of(1)}, "5"},
+              {"t", {"a)VALUES((SELECT 1"}, {Literal::of(1)}, "5"},
+              {"t", {"a"}, {Literal::of("a\0b"sv)}, "5"}};
+  for (const auto& row : rows) EXPECT_EQ(text_of(row.table, row.columns, row.values), row.expected) << row.table;
+}
+
+TEST(InsertText, IsRecognisedAsItsValues) {
+  const Names columns{"n", "t"};
+  const Values values{Literal::of(1), Literal::of("x"), {}, Literal::of("")};
+  const std::string text = insert_text("INSERT INTO t(n,t)VALUES", values, columns.size());
+  InsertValues read;
+  ASSERT_TRUE(recognise_insert(text, Syntax{.bracket_names = true}, read));
+  EXPECT_EQ(read.head, insert_head({"t", columns, values}));
+  ASSERT_EQ(read.literals.size(), values.size());
+  for (size_t i = 0; i < values.size(); ++i) {
+    EXPECT_EQ(read.literals[i].kind, values[i].kind) << i;
+    EXPECT_EQ(read.literals[i].number, values[i].number) << i;
+    EXPECT_EQ(read.literals[i].text, values[i].text) << i;
+  }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/error.h"
+#include "dorvane/insert_values.h"
 #include "dorvane/result_names.h"
 #include "dorvane/server_error.h"
 #include "dorvane/statement.h"
@@ -99,6 +100,17 @@ void ServerConnection::execute(std::string_view statement) {
   if (rows != 0 || changes) transaction_.changed();
   emptied_ = emptied_ || empties;
   if (transaction_.is_none()) finish_emptied();
+}
+
+/// Names are translated, values are not: what is set up for a session makes a backslash in a literal mean itself.
+void ServerConnection::insert(const vestara::NewRows& rows) {
+  require_usable();
+  require_writable();
+  std::string head = dialect_.translate(insert_head(rows));
+  if (rows.values.empty()) return;
+  const std::string statement = insert_text(std::move(head), rows.values, rows.columns.size());
+  atomically([&] { run(statement); });
+  transaction_.changed();
 }
 
 void ServerConnection::define(std::string_view statement) {

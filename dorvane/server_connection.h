@@ -30,6 +30,7 @@ class ServerConnection : public Connection {
  public:
   automation::Ref<records::StaticRecordSet> query(std::string_view statement) final;
   void execute(std::string_view statement) final;
+  void insert(const vestara::NewRows& rows) final;
   int32_t max_id(std::string_view table, std::string_view column) final;
   void begin() final;
   void commit() final;

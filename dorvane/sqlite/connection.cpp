@@ -137,24 +137,35 @@ Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view stateme
   return automation::make<records::StaticRecordSet>(std::move(headers), std::move(source));
 }
 
-void SqliteConnection::execute(std::string_view statement) {
-  transaction_.require_not_lost();
-  const bool recognised = recognise_insert(statement, syntax, values_);
-  if (!recognised) guard_.require_change(statement);
+template <class Change>
+void SqliteConnection::change(bool alters_tables, Change&& body) {
   open_rows_.complete();
   const int changed_before = sqlite3_total_changes(session_.database());
   StatementClock clock(settings_.changing_limit);
   const RunningClock running(session_.running_clock(), clock);
-  noticing_loss([&] {
+  noticing_loss(std::forward<Change>(body));
+  if (alters_tables || sqlite3_total_changes(session_.database()) != changed_before) transaction_.changed();
+}
+
+void SqliteConnection::execute(std::string_view statement) {
+  transaction_.require_not_lost();
+  const bool recognised = recognise_insert(statement, syntax, values_);
+  if (!recognised) guard_.require_change(statement);
+  change(!recognised && changes_tables(statement, syntax), [&] {
     if (recognised)
-      inserts_.insert(values_);
+      inserts_.insert(values_.head, values_.columns, values_.literals);
     else if (empties_the_archive(statement, syntax))
       indexes_.empty_draws(statement);
     else
       session_.run(translate(statement), Permission::change);
   });
-  if (sqlite3_total_changes(session_.database()) != changed_before || changes_tables(statement, syntax))
-    transaction_.changed();
+}
+
+void SqliteConnection::insert(const vestara::NewRows& rows) {
+  transaction_.require_not_lost();
+  const std::string head = insert_head(rows);
+  if (rows.values.empty()) return;
+  change(false, [&] { inserts_.insert(head, rows.columns.size(), rows.values); });
 }
 
 void SqliteConnection::rebuild_indexes() {

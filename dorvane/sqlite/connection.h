@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +29,7 @@ class SqliteConnection final : public Connection {
 
   automation::Ref<records::StaticRecordSet> query(std::string_view statement) override;
   void execute(std::string_view statement) override;
+  void insert(const vestara::NewRows& rows) override;
   int32_t max_id(std::string_view table, std::string_view column) override;
   void begin() override;
   void commit() override;
@@ -52,6 +55,9 @@ class SqliteConnection final : public Connection {
   template <class Body>
   void noticing_loss(Body&& body);
 
+  /// Runs a change of the host's within its time, and notes what became of the transaction.
+  template <class Change>
+  void change(bool alters_tables, Change&& body);
   void rebuild_indexes();
   void repair_before_read();
   SchemaFacts schema_facts();

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "dorvane/insert_values.h"
 #include "dorvane/sqlite/handles.h"
@@ -15,14 +17,15 @@ class InsertCache {
  public:
   explicit InsertCache(Session& session) : session_(session) {}
 
-  /// All rows or none. Raises RunTimeError with the engine's reason.
-  void insert(const InsertValues& rows);
+  /// All rows or none: `head` is the statement up to VALUES, `values` hold one for every column of each row. Raises
+  /// RunTimeError with the engine's reason.
+  void insert(std::string_view head, size_t columns, std::span<const Literal> values);
   /// Before the session changes its file or ends.
   void forget() { statement_ = nullptr; }
 
  private:
-  void prepare_for(const InsertValues& rows);
-  void insert_each(const InsertValues& rows);
+  void prepare_for(std::string_view head, size_t columns);
+  void insert_each(std::span<const Literal> values);
   void bind(int place, const Literal& literal);
 
   Session& session_;

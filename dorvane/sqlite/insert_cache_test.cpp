@@ -18,11 +18,9 @@ class InsertCacheTest : public testing::Test {
     session_.run("CREATE TABLE t(a TEXT, b INTEGER CHECK(b<100))", Permission::anything);
   }
 
-  static InsertValues rows_of(std::vector<Literal> literals) {
-    return {"INSERT INTO t(a,b)VALUES", 2, std::move(literals)};
-  }
-  static Literal text(std::string_view value) { return {Literal::Kind::text, 0, value}; }
-  static Literal whole(int64_t value) { return {Literal::Kind::whole, value, {}}; }
+  void insert(const std::vector<Literal>& values) { cache_.insert("INSERT INTO t(a,b)VALUES", 2, values); }
+  static Literal text(std::string_view value) { return Literal::of(value); }
+  static Literal whole(int64_t value) { return Literal::of(value); }
 
   std::vector<std::string> stored() {
     return session_.column_of("SELECT coalesce(a,'Null')||' '||coalesce(b,'Null') FROM t ORDER BY rowid");
@@ -35,25 +33,25 @@ class InsertCacheTest : public testing::Test {
 using Lines = std::vector<std::string>;
 
 TEST_F(InsertCacheTest, RowsOfLiteralsAreStored) {
-  cache_.insert(rows_of({text("x"), whole(1)}));
-  cache_.insert(rows_of({text(""), {}, {}, whole(2)}));
+  insert({text("x"), whole(1)});
+  insert({text(""), {}, {}, whole(2)});
   EXPECT_EQ(stored(), (Lines{"x 1", " Null", "Null 2"}));
-  cache_.insert({"INSERT INTO t(b)VALUES", 1, {whole(3)}});
+  cache_.insert("INSERT INTO t(b)VALUES", 1, std::vector{whole(3)});
   EXPECT_EQ(stored().back(), "Null 3");
 }
 
 TEST_F(InsertCacheTest, AllRowsOrNone) {
-  EXPECT_THROW(cache_.insert(rows_of({text("x"), whole(1), text("y"), whole(100)})), automation::RunTimeError);
+  EXPECT_THROW(insert({text("x"), whole(1), text("y"), whole(100)}), automation::RunTimeError);
   EXPECT_EQ(stored(), Lines());
   EXPECT_FALSE(session_.is_inside_transaction());
-  cache_.insert(rows_of({text("x"), whole(1)}));
+  insert({text("x"), whole(1)});
   EXPECT_EQ(stored(), Lines{"x 1"});
 }
 
 TEST_F(InsertCacheTest, AValueThatTheEngineDoesNotTakeIsNoNull) {
   const std::string longer(200, 'x');
   sqlite3_limit(session_.database(), SQLITE_LIMIT_LENGTH, 100);
-  EXPECT_THROW(cache_.insert(rows_of({text(longer), whole(1)})), automation::RunTimeError);
+  EXPECT_THROW(insert({text(longer), whole(1)}), automation::RunTimeError);
   EXPECT_EQ(stored(), Lines());
 }
 

@@ -14,7 +14,7 @@
 #include "dorvane/statement.h"
 #include "dorvane/tie_order.h"
 #include "tests/support/random.h"
-#include "vestara/archive/history_text.h"
+#include "vestara/keeping/history_text.h"
 
 // Random texts through everything that reads text: dates, numbers, code page, update records, statements. Each must
 // come back, and what it says must agree with itself.

@@ -21,6 +21,17 @@ int32_t error_of(Body&& body) {
   }
 }
 
+/// True when `body` raises what typed functions raise for a statement that the connector refused.
+template <class Body>
+bool is_refused(Body&& body) {
+  try {
+    body();
+    return false;
+  } catch (const automation::RunTimeError& error) {
+    return error.kind() == automation::FailureKind::database;
+  }
+}
+
 /// Kind and value: "Integer 7", "text abc", "Null".
 std::string describe(const automation::Variant& value);
 

@@ -5,20 +5,14 @@
 #include "vestara/foundation/wheels.h"
 
 namespace vestara {
-namespace {
-
-/// Here, unlike in the searches, the empty text and Empty mean no bound.
-std::string bound_clause(std::string_view prefix, const automation::Variant& bound) {
-  if (bound.is_object()) return bound_clause(prefix, automation::to_plain(bound));
-  const auto* text = bound.get_if<std::string>();
-  if (bound.is_empty() || (text && text->empty())) return {};
-  return date_clause(prefix, bound);
+DateBound bound_of_count(const automation::Variant& bound) {
+  const automation::Variant plain = automation::to_plain(bound);
+  const auto* text = plain.get_if<std::string>();
+  return plain.is_empty() || (text && text->empty()) ? DateBound() : DateBound::given(plain);
 }
 
-}  // namespace
-
 std::string draw_count_statement(const DrawCountQuestion& question) {
-  std::string condition = SqlAnd(bound_clause("(dtEstr >=", question.from), bound_clause("(dtEstr <=", question.to));
+  std::string condition = SqlAnd(date_clause("(dtEstr >=", question.from), date_clause("(dtEstr <=", question.to));
   if (question.wheel != all_wheels) condition = SqlAnd(condition, "(ruota='" + alias_of(question.wheel) + "')");
   condition = SqlAnd(condition, "(estr1<>0 OR estr2<>0 OR estr3<>0 OR estr4<>0 OR estr5<>0)");
   return "SELECT storico.dtEstr From storico " + where_clause(condition) + " GROUP BY storico.dtEstr";

@@ -1,17 +1,23 @@
-#pragma once
+#pragma once  // installed
 
+#include <cstdint>
 #include <string>
 
 #include "automation/variant.h"
+#include "vestara/foundation/selection.h"
+#include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {
 
-/// Which draw dates to count. A bound that is missing, Null, Empty or "" is no bound.
+/// Which draw dates to count.
 struct DrawCountQuestion {
-  const automation::Variant& from;
-  const automation::Variant& to;
-  int32_t wheel;  ///< 1..11, or `all_wheels`
+  DateBound from;
+  DateBound to;
+  int32_t wheel = all_wheels;  ///< 1..11, or `all_wheels`
 };
+
+/// The bound that a host gives for a count: the empty text and Empty are none here, unlike in the searches.
+DateBound bound_of_count(const automation::Variant& bound);
 
 /// One row per draw date that holds a number. Error 9 for a wheel outside 1..12.
 std::string draw_count_statement(const DrawCountQuestion& question);

@@ -32,4 +32,10 @@ HitCounters hit_counters(const HitCountTable& table) {
   return {total(ways[0]), total(ways[1]), total(ways[2]), total(ways[3]), total(ways[4])};
 }
 
+void count_hits(RecordSet& rows, DrawChoice draws, HitCount& into) {
+  const HitCountTable table = draws == DrawChoice::hits ? tally_hits(rows) : HitCountTable{};
+  into.rows = rows.record_count();
+  into.combinations = hit_counters(table);
+}
+
 }  // namespace vestara

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "vestara/archive/search_text.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara {
@@ -25,5 +26,14 @@ HitCountTable tally_hits(RecordSet& rows);
 
 /// Error 6 beyond 32 bits.
 HitCounters hit_counters(const HitCountTable& table);
+
+/// What the counting statement of a search amounts to.
+struct HitCount {
+  int32_t rows = 0;  ///< archive rows that matched; draws, when all draws were asked for
+  HitCounters combinations;
+};
+/// Counts the rows of the statement, and the hits in them where `draws` asks for hits. The rows are in `into` before
+/// the combinations: they stay when those are too many.
+void count_hits(RecordSet& rows, DrawChoice draws, HitCount& into);
 
 }  // namespace vestara

@@ -10,12 +10,13 @@
 #include "automation/member.h"
 #include "automation/text.h"
 #include "vestara/archive/archive_text.h"
-#include "vestara/archive/history_import.h"
+#include "vestara/archive/hit_search.h"
 #include "vestara/archive/lotto_members.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheels.h"
+#include "vestara/keeping/history_import.h"
 
 namespace vestara {
 
@@ -31,14 +32,6 @@ Variant kept_bound(const Variant& bound) {
 
 int16_t numbers_in(std::string_view list) {
   return automation::Int16::checked(static_cast<int64_t>(automation::split(list, ',').size()));
-}
-
-/// The quoted aliases joined by "," without any quote.
-std::string plain_aliases(const std::vector<std::string_view>& quoted) {
-  std::string list;
-  for (const std::string_view item : quoted) list.append(list.empty() ? "" : ",").append(item);
-  std::erase(list, '\'');
-  return list;
 }
 
 /// Raises LoadingEnd when the import leaves, by whatever way: before a failure is logged.
@@ -79,9 +72,8 @@ void cLotto::Statistiche(Ref<cStatistiche> statistics) { statistics_ = std::move
 int32_t cLotto::ContaEstrazioniStorico(const Variant& dtDa, const Variant& dtA, int16_t Ruota) {
   return trapped("cLotto.ContaEstrazioniStorico()", -1, [&] {
     int32_t draws = 0;
-    walk_rows(connector_, draw_count_statement({dtDa, dtA, Ruota}), [&](RecordSet& rows) {
-      if (!rows.at_end()) draws = rows.record_count();
-    });
+    const DrawCountQuestion question{bound_of_count(dtDa), bound_of_count(dtA), Ruota};
+    count_draws(connector(), question, draws);
     return draws;
   });
 }
@@ -98,63 +90,54 @@ Variant cLotto::GetMinDateStorico() {
 
 Variant cLotto::bound_of_archive(const std::string& statement, std::string_view field) {
   Variant bound;
-  walk_rows(connector_, statement, [&](RecordSet& rows) {
+  walk_rows(connector(), statement, [&](RecordSet& rows) {
     if (!rows.at_end()) bound = DT_READ(rows.value(rows.column(field)), automation::Null{}, "", Seconds::hidden);
   });
   return bound;
 }
 
-std::string cLotto::format_wheels(const std::string& wheels) {
-  return trapped("cLotto.formatRuoteToSql()", std::string(), [&] { return quoted_wheels(wheels); });
+SearchQuestion cLotto::Asked::question(const WheelFilter& filter) const {
+  return {numbers, combination, {filter, DateBound::given(from), DateBound::given(to)}, draws(), order};
 }
 
 Ref<RecordSet> cLotto::LoadLottoEstr(const std::string& sNum, int16_t combinazioneTipo, const std::string& sRuote,
                                      const Variant& dtDa, const Variant& dtA,
                                      automation::InOut<bool> bTutteLeEstrazioni, bool bTutteLeRuote, bool bSortASC) {
-  const PassedFlags passed{*bTutteLeEstrazioni, bTutteLeRuote};
+  const Asked asked{sNum, combinazioneTipo,    sRuote,        dtDa,
+                    dtA,  *bTutteLeEstrazioni, bTutteLeRuote, date_order(bSortASC)};
   if (sNum.empty()) *bTutteLeEstrazioni = true;
-
-  const std::string wheels = bTutteLeRuote ? std::string() : format_wheels(sRuote);
-  const SearchQuestion question{sNum,
-                                combinazioneTipo,
-                                automation::split(wheels, ','),
-                                dtDa,
-                                dtA,
-                                *bTutteLeEstrazioni ? DrawChoice::all_draws : DrawChoice::hits,
-                                date_order(bSortASC)};
-  count_hits(question, passed, sRuote);
-  Ref<RecordSet> dates = hit_dates(question);
+  const WheelFilter wheels = trapped("cLotto.formatRuoteToSql()", WheelFilter(),
+                                     [&] { return bTutteLeRuote ? WheelFilter() : WheelFilter::listed(sRuote); });
+  count_rows(asked, wheels);
+  Ref<RecordSet> dates = hit_dates(asked, wheels);
   if (statistics_active_) fill_statistics();
   return dates;
 }
 
-void cLotto::count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels) {
+void cLotto::count_rows(const Asked& asked, const WheelFilter& wheels) {
   trapped("cLotto.getEstrazioni()", [&] {
     last_ = {};
-    last_.all_draws = passed.all_draws;
-    last_.all_wheels = passed.all_wheels;
-    last_.numbers = question.numbers;
-    last_.combination = question.least_hits;
-    last_.from = kept_bound(question.from);
-    last_.to = kept_bound(question.to);
-    const bool searches = question.draws == DrawChoice::hits;
-    if (searches) {
-      last_.numbers_played = numbers_in(question.numbers);
-      last_.wheels = plain_aliases(question.wheel_items);
+    last_.all_draws = asked.all_draws;
+    last_.all_wheels = asked.all_wheels;
+    last_.numbers = asked.numbers;
+    last_.combination = asked.combination;
+    last_.from = kept_bound(asked.from);
+    last_.to = kept_bound(asked.to);
+    if (asked.draws() == DrawChoice::hits) {
+      last_.numbers_played = numbers_in(asked.numbers);
+      last_.wheels = wheels.plain();
     }
-    walk_rows(connector_, counting_statement(question), [&](RecordSet& rows) {
-      const HitCountTable table = searches ? tally_hits(rows) : HitCountTable{};
-      last_.hit_rows = rows.record_count();
-      last_.counters = hit_counters(table);
-      if (last_.all_wheels) last_.wheels = wheels;
+    walk_rows(connector(), counting_statement(asked.question(wheels)), [&](RecordSet& rows) {
+      count_hits(rows, asked.draws(), last_.found);
+      if (last_.all_wheels) last_.wheels = asked.wheels;
     });
   });
 }
 
-Ref<RecordSet> cLotto::hit_dates(const SearchQuestion& question) {
+Ref<RecordSet> cLotto::hit_dates(const Asked& asked, const WheelFilter& wheels) {
   return trapped("cLotto.getEstrazioniDate()", Ref<RecordSet>(), [&] {
     Ref<RecordSet> rows;
-    if (!connector().OpenRecordset(rows, dates_statement(question))) return Ref<RecordSet>();
+    if (!connector().OpenRecordset(rows, dates_statement(asked.question(wheels)))) return Ref<RecordSet>();
     last_.hit_dates = rows ? rows->record_count() : 0;
     return rows;
   });
@@ -165,14 +148,14 @@ void cLotto::fill_statistics() {
   if (last_.all_draws) return;
   LastSearch search = last_;
   const Ref<cStatistiche> statistics = statistics_ = automation::make<cStatistiche>();
-  const HitCounters& found = search.counters;
+  const HitCounters& found = search.found.combinations;
   statistics->ActiveConnection(connector_);
   statistics->EstrNumeriString(search.numbers);
   statistics->EstrCombinazione(search.combination);
   statistics->DataA(search.to);
   statistics->DataDa(search.from);
   statistics->EstrNumeriGiocatiQta(search.numbers_played);
-  statistics->EstrContaSortiteTrovate(search.hit_rows);
+  statistics->EstrContaSortiteTrovate(search.found.rows);
   statistics->EstrContaTutteLeEstrazioniSortiteNelleDate(search.hit_dates);
   statistics->EstrContaCombinazioniTrovate(
       automation::checked_long(int64_t{found.ambate} + found.ambi + found.terni + found.quaterne + found.cinquine));

@@ -57,13 +57,13 @@ class VESTARA_API cLotto final : public automation::Object {
   void StatisticsIsActive(bool active) { statistics_active_ = active; }
 
   // The last search. Combinations are counted inside every row: a row with three hits holds three ambi.
-  int32_t Ambate() const { return last_.counters.ambate; }
-  int32_t Ambi() const { return last_.counters.ambi; }
-  int32_t Terni() const { return last_.counters.terni; }
-  int32_t Quaterne() const { return last_.counters.quaterne; }
-  int32_t Cinquine() const { return last_.counters.cinquine; }
+  int32_t Ambate() const { return last_.found.combinations.ambate; }
+  int32_t Ambi() const { return last_.found.combinations.ambi; }
+  int32_t Terni() const { return last_.found.combinations.terni; }
+  int32_t Quaterne() const { return last_.found.combinations.quaterne; }
+  int32_t Cinquine() const { return last_.found.combinations.cinquine; }
   /// Archive rows that matched; draws, after a listing of all draws.
-  int32_t ContaSortiteTrovate() const { return last_.hit_rows; }
+  int32_t ContaSortiteTrovate() const { return last_.found.rows; }
 
   /// Draw dates from `dtDa` to `dtA` that hold a number, on one wheel (1 to 11) or on any (12). Here "" and Empty
   /// are no bound either. 0 when the statement was refused, -1 after an error.
@@ -131,23 +131,31 @@ class VESTARA_API cLotto final : public automation::Object {
     int16_t numbers_played = 0;
     automation::Variant from = automation::Null{};
     automation::Variant to = automation::Null{};
-    int32_t hit_rows = 0;
+    HitCount found;
     int32_t hit_dates = 0;
-    HitCounters counters;
     bool all_wheels = false;
     bool all_draws = false;
   };
 
-  /// The two flags of a search as the host gave them, before a search without numbers sets the first.
-  struct PassedFlags {
-    bool all_draws;
+  /// A search as the host gave it. The texts are those of the call.
+  struct Asked {
+    const std::string& numbers;
+    int16_t combination;
+    const std::string& wheels;
+    const automation::Variant& from;
+    const automation::Variant& to;
+    bool all_draws;  ///< before a search without numbers sets the flag
     bool all_wheels;
+    DateOrder order;
+
+    DrawChoice draws() const { return all_draws || numbers.empty() ? DrawChoice::all_draws : DrawChoice::hits; }
+    /// Reads the bounds, which may be objects of the host's: what they raise is the error of the pass that reads them.
+    SearchQuestion question(const WheelFilter& filter) const;
   };
 
   DbConnector& connector() const;
-  static std::string format_wheels(const std::string& wheels);
-  void count_hits(const SearchQuestion& question, PassedFlags passed, const std::string& wheels);
-  automation::Ref<RecordSet> hit_dates(const SearchQuestion& question);
+  void count_rows(const Asked& asked, const WheelFilter& wheels);
+  automation::Ref<RecordSet> hit_dates(const Asked& asked, const WheelFilter& wheels);
   void fill_statistics();
   automation::Variant bound_of_archive(const std::string& statement, std::string_view field);
 

@@ -4,12 +4,12 @@
 #include "automation/error.h"
 #include "automation/int16.h"
 #include "vestara/archive/draw_record.h"
-#include "vestara/archive/draw_text.h"
 #include "vestara/archive/lotto.h"
 #include "vestara/foundation/draw_columns.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheels.h"
+#include "vestara/keeping/draw_text.h"
 
 // Single draws of the archive.
 
@@ -19,6 +19,13 @@ using automation::Ref;
 using automation::Variant;
 
 namespace {
+
+/// The row of one wheel. A wheel with fewer than five numbers gives a text that databases refuse. Error 9 for a wheel
+/// outside 1..11.
+std::string insert_statement(const cEstrazione& draw, int32_t wheel) {
+  return draw_insert_statement(automation::date_in(draw.DataEstrazione()), alias_of(wheel), draw.GetNumeri(wheel),
+                               draw.NumeroConcorso());
+}
 
 /// A draw record counts its positions from 2.
 constexpr int32_t first_position = 2;
@@ -64,7 +71,8 @@ Variant cLotto::GetDataEstrazioneDaConta(int32_t nEstrazioniPrec, const Variant&
 }
 
 bool cLotto::DelEstrazione(const Variant& dt) {
-  return trapped("cLotto.DelEstrazione()", false, [&] { return connector().ExecuteSql(draw_delete_statement(dt)); });
+  return trapped("cLotto.DelEstrazione()", false,
+                 [&] { return connector().ExecuteSql(draw_delete_statement(automation::date_in(dt))); });
 }
 
 bool cLotto::SalvaEstrazione(const Ref<cEstrazione>& c_estr) {
@@ -74,7 +82,7 @@ bool cLotto::SalvaEstrazione(const Ref<cEstrazione>& c_estr) {
     // Refused here, the transaction is left as it is, without commit or rollback: on purpose.
     if (!DelEstrazione(c_estr->DataEstrazione())) return false;
     for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) {
-      if (connector().ExecuteSql(draw_insert_statement(*c_estr, wheel))) continue;
+      if (connector().ExecuteSql(insert_statement(*c_estr, wheel))) continue;
       connector().RollbackTrans();
       throw refused();
     }
@@ -85,7 +93,7 @@ bool cLotto::SalvaEstrazione(const Ref<cEstrazione>& c_estr) {
 
 Ref<cEstrazione> cLotto::GetEstrazioneDaData(const Variant& dtEstr) {
   return trapped("cLotto.GetEstrazioneDaData()", Ref<cEstrazione>(), [&] {
-    Ref<RecordSet> rows = open_rows(connector(), draw_select_statement(dtEstr));
+    Ref<RecordSet> rows = open_rows(connector(), draw_select_statement(automation::date_in(dtEstr)));
     if (!rows) return Ref<cEstrazione>();
     Ref<cEstrazione> draw = read_draw(*rows);
     draw->DataEstrazione(dtEstr);

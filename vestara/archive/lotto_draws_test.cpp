@@ -127,6 +127,12 @@ TEST_F(LottoDrawsTest, SalvaEstrazioneReplacesTheRowsOfTheDateInOneTransaction) 
   EXPECT_EQ(log_.bytes(), "");
 }
 
+TEST_F(LottoDrawsTest, BeforeTheWheelsAreLoadedTheirAliasesAreEmpty) {
+  const testing_support::UnloadedWheels unloaded;
+  EXPECT_TRUE(lotto_.SalvaEstrazione(whole_draw(date_)));
+  EXPECT_EQ(recorder_->calls.at(2), std::string(inserting) + "'2026-11-15','',1,2,3,4,5,180)");
+}
+
 TEST_F(LottoDrawsTest, SalvaEstrazioneOfAnEmptyWheelIsRolledBack) {
   const auto draw = whole_draw(date_);
   for (int32_t position = 2; position <= 6; ++position) draw->AddNumero(3, position, "");

@@ -1,10 +1,10 @@
 #include <string>
 
-#include "automation/int16.h"
+#include "automation/coercion.h"
 #include "vestara/archive/lotto.h"
-#include "vestara/archive/saved_search_text.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
+#include "vestara/keeping/saved_searches.h"
 
 // Searches that the host keeps under a number.
 
@@ -33,10 +33,15 @@ bool cLotto::SaveRicerchePersonalizzate(int32_t lIdRicerca, InOut<std::string> s
     SAPEX(*sDescRicerca);
     SAPEX(*sNumeri);
     SAPEX(*sRuote);
-    SavedSearch search{lIdRicerca, *sDescRicerca, *sNumeri, iCombinazione, *sRuote, dtSave, dtDa, dtA};
-    if (lIdRicerca != 0) return connector().ExecuteSql(saved_search_update_statement(search));
-    search.id = automation::checked_long(int64_t{connector().GetMaxId("tRicerche", "idRicerca")} + 1);
-    return connector().ExecuteSql(saved_search_insert_statement(search));
+    SavedSearch search{.id = lIdRicerca,
+                       .description = *sDescRicerca,
+                       .numbers = *sNumeri,
+                       .combination = iCombinazione,
+                       .wheels = *sRuote,
+                       .saved = automation::date_in(dtSave),
+                       .from = automation::date_in(dtDa),
+                       .to = automation::date_in(dtA)};
+    return store_escaped(connector(), search);
   });
 }
 

@@ -7,11 +7,11 @@ namespace vestara {
 namespace {
 
 std::string period(const SearchQuestion& question, std::string_view column) {
-  return period_condition(column, question.from, question.to);
+  return period_condition(column, question.selection.from, question.selection.to);
 }
 
 std::string wheels(const SearchQuestion& question, std::string_view prefix) {
-  return in_parentheses(wheel_terms(prefix, question.wheel_items));
+  return in_parentheses(question.selection.wheels.terms(prefix));
 }
 
 /// Without a date condition one blank keeps the words apart; with one, ")" and "ORDER" touch.

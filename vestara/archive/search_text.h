@@ -2,12 +2,11 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "automation/variant.h"
 #include "vestara/foundation/date_order.h"
 #include "vestara/foundation/export.h"
+#include "vestara/foundation/selection.h"
 
 namespace vestara {
 
@@ -15,13 +14,11 @@ enum class DrawChoice : bool { hits, all_draws };
 
 /// What a hit search asks for.
 struct SearchQuestion {
-  std::string_view numbers;                   ///< as they go into the IN lists
-  int16_t least_hits;                         ///< numbers that a row must hold
-  std::vector<std::string_view> wheel_items;  ///< quoted aliases; none means no wheel condition
-  const automation::Variant& from;
-  const automation::Variant& to;
-  DrawChoice draws;
-  DateOrder order;
+  std::string numbers;      ///< "5,12", as they go into the IN lists
+  int16_t least_hits = 1;   ///< numbers that a row must hold
+  DrawSelection selection;  ///< the wheels are not looked at when all draws are asked for
+  DrawChoice draws = DrawChoice::hits;
+  DateOrder order = DateOrder::newest_first;
 };
 
 // Blanks and capitals of the two statements are uneven; they are part of the texts and stay as they are.

@@ -20,7 +20,7 @@ constexpr auto oldest_first = DateOrder::oldest_first;
 const struct {
   const char *what, *numbers;
   int16_t least_hits;
-  std::vector<std::string_view> wheel_items;
+  std::vector<std::string> wheel_items;
   Variant from, to;
   DrawChoice draws;
   DateOrder order;
@@ -256,7 +256,11 @@ const struct {
 
 TEST(SearchText, StatementsCharacterByCharacter) {
   for (const auto& row : questions) {
-    const SearchQuestion question{row.numbers, row.least_hits, row.wheel_items, row.from, row.to, row.draws, row.order};
+    const SearchQuestion question{row.numbers,
+                                  row.least_hits,
+                                  {WheelFilter(row.wheel_items), DateBound::given(row.from), DateBound::given(row.to)},
+                                  row.draws,
+                                  row.order};
     EXPECT_EQ(counting_statement(question), row.counting) << row.what;
     EXPECT_EQ(dates_statement(question), row.dates) << row.what;
   }
@@ -264,7 +268,7 @@ TEST(SearchText, StatementsCharacterByCharacter) {
 
 TEST(SearchText, TimeOfDayOfABoundStaysOut) {
   const Variant from = testing_support::moment({2026, 1, 2, 23, 59, 59}), to("15/11/2026 10:14:16");
-  EXPECT_EQ(counting_statement({"", 0, {}, from, to, all_draws, newest_first}),
+  EXPECT_EQ(counting_statement({"", 0, {{}, DateBound::given(from), DateBound::given(to)}, all_draws, newest_first}),
             "SELECT DISTINCT sto.concorsoNumero,sto.dtEstr FROM storico as sto WHERE (sto.dtEstr >='2026-01-02') AND "
             "(sto.dtEstr <='2026-11-15')ORDER BY sto.dtEstr DESC");
 }

@@ -25,7 +25,8 @@ struct Sums {
     sum = automation::finite(sum + value);
     squares = automation::finite(squares + automation::finite(value * value));
   }
-  double root_over(double divisor) const {
+  double deviation(Deviation kind) const {
+    const double divisor = kind == Deviation::of_sample ? count - 1 : count;
     const double residue = squares - automation::quotient(automation::finite(sum * sum), count);
     // Binary fractions may leave a residue where there is none, or one below zero.
     const double deviating = are_equal ? 0 : std::max(residue, 0.0);
@@ -53,8 +54,25 @@ double standard_deviation(const automation::Variant& numbers, Deviation deviatio
   if (!array) throw automation::type_mismatch();
   const Sums sums = sums_of(*array, empty);
   if (deviation == Deviation::of_sample && sums.count == 1) return least_deviation;
-  const double result = sums.root_over(deviation == Deviation::of_sample ? sums.count - 1 : sums.count);
+  const double result = sums.deviation(deviation);
   return result == 0 ? least_deviation : result;
+}
+
+double standard_deviation(std::span<const int32_t> numbers, Deviation deviation) {
+  Sums sums;
+  for (const int32_t number : numbers) sums.add(number);
+  return sums.deviation(deviation);
+}
+
+DistanceSummary summary_of(std::span<const int32_t> distances) {
+  DistanceSummary summary;
+  double sum = 0;
+  for (const int32_t distance : distances) sum += distance;
+  summary.mean = automation::quotient(sum, static_cast<double>(distances.size()));
+  const auto [least, most] = std::minmax_element(distances.begin(), distances.end());
+  summary.least = *least;
+  summary.most = *most;
+  return summary;
 }
 
 }  // namespace vestara

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 
@@ -12,5 +16,16 @@ enum class EmptyElements : bool { count_as_zero, are_skipped };
 /// convert to a number at all (a date). Errors: 13 for a text and for what is no array, 94 for Null, 6 for an array
 /// without numbers, 5 when rounding makes the sum of squares the smaller.
 double standard_deviation(const automation::Variant& numbers, Deviation deviation, EmptyElements empty);
+
+/// The same of whole numbers, 0 where they are equal. Error 6 for no numbers, and for a sample of one.
+VESTARA_API double standard_deviation(std::span<const int32_t> numbers, Deviation deviation);
+
+/// Mean and extremes of distances. Error 6 for none.
+struct DistanceSummary {
+  double mean = 0;
+  double least = 0;
+  double most = 0;
+};
+VESTARA_API DistanceSummary summary_of(std::span<const int32_t> distances);
 
 }  // namespace vestara

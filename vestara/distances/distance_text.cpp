@@ -18,9 +18,8 @@ std::string statement(std::string_view select, const DistancePeriod& period, std
 
 }  // namespace
 
-std::string wheel_draws_statement(const DistancePeriod& period, const std::vector<std::string_view>& wheel_items) {
-  return statement("SELECT ruota,estr1,estr2,estr3,estr4,estr5", period,
-                   in_parentheses(wheel_terms("ruota=", wheel_items)));
+std::string wheel_draws_statement(const DistancePeriod& period, const WheelFilter& wheels) {
+  return statement("SELECT ruota,estr1,estr2,estr3,estr4,estr5", period, in_parentheses(wheels.terms("ruota=")));
 }
 
 std::string all_draws_statement(const DistancePeriod& period, NationalWheel national) {

@@ -18,10 +18,15 @@ constexpr auto oldest_first = DateOrder::oldest_first;
 constexpr auto included = NationalWheel::included;
 constexpr auto left_out = NationalWheel::left_out;
 
+template <class Row>
+DistancePeriod period_of(const Row& row) {
+  return {DateBound::given(row.from), DateBound::given(row.to), row.order};
+}
+
 TEST(DistanceText, WheelDrawsCharacterByCharacter) {
   const struct {
     const char* what;
-    std::vector<std::string_view> wheel_items;
+    std::vector<std::string> wheel_items;
     Variant from, to;
     DateOrder order;
     const char* statement;
@@ -88,7 +93,7 @@ TEST(DistanceText, WheelDrawsCharacterByCharacter) {
        "estr3 is not null and estr4 is not null and estr5 is not null) AND (dtEstr >=NULL) AND (dtEstr <=NULL) ORDER "
        "BY dtEstr DESC"}};
   for (const auto& row : rows)
-    EXPECT_EQ(wheel_draws_statement({row.from, row.to, row.order}, row.wheel_items), row.statement) << row.what;
+    EXPECT_EQ(wheel_draws_statement(period_of(row), WheelFilter(row.wheel_items)), row.statement) << row.what;
 }
 
 TEST(DistanceText, AllDrawsCharacterByCharacter) {
@@ -121,8 +126,7 @@ TEST(DistanceText, AllDrawsCharacterByCharacter) {
        "SELECT estr1,estr2,estr3,estr4,estr5,dtEstr FROM storico WHERE (estr1 is not null AND estr2 is not null and "
        "estr3 is not null and estr4 is not null and estr5 is not null) AND (dtEstr >=NULL) AND (dtEstr <=NULL) ORDER "
        "BY dtEstr DESC"}};
-  for (const auto& row : rows)
-    EXPECT_EQ(all_draws_statement({row.from, row.to, row.order}, row.national), row.statement) << row.what;
+  for (const auto& row : rows) EXPECT_EQ(all_draws_statement(period_of(row), row.national), row.statement) << row.what;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "automation/variant.h"
 #include "automation/yield.h"
 #include "vestara/foundation/draw_columns.h"
+#include "vestara/foundation/query.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {
@@ -111,6 +112,40 @@ void walk_wheels(RecordSet& rows, Recorded recorded, DistanceLists& lists) {
 
 void walk_dates(RecordSet& rows, Recorded recorded, DistanceLists& lists) {
   recorded == Recorded::pairs ? walk<DatesOfAll, Pairs>(rows, lists) : walk<DatesOfAll, Numbers>(rows, lists);
+}
+
+namespace {
+
+size_t places_of(Recorded recorded) { return recorded == Recorded::pairs ? pair_places : number_places; }
+
+}  // namespace
+
+bool load_wheel_distances(DbConnector& connector, Recorded recorded, const WheelFilter& wheels,
+                          const DistancePeriod& period, DistanceLists& into) {
+  return walk_rows(connector, wheel_draws_statement(period, wheels), [&](RecordSet& rows) {
+    walk_wheels(rows, recorded, into);
+    into.end_load();
+  });
+}
+
+bool load_date_distances(DbConnector& connector, Recorded recorded, NationalWheel national,
+                         const DistancePeriod& period, DistanceLists& into) {
+  return walk_rows(connector, all_draws_statement(period, national), [&](RecordSet& rows) {
+    walk_dates(rows, recorded, into);
+    into.end_load();
+  });
+}
+
+DistanceLists load_wheel_distances(DbConnector& connector, Recorded recorded, const WheelFilter& wheels,
+                                   const DistancePeriod& period) {
+  return whole("the distances", DistanceLists(wheel_count, places_of(recorded)),
+               [&](DistanceLists& into) { return load_wheel_distances(connector, recorded, wheels, period, into); });
+}
+
+DistanceLists load_date_distances(DbConnector& connector, Recorded recorded, NationalWheel national,
+                                  const DistancePeriod& period) {
+  return whole("the distances", DistanceLists(1, places_of(recorded)),
+               [&](DistanceLists& into) { return load_date_distances(connector, recorded, national, period, into); });
 }
 
 }  // namespace vestara

@@ -1,13 +1,13 @@
 #include "vestara/distances/gap_list.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/coercion.h"
 #include "automation/error.h"
+#include "vestara/foundation/query.h"
 
 namespace vestara {
-
-using automation::Variant;
 
 void GapList::restart(DateOrder order) {
   order_ = order;
@@ -42,50 +42,21 @@ const GapList::Item& GapList::item(int32_t index) const {
   return items_[static_cast<size_t>(index - 1)];
 }
 
-std::optional<int32_t> GapList::days(int32_t index) const {
-  const Item& gap = item(index);
-  if (index == 1 || gap.is_trailing) return std::nullopt;
-  const int32_t back = item(index - 1).date.day() - gap.date.day();
-  return order_ == DateOrder::newest_first ? back : -back;
-}
-
-Variant GapList::reached_date(int32_t index) const {
-  const Item& gap = item(index);
-  return gap.is_trailing ? Variant(open_side) : Variant(gap.date);
-}
-
-Variant GapList::previous_date(int32_t index) const {
-  item(index);
-  return index == 1 ? Variant(open_side) : Variant(automation::date_to_text(item(index - 1).date));
-}
-
-Variant GapList::earlier_date(int32_t index) const {
-  return order_ == DateOrder::newest_first ? reached_date(index) : previous_date(index);
-}
-
-Variant GapList::later_date(int32_t index) const {
-  return order_ == DateOrder::newest_first ? previous_date(index) : reached_date(index);
-}
-
-Variant GapList::day_difference(int32_t index) const {
-  const auto difference = days(index);
-  return difference ? Variant(*difference) : Variant(no_value);
-}
-
-std::string GapList::wheel(int32_t index) const {
-  const Item& gap = item(index);
-  return gap.is_trailing ? std::string(no_value) : wheels_[gap.wheel];
-}
-
-Variant GapList::numbers_hit(int32_t index) const {
-  const Item& gap = item(index);
-  return gap.is_trailing ? Variant(no_value) : Variant(gap.numbers_hit);
-}
-
-Variant GapList::contest(int32_t index) const {
-  const Item& gap = item(index);
-  if (gap.is_trailing) return no_value;
-  return gap.has_contest ? Variant(gap.contest) : Variant(automation::Null{});
+Gap GapList::gap(int32_t index) const {
+  const Item& at = item(index);
+  Gap gap{.draws = at.draws};
+  std::optional<automation::Date> reached;
+  std::optional<automation::Date> previous;
+  if (index > 1) previous = item(index - 1).date;
+  if (!at.is_trailing) {
+    reached = at.date;
+    gap.wheel = wheels_[at.wheel];
+    gap.numbers_hit = at.numbers_hit;
+    if (at.has_contest) gap.contest = at.contest;
+  }
+  gap.earlier = order_ == DateOrder::newest_first ? reached : previous;
+  gap.later = order_ == DateOrder::newest_first ? previous : reached;
+  return gap;
 }
 
 GapAggregates aggregates_of(const GapList& gaps) {
@@ -156,6 +127,16 @@ void walk_gaps(RecordSet& rows, GapList& gaps) {
     draws = 0;
   }
   if (draws != 0) gaps.add_trailing(draws);
+}
+
+bool load_gaps(DbConnector& connector, const GapQuestion& question, GapList& into) {
+  return walk_rows(connector, gap_statement(question), [&](RecordSet& rows) { walk_gaps(rows, into); });
+}
+
+GapList load_gaps(DbConnector& connector, const GapQuestion& question) {
+  GapList gaps;
+  gaps.restart(question.order);
+  return whole("the gaps", std::move(gaps), [&](GapList& into) { return load_gaps(connector, question, into); });
 }
 
 }  // namespace vestara

@@ -5,18 +5,18 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation/date.h"
 #include "automation/variant.h"
+#include "vestara/distances/gap_text.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/date_order.h"
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
 
 namespace vestara {
-
-inline constexpr std::string_view open_side = "########";  ///< in place of a date: no hit bounds the gap there
-inline constexpr std::string_view no_value = "##";         ///< in place of a value that does not exist
 
 /// A row that holds enough of the numbers played.
 struct Hit {
@@ -24,6 +24,22 @@ struct Hit {
   std::string_view wheel;  ///< alias as the archive has it
   int32_t numbers_hit = 0;
   std::optional<int32_t> contest;
+};
+
+/// What lies between two hits. A side that no hit bounds has no date. Wheel, numbers and contest are those of the hit
+/// that ends the gap in the walk; the trailing gap has none.
+struct Gap {
+  std::optional<automation::Date> earlier;
+  std::optional<automation::Date> later;
+  int32_t draws = 0;       ///< without a hit
+  std::string_view wheel;  ///< valid as long as the list does not change
+  std::optional<int32_t> numbers_hit;
+  std::optional<int32_t> contest;  ///< nothing also where the archive has none
+
+  /// Of the two hits; nothing when a side is open.
+  std::optional<int32_t> days() const {
+    return earlier && later ? std::optional(later->day() - earlier->day()) : std::nullopt;
+  }
 };
 
 /// The gaps between successive hits, in the order of the walk that met them. Each ends at a hit, but for the last
@@ -42,16 +58,10 @@ class VESTARA_API GapList {
   /// Draws without a hit.
   int32_t draws(int32_t index) const { return item(index).draws; }
   /// Days between the two hits; nothing when a side is open.
-  std::optional<int32_t> days(int32_t index) const;
-
-  // As the contract hands them out. Of the two dates one is a Date (the hit that ends the gap in the walk), the
-  // other the text of a date (the hit before it); an open side is "########", a value that is not there "##".
-  automation::Variant earlier_date(int32_t index) const;
-  automation::Variant later_date(int32_t index) const;
-  automation::Variant day_difference(int32_t index) const;
-  std::string wheel(int32_t index) const;
-  automation::Variant numbers_hit(int32_t index) const;
-  automation::Variant contest(int32_t index) const;
+  std::optional<int32_t> days(int32_t index) const { return gap(index).days(); }
+  Gap gap(int32_t index) const;
+  /// True for the gap behind the last hit, which no hit ends.
+  bool is_trailing(int32_t index) const { return item(index).is_trailing; }
 
  private:
   struct Item {
@@ -63,10 +73,9 @@ class VESTARA_API GapList {
     bool has_contest = false;
     bool is_trailing = false;
   };
+  static_assert(sizeof(Item) == 24, "as promised above");
 
   const Item& item(int32_t index) const;
-  automation::Variant reached_date(int32_t index) const;
-  automation::Variant previous_date(int32_t index) const;
   /// Error 6 for more aliases than places.
   uint16_t wheel_place(std::string_view alias);
 
@@ -90,5 +99,13 @@ VESTARA_API GapAggregates aggregates_of(const GapList& gaps);
 
 /// Adds the gaps that the rows of a gap statement tell. What was added before an error stays.
 void walk_gaps(RecordSet& rows, GapList& gaps);
+
+/// The gaps between the hits of a question, in the order of its walk. Raises a failure of kind database when the
+/// connector refused the statement, error 13 for a hit whose date is none, 94 for one without a count, what the
+/// connector raises.
+VESTARA_API GapList load_gaps(DbConnector& connector, const GapQuestion& question);
+/// For a class that shows what a load that failed wrote: fills a list that was restarted; False when the statement was
+/// refused.
+bool load_gaps(DbConnector& connector, const GapQuestion& question, GapList& into);
 
 }  // namespace vestara

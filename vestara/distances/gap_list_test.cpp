@@ -19,12 +19,12 @@ TEST(GapList, TellsSoManyAliasesApartAsSixteenBitsCount) {
   EXPECT_EQ(error_of([&] { add(gaps, "one more"); }), 6);
   EXPECT_EQ(gaps.size(), 65536);
   add(gaps, "w65535");
-  EXPECT_EQ(gaps.wheel(1), "w0");
-  EXPECT_EQ(gaps.wheel(65536), "w65535");
-  EXPECT_EQ(gaps.wheel(65537), "w65535");
+  EXPECT_EQ(gaps.gap(1).wheel, "w0");
+  EXPECT_EQ(gaps.gap(65536).wheel, "w65535");
+  EXPECT_EQ(gaps.gap(65537).wheel, "w65535");
   gaps.restart(DateOrder::oldest_first);
   add(gaps, "one more");
-  EXPECT_EQ(gaps.wheel(1), "one more");
+  EXPECT_EQ(gaps.gap(1).wheel, "one more");
 }
 
 }  // namespace

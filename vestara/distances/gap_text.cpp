@@ -6,8 +6,8 @@
 namespace vestara {
 
 std::string gap_statement(const GapQuestion& question) {
-  const std::string period = period_condition("sto.dtEstr", question.from, question.to);
-  const std::string wheels = in_parentheses(wheel_terms("ruota=", question.wheel_items));
+  const std::string period = period_condition("sto.dtEstr", question.draws.from, question.draws.to);
+  const std::string wheels = in_parentheses(question.draws.wheels.terms("ruota="));
   const std::string of_period = where_clause(period);
   const std::string of_hits = where_clause(SqlAnd(period, wheels));
   const std::string least_hits = std::to_string(question.least_hits);

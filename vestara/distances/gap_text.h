@@ -2,23 +2,20 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "automation/variant.h"
 #include "vestara/foundation/date_order.h"
 #include "vestara/foundation/export.h"
+#include "vestara/foundation/selection.h"
 
 namespace vestara {
 
 /// Which hits the gaps lie between.
 struct GapQuestion {
-  std::string_view numbers;                   ///< as they go into the IN lists
-  int16_t least_hits;                         ///< numbers that a row must hold
-  std::vector<std::string_view> wheel_items;  ///< quoted aliases; none means no wheel condition
-  const automation::Variant& from;
-  const automation::Variant& to;
-  DateOrder order;
+  std::string numbers;     ///< "5,12", as they go into the IN lists
+  int16_t least_hits = 1;  ///< numbers that a row must hold
+  DrawSelection draws;     ///< the period of the gaps, and the wheels that hits count on
+  DateOrder order = DateOrder::newest_first;
 };
 
 /// One row per draw of the period and hit on its date: the draw's date, then date, wheel, contest number and count

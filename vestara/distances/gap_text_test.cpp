@@ -19,7 +19,7 @@ TEST(GapText, StatementCharacterByCharacter) {
   const struct {
     const char *what, *numbers;
     int16_t least_hits;
-    std::vector<std::string_view> wheel_items;
+    std::vector<std::string> wheel_items;
     Variant from, to;
     DateOrder order;
     const char* statement;
@@ -221,15 +221,19 @@ TEST(GapText, StatementCharacterByCharacter) {
        "dtestr,ruota,numeritrovati,concorsoNumero ORDER BY sto.dtEstr ASC)  AS R2 ON R1.dtEstr = R2.dtEstr ORDER by "
        "R1.dtEstr ASC"}};
   for (const auto& row : rows)
-    EXPECT_EQ(gap_statement({row.numbers, row.least_hits, row.wheel_items, row.from, row.to, row.order}), row.statement)
+    EXPECT_EQ(gap_statement({row.numbers,
+                             row.least_hits,
+                             {WheelFilter(row.wheel_items), DateBound::given(row.from), DateBound::given(row.to)},
+                             row.order}),
+              row.statement)
         << row.what;
 }
 
 TEST(GapText, TimeOfDayOfABoundStaysOut) {
   const Variant from = testing_support::moment({2026, 1, 2, 23, 59, 59}), to("15/11/2026 10:14:16");
-  const Variant first_day = day(2026, 1, 2), last_day = day(2026, 11, 15);
-  EXPECT_EQ(gap_statement({"5", 1, {}, from, to, newest_first}),
-            gap_statement({"5", 1, {}, first_day, last_day, newest_first}));
+  const automation::Date first_day = day(2026, 1, 2), last_day = day(2026, 11, 15);
+  EXPECT_EQ(gap_statement({"5", 1, {{}, DateBound::given(from), DateBound::given(to)}, newest_first}),
+            gap_statement({"5", 1, {{}, first_day, last_day}, newest_first}));
 }
 
 }  // namespace

@@ -35,15 +35,15 @@ class VESTARA_API cDistanze final : public automation::Object {
   int32_t Distance(int32_t Index) const { return gaps_.draws(Index); }
   /// The earlier and the later hit: the one that ends the gap in the walk as a Date, the other as the text of a
   /// date; "########" where no hit bounds the gap.
-  automation::Variant DatePrec(int32_t Index) const { return gaps_.earlier_date(Index); }
-  automation::Variant DateLast(int32_t Index) const { return gaps_.later_date(Index); }
+  automation::Variant DatePrec(int32_t Index) const;
+  automation::Variant DateLast(int32_t Index) const;
   /// Days between the two, "##" when a side is open.
-  automation::Variant DateDiff(int32_t Index) const { return gaps_.day_difference(Index); }
+  automation::Variant DateDiff(int32_t Index) const;
   // Of the hit that ends the gap in the walk; "##" for the trailing gap.
-  std::string Ruota(int32_t Index) const { return gaps_.wheel(Index); }
+  std::string Ruota(int32_t Index) const;
   /// How many of the numbers it holds.
-  automation::Variant combinazione(int32_t Index) const { return gaps_.numbers_hit(Index); }
-  automation::Variant ConcorsoNumero(int32_t Index) const { return gaps_.contest(Index); }
+  automation::Variant combinazione(int32_t Index) const;
+  automation::Variant ConcorsoNumero(int32_t Index) const;
 
   // Aggregates of the last load that gave an item: one that gave none leaves them, on purpose. Draws are those of
   // every item, the open ones included; days those of the gaps with two hits.

@@ -238,12 +238,11 @@ TEST_F(HitDistancesTest, WheelsAndFlagsReachTheStatement) {
 TEST_F(HitDistancesTest, TheQuestionIsTheStatement) {
   const Variant from = january(2), to("2026-01-16");
   gaps_.LoadDistanze("5,12", 2, "BA,NA", from, to, false, false, true);
-  EXPECT_EQ(recorder_->take(),
-            (Calls{"OpenRecordset " + gap_statement({"5,12", 2, {"'BA'", "'NA'"}, from, to, DateOrder::oldest_first}),
-                   "CloseRecordset"}));
+  const DrawSelection selection{WheelFilter::listed("BA,NA"), DateBound::given(from), DateBound::given(to)};
+  EXPECT_EQ(recorder_->take(), (Calls{"OpenRecordset " + gap_statement({"5,12", 2, selection, DateOrder::oldest_first}),
+                                      "CloseRecordset"}));
   gaps_.LoadDistanze();
-  EXPECT_EQ(recorder_->take().front(),
-            "OpenRecordset " + gap_statement({"", 0, {}, missing, missing, DateOrder::newest_first}));
+  EXPECT_EQ(recorder_->take().front(), "OpenRecordset " + gap_statement({"", 0, {}, DateOrder::newest_first}));
 }
 
 TEST_F(HitDistancesTest, EveryFailureHasOneEntryAndTheNextLoadWorks) {

@@ -1,13 +1,13 @@
 #include "vestara/distances/number_distances.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "automation/text.h"
 #include "automation/values/doubles.h"
 #include "vestara/distances/deviation.h"
-#include "vestara/distances/distance_text.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
@@ -26,21 +26,18 @@ Array host_array(const std::vector<int32_t>& values) {
   return {automation::VariantKind::long_integer, 0, std::vector<Variant>(values.begin(), values.end())};
 }
 
-/// Of a list; its first element is no distance between two appearances.
+/// Of a list; its first element is no distance between two appearances. -1 for what never came out.
 double mean_distance(const std::vector<int32_t>& list, double& least, double& most) {
+  constexpr double largest_least = 99999;  // the contract's, whatever the distances are
   if (list.empty()) return -1;
-  double smallest = 99999;
-  double largest = 0;
-  double sum = 0;
-  for (size_t i = 1; i < list.size(); ++i) {
-    smallest = std::min<double>(smallest, list[i]);
-    largest = std::max<double>(largest, list[i]);
-    sum += list[i];
-  }
-  const double mean = automation::quotient(sum, static_cast<double>(list.size() - 1));
-  least = smallest;
-  most = largest;
-  return mean;
+  const DistanceSummary summary = summary_of(std::span(list).subspan(1));
+  least = std::min(summary.least, largest_least);
+  most = summary.most;
+  return summary.mean;
+}
+
+DistancePeriod period_of(const Variant& from, const Variant& to, bool ascending) {
+  return {DateBound::given(from), DateBound::given(to), date_order(ascending)};
 }
 
 }  // namespace
@@ -50,47 +47,38 @@ void cDistanze2::ActiveConnection(Ref<DbConnector> connector) {
   PreloadRuoteAlias(connector_);
 }
 
-template <class Walk>
-bool cDistanze2::load(std::string_view label, DistanceLists& lists, const std::string& statement, Walk walk) {
-  lists.clear();
-  return trapped(label, false, [&] {
-    return walk_rows(connector_, statement, [&](RecordSet& rows) {
-      walk(rows);
-      lists.end_load();
-    });
-  });
-}
-
 bool cDistanze2::load_wheels(std::string_view label, Recorded recorded, DistanceLists& lists, const std::string& wheels,
                              const DistancePeriod& period) {
-  const std::string quoted = FormatRuoteToSql(wheels, WheelChoice::listed);
-  return load(label, lists, wheel_draws_statement(period, automation::split(quoted, ',')),
-              [&](RecordSet& rows) { walk_wheels(rows, recorded, lists); });
+  const WheelFilter filter = formatted_wheels(wheels);
+  lists.clear();
+  return trapped(label, false,
+                 [&] { return load_wheel_distances(required(connector_), recorded, filter, period, lists); });
 }
 
 bool cDistanze2::load_all(std::string_view label, Recorded recorded, DistanceLists& lists, bool without_national,
                           const DistancePeriod& period) {
   const auto national = without_national ? NationalWheel::left_out : NationalWheel::included;
-  return load(label, lists, all_draws_statement(period, national),
-              [&](RecordSet& rows) { walk_dates(rows, recorded, lists); });
+  lists.clear();
+  return trapped(label, false,
+                 [&] { return load_date_distances(required(connector_), recorded, national, period, lists); });
 }
 
 bool cDistanze2::LoadDistanze2Ambi(const std::string& sRuoteAlias, const Variant& dtDa, const Variant& dtA,
                                    bool bSortASC) {
   return load_wheels("cDistanze2.LoadDistanze2Ambi()", Recorded::pairs, pairs_, sRuoteAlias,
-                     {dtDa, dtA, date_order(bSortASC)});
+                     period_of(dtDa, dtA, bSortASC));
 }
 bool cDistanze2::LoadDistanze2AmbiTutte(const Variant& dtDa, const Variant& dtA, bool bEscludiRN, bool bSortASC) {
   return load_all("cDistanze2.LoadDistanze2AmbiTutte()", Recorded::pairs, pairs_of_all_, bEscludiRN,
-                  {dtDa, dtA, date_order(bSortASC)});
+                  period_of(dtDa, dtA, bSortASC));
 }
 bool cDistanze2::LoadDistanze1(const std::string& sRuoteAlias, const Variant& dtDa, const Variant& dtA, bool bSortASC) {
   return load_wheels("cDistanze2.LoadDistanze1()", Recorded::numbers, numbers_, sRuoteAlias,
-                     {dtDa, dtA, date_order(bSortASC)});
+                     period_of(dtDa, dtA, bSortASC));
 }
 bool cDistanze2::LoadDistanze1Tutte(const Variant& dtDa, const Variant& dtA, bool bEscludiRN, bool bSortASC) {
   return load_all("cDistanze2.LoadDistanze1Tutte()", Recorded::numbers, numbers_of_all_, bEscludiRN,
-                  {dtDa, dtA, date_order(bSortASC)});
+                  period_of(dtDa, dtA, bSortASC));
 }
 
 int32_t cDistanze2::ItemCount(int16_t iNum, int16_t ruotaEnum) const {

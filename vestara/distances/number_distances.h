@@ -16,8 +16,6 @@
 
 namespace vestara {
 
-struct DistancePeriod;
-
 /// The distances, in draws, between successive appearances of every number and of every pair, on each wheel and over
 /// all wheels together. Each of the four loads fills lists of its own and clears only those; it gives False when its
 /// statement was refused or after an error, with an entry in the error log for the latter.
@@ -72,8 +70,6 @@ class VESTARA_API cDistanze2 final : public automation::Object {
   double StandardDeviation(const automation::Variant& Arr, bool SampleStdDev = true, bool IgnoreEmpty = true) const;
 
  private:
-  template <class Walk>
-  bool load(std::string_view label, DistanceLists& lists, const std::string& statement, Walk walk);
   bool load_wheels(std::string_view label, Recorded recorded, DistanceLists& lists, const std::string& wheels,
                    const DistancePeriod& period);
   bool load_all(std::string_view label, Recorded recorded, DistanceLists& lists, bool without_national,

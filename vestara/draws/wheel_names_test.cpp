@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "automation/text.h"
 namespace vestara {
 namespace {
 

@@ -1,8 +1,10 @@
 #pragma once  // installed
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +20,44 @@ namespace vestara {
 
 /// What ConnectionState says of an open connection.
 inline constexpr int32_t connection_open = 1;
+
+/// A value on its way into a row.
+struct RowValue {
+  enum class Kind : uint8_t { null, whole, text };
+
+  static RowValue of(int64_t number) { return {Kind::whole, number, {}}; }
+  /// The text itself, nothing doubled. It must outlive the call that gets the value.
+  static RowValue of(std::string_view text) { return {Kind::text, 0, text}; }
+
+  Kind kind = Kind::null;
+  int64_t number = 0;
+  std::string_view text;
+};
+
+/// Rows for one table. The views must outlive the call that gets them.
+struct NewRows {
+  std::string_view table;
+  std::span<const std::string_view> columns;
+  std::span<const RowValue> values;  ///< row behind row, each as long as `columns`
+
+  size_t rows() const { return columns.empty() ? 0 : values.size() / columns.size(); }
+};
+
+/// What a connector can do besides: take rows as values, without a statement's text. A connector of a host cannot; it
+/// gets the text.
+class VESTARA_API RowInserter {
+ public:
+  RowInserter(const RowInserter&) = delete;
+  RowInserter& operator=(const RowInserter&) = delete;
+  virtual ~RowInserter() = default;
+
+  /// Adds all rows or none; a thousand a call are plenty. False when the database refused one, with the connector's
+  /// reason. Names are plain words; texts hold no NUL.
+  virtual bool InsertRows(const NewRows& rows) = 0;
+
+ protected:
+  RowInserter() = default;
+};
 
 /// The operations that the library needs of a database. One statement a call, complete text, no parameters.
 /// Results carry the failures: False, or nothing; why is the connector's own to tell. Only the transaction
@@ -41,6 +81,9 @@ class VESTARA_API DbConnector : public automation::Object {
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
+
+  /// Itself, where it takes rows as values.
+  virtual RowInserter* row_inserter() { return nullptr; }
 };
 
 /// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that

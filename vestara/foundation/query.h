@@ -8,6 +8,10 @@
 
 namespace vestara {
 
+/// What a typed function raises when the connector refused its statement: a failure of kind database that names `what`
+/// was asked for. Why is the connector's own to tell; that of dorvane says it in LastError.
+automation::RunTimeError statement_refused(std::string_view what);
+
 /// The connector that a member needs. Error 91 when none was given.
 inline DbConnector& required(const automation::Ref<DbConnector>& connector) {
   if (!connector) throw automation::object_not_set();
@@ -24,15 +28,23 @@ inline automation::Ref<RecordSet> open_rows(DbConnector& connector, std::string_
 }
 
 /// Hands the rows of a reading statement to `walk` and closes them through the connector; False when that refused
-/// the statement. The host may take the connector away meanwhile: this one stays until the end.
+/// the statement. The host may take the connector away meanwhile: it stays until the end.
 template <class Walk>
-bool walk_rows(const automation::Ref<DbConnector>& connector, std::string_view statement, Walk walk) {
-  const automation::Ref<DbConnector> held(&required(connector));
-  automation::Ref<RecordSet> rows = open_rows(*held, statement);
+bool walk_rows(DbConnector& connector, std::string_view statement, Walk walk) {
+  const automation::Ref<DbConnector> held(&connector);
+  automation::Ref<RecordSet> rows = open_rows(connector, statement);
   if (!rows) return false;
   walk(*rows);
-  held->CloseRecordset(rows);
+  connector.CloseRecordset(rows);
   return true;
+}
+
+/// The answer of a load that fills its last argument and gives False when its statement was refused: whole, or the
+/// error `statement_refused`.
+template <class Answer, class Load>
+Answer whole(std::string_view what, Answer answer, Load load) {
+  if (!load(answer)) throw statement_refused(what);
+  return answer;
 }
 
 }  // namespace vestara

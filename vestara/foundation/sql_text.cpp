@@ -17,8 +17,6 @@ namespace {
 using automation::Date;
 using automation::Variant;
 
-constexpr std::string_view or_word = " OR ";
-
 std::string doubled(std::string_view text, char mark) {
   std::string result;
   result.reserve(text.size() + 8);
@@ -99,19 +97,15 @@ Variant SAPEX(Variant& value) {
 }
 
 std::string SqlAnd(std::string_view left, std::string_view right) { return joined(left, " AND ", right); }
-std::string SqlOr(std::string_view left, std::string_view right) { return joined(left, or_word, right); }
+std::string SqlOr(std::string_view left, std::string_view right) { return joined(left, " OR ", right); }
 
-std::string quoted_wheels(std::string_view wheels) {
-  std::string list;
-  if (automation::is_blank(wheels)) return list;
-  for (const std::string_view piece : automation::split(wheels, ',')) list.append("'").append(piece).append("',");
-  list.pop_back();
-  return list;
+WheelFilter formatted_wheels(std::string_view wheels) {
+  return trapped("mDB.FormatRuoteToSql()", WheelFilter(), [&] { return WheelFilter::listed(wheels); });
 }
 
 std::string FormatRuoteToSql(std::string_view wheels, WheelChoice choice) {
   return trapped("mDB.FormatRuoteToSql()", std::string(), [&] {
-    if (choice == WheelChoice::listed) return quoted_wheels(wheels);
+    if (choice == WheelChoice::listed) return WheelFilter::listed(wheels).quoted();
     std::string list;
     const auto tables = wheel_tables();
     for (int32_t wheel = 1; wheel <= wheel_count; ++wheel) list += "'" + tables->alias_of(wheel) + "',";
@@ -136,26 +130,15 @@ std::string where_clause(std::string_view condition) {
   return automation::is_blank(condition) ? std::string() : " WHERE " + std::string(condition);
 }
 
-std::string date_clause(std::string_view prefix, const Variant& bound) {
-  if (bound.is_object()) return date_clause(prefix, automation::to_plain(bound));
-  if (bound.is_missing() || bound.is_null()) return {};
-  return std::string(prefix) + sqlDateTime(bound) + ")";
+std::string day_literal(const std::optional<Date>& day) { return literal(day, std::nullopt); }
+
+std::string date_clause(std::string_view prefix, const DateBound& bound) {
+  return bound.is_set() ? automation::concatenated({prefix, day_literal(bound.day()), ")"}) : std::string();
 }
 
-std::string period_condition(std::string_view column, const Variant& from, const Variant& to) {
+std::string period_condition(std::string_view column, const DateBound& from, const DateBound& to) {
   const std::string prefix = "(" + std::string(column);
   return SqlAnd(date_clause(prefix + " >=", from), date_clause(prefix + " <=", to));
-}
-
-std::string wheel_terms(std::string_view prefix, std::span<const std::string_view> quoted, std::string_view suffix) {
-  // Appended in place: a list may be long.
-  std::string terms;
-  for (const std::string_view alias : quoted) {
-    if (automation::is_blank(alias)) continue;
-    if (!terms.empty()) terms += or_word;
-    terms.append(prefix).append(alias).append(suffix);
-  }
-  return terms;
 }
 
 std::string in_parentheses(std::string_view condition) {

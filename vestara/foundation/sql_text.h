@@ -1,11 +1,11 @@
 #pragma once  // installed
 
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "automation/variant.h"
 #include "vestara/foundation/export.h"
+#include "vestara/foundation/selection.h"
 
 // The recurring pieces of statement texts. Their output is compared character by character by databases and
 // tests alike: blanks, case and punctuation are part of it.
@@ -30,8 +30,8 @@ VESTARA_API std::string SqlOr(std::string_view left, std::string_view right);
 /// so a trailing comma gives an empty wheel: kept on purpose. With `all`, the eleven aliases of the wheel table.
 enum class WheelChoice : bool { listed, all };
 VESTARA_API std::string FormatRuoteToSql(std::string_view wheels, WheelChoice choice);
-/// The same text without a trap of its own.
-std::string quoted_wheels(std::string_view wheels);
+/// The listed wheels, with the trap of that routine: when memory runs out they are every wheel.
+WheelFilter formatted_wheels(std::string_view wheels);
 
 /// A date and a time for display: "DD/MM/YYYY", two blanks, "HH.nn" (or "HH.nn.ss"); the one alone, without
 /// blanks, when the other is Null; `default_text` when nothing comes of it.
@@ -42,15 +42,13 @@ VESTARA_API automation::Variant DT_READ(const automation::Variant& date, const a
 /// " WHERE " and the condition, or "" when the condition trims to nothing.
 std::string where_clause(std::string_view condition);
 
-/// "(column>=literal)" written as `prefix` + literal + ")": empty when the bound is missing or Null. A bound that
-/// is no date gives the literal NULL, which no row satisfies.
-std::string date_clause(std::string_view prefix, const automation::Variant& bound);
+/// "'2026-11-15'", or "NULL" for no date.
+std::string day_literal(const std::optional<automation::Date>& day);
+/// "(column >='2026-11-15')" written as `prefix` + literal + ")"; empty for no bound.
+std::string date_clause(std::string_view prefix, const DateBound& bound);
 /// The clauses of both bounds, joined: "(column >='1945-01-04') AND (column <='1999-12-29')".
-std::string period_condition(std::string_view column, const automation::Variant& from, const automation::Variant& to);
+std::string period_condition(std::string_view column, const DateBound& from, const DateBound& to);
 
-/// One term for every quoted alias that is not blank, joined by " OR ": `prefix` + alias + `suffix`. No parentheses.
-std::string wheel_terms(std::string_view prefix, std::span<const std::string_view> quoted,
-                        std::string_view suffix = {});
 /// "(" + condition + ")", or "" when the condition trims to nothing.
 std::string in_parentheses(std::string_view condition);
 

@@ -134,7 +134,7 @@ TEST(FormatRuoteToSql, QuotesEveryPiece) {
               {"only blanks", "   ", ""}};
   for (const auto& row : rows) {
     EXPECT_EQ(FormatRuoteToSql(row.wheels, WheelChoice::listed), row.expected) << row.what;
-    EXPECT_EQ(quoted_wheels(row.wheels), row.expected) << row.what;
+    EXPECT_EQ(WheelFilter::listed(row.wheels).quoted(), row.expected) << row.what;
   }
 }
 
@@ -200,7 +200,8 @@ TEST(DateClause, BoundThatIsNoDateGivesNull) {
               {"empty text", "", "(dtEstr >=NULL)"},
               {"Empty", Empty{}, "(dtEstr >=NULL)"},
               {"number", 46341, "(dtEstr >=NULL)"}};
-  for (const auto& row : rows) EXPECT_EQ(date_clause("(dtEstr >=", row.bound), row.expected) << row.what;
+  for (const auto& row : rows)
+    EXPECT_EQ(date_clause("(dtEstr >=", DateBound::given(row.bound)), row.expected) << row.what;
 }
 
 TEST(PeriodCondition, JoinsTheClausesOfBothBounds) {
@@ -213,21 +214,9 @@ TEST(PeriodCondition, JoinsTheClausesOfBothBounds) {
               {"to", Null{}, date, "(sto.dtEstr <='2026-11-15')"},
               {"both", "02/01/2026", date_and_time, "(sto.dtEstr >='2026-01-02') AND (sto.dtEstr <='2026-11-15')"},
               {"no dates", "", 5, "(sto.dtEstr >=NULL) AND (sto.dtEstr <=NULL)"}};
-  for (const auto& row : rows) EXPECT_EQ(period_condition("sto.dtEstr", row.from, row.to), row.expected) << row.what;
-}
-
-TEST(WheelTerms, OneForEveryWheelThatIsNotBlank) {
-  const struct {
-    const char *what, *prefix;
-    std::vector<std::string_view> quoted;
-    const char *suffix, *expected;
-  } rows[] = {{"none", "ruota=", {}, "", ""},
-              {"one", "ruota=", {"'BA'"}, "", "ruota='BA'"},
-              {"two", "s.ruota=", {"'BA'", "' CA'"}, "", "s.ruota='BA' OR s.ruota=' CA'"},
-              {"an empty wheel is a wheel", "ruota=", {"'BA'", "''"}, "", "ruota='BA' OR ruota=''"},
-              {"blank items are none", "ruota=", {"", "  ", "'BA'", " "}, "", "ruota='BA'"},
-              {"a suffix", "(ruota=", {"'BA'", "'CA'"}, " AND x)", "(ruota='BA' AND x) OR (ruota='CA' AND x)"}};
-  for (const auto& row : rows) EXPECT_EQ(wheel_terms(row.prefix, row.quoted, row.suffix), row.expected) << row.what;
+  for (const auto& row : rows)
+    EXPECT_EQ(period_condition("sto.dtEstr", DateBound::given(row.from), DateBound::given(row.to)), row.expected)
+        << row.what;
 }
 
 TEST(InParentheses, OnlyWhatIsNotBlank) {

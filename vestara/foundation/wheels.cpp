@@ -98,9 +98,10 @@ void replace_tables(RecordSet& rows) {
 
 bool PreloadRuoteAlias(const automation::Ref<DbConnector>& connector) {
   return trapped("mPrecarica.PreloadRuoteAlias()", false, [&] {
-    return walk_rows(connector, "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote", [](RecordSet& rows) {
-      if (!rows.at_end()) replace_tables(rows);
-    });
+    return walk_rows(required(connector), "SELECT enumeratore,enumeratoreBit,ruotaAlias FROM ruote",
+                     [](RecordSet& rows) {
+                       if (!rows.at_end()) replace_tables(rows);
+                     });
   });
 }
 

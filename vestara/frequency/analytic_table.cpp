@@ -5,16 +5,12 @@
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
 #include "vestara/foundation/wheels.h"
-#include "vestara/frequency/frequency_text.h"
+#include "vestara/frequency/loads.h"
 
 namespace vestara {
 
 using automation::Ref;
 using automation::Variant;
-
-namespace {
-constexpr int32_t days_back = 730;
-}
 
 cTabAnalytics::cTabAnalytics(Clock clock) : clock_(std::move(clock)) {}
 
@@ -26,10 +22,8 @@ void cTabAnalytics::ActiveConnection(Ref<DbConnector> connector) {
 void cTabAnalytics::LoadTabelloneAnalitico(const Variant&, const Variant&) {
   lines_.clear();
   trapped("cTabAnalytics.LoadTabelloneAnalitico()", [&] {
-    const auto from = automation::Date::from_day(clock_().day() - days_back);
-    std::vector<AnalyticLine> lines;
-    walk_rows(connector_, analytic_statement(from), [&](RecordSet& rows) { lines = scan_analytic_lines(rows); });
-    lines_ = std::move(lines);
+    const automation::Date today = clock_();
+    load_analytic_lines(required(connector_), today, lines_);
   });
 }
 

@@ -10,6 +10,7 @@
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
+#include "vestara/frequency/loads.h"
 #include "vestara/frequency/ranking.h"
 
 namespace vestara {
@@ -33,27 +34,27 @@ class VESTARA_API cFrequenza final : public automation::Object {
 
   /// Draws of the wheel since the newest one that holds the number: 0 when that is the newest draw, -1 when it did
   /// not come out. 0 before a load.
-  int32_t GetRitNum(int16_t Numero, const automation::Variant& Ruota);
+  int32_t GetRitNum(int16_t Numero, const automation::Variant& Ruota) const;
   // The successive maxima that the scan met, the largest first.
-  int16_t GetRitTopTenERuota(int16_t Index);
-  int16_t GetRitTopTenNumero(int16_t Index);
-  int16_t GetRitTopTen(int16_t Index);
+  int16_t GetRitTopTenERuota(int16_t Index) const;
+  int16_t GetRitTopTenNumero(int16_t Index) const;
+  int16_t GetRitTopTen(int16_t Index) const;
   void LoadRitardi(const automation::Variant& dtDa = automation::Missing{},
                    const automation::Variant& dtA = automation::Missing{}, const std::string& sRuote = {});
 
   /// How often the number came out.
-  int32_t GetFrqNum(int16_t Numero, const automation::Variant& Ruota);
+  int32_t GetFrqNum(int16_t Numero, const automation::Variant& Ruota) const;
   /// How often in a hundred draws, those of all wheels asked for together.
-  float GetFrqNumAVG(int16_t Numero, const automation::Variant& Ruota);
+  float GetFrqNumAVG(int16_t Numero, const automation::Variant& Ruota) const;
   // The first ninety rows of the averages. Number and wheel can only be read once LoadFrequenti ran as well, on
   // purpose.
-  int16_t GetFrqTopTenERuotaAVG(int16_t Index);
-  int16_t GetFrqTopTenNumeroAVG(int16_t Index);
-  float GetFrqTopTenAVG(int16_t Index);
+  int16_t GetFrqTopTenERuotaAVG(int16_t Index) const;
+  int16_t GetFrqTopTenNumeroAVG(int16_t Index) const;
+  float GetFrqTopTenAVG(int16_t Index) const;
   // One entry per level of counts, the largest first.
-  int16_t GetFrqTopTenERuota(int16_t Index);
-  int16_t GetFrqTopTenNumero(int16_t Index);
-  int16_t GetFrqTopTen(int16_t Index);
+  int16_t GetFrqTopTenERuota(int16_t Index) const;
+  int16_t GetFrqTopTenNumero(int16_t Index) const;
+  int16_t GetFrqTopTen(int16_t Index) const;
   void LoadFrequenzaMedia(const automation::Variant& dtDa = automation::Missing{},
                           const automation::Variant& dtA = automation::Missing{}, const std::string& sRuote = {});
   void LoadFrequenti(const automation::Variant& dtDa = automation::Missing{},
@@ -61,12 +62,9 @@ class VESTARA_API cFrequenza final : public automation::Object {
 
  private:
   automation::Ref<DbConnector> connector_;
-  WheelGrid<int16_t> delays_;
-  Ranking<int16_t> delay_ranking_;
-  WheelGrid<int16_t> counts_;
-  Ranking<int16_t> count_ranking_;
-  WheelGrid<float> averages_;
-  Ranking<float> average_ranking_;
+  Delays delays_;
+  Counts counts_;
+  Averages averages_;
 };
 
 }  // namespace vestara

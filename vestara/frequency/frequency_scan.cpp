@@ -39,11 +39,12 @@ Ranking<int16_t> scan_counts(RecordSet& rows, WheelGrid<int16_t>& counts) {
   return ranking;
 }
 
-Ranking<float> scan_averages(RecordSet& rows, int16_t draws, WheelGrid<float>& averages) {
+Ranking<float> scan_averages(RecordSet& rows, int16_t draws, WheelGrid<float>& averages, WheelGrid<int32_t>& times) {
   auto ranking = Ranking<float>::zeros();
   int32_t entries = 0;
   walk_pairs(rows, [&](int16_t wheel, int32_t number, int32_t num) {
     float& cell = averages.at(wheel, number);
+    times.at(wheel, number) = num;
     const float percentage = cell = static_cast<float>(automation::quotient(num, draws) * 100);
     if (entries <= ranking_last) ranking.at(entries++) = {static_cast<int16_t>(number), wheel, percentage};
   });

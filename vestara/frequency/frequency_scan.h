@@ -15,8 +15,8 @@ namespace vestara {
 /// frequent pairs. Entries behind are (-1, -1, -1). Error 6 for a count beyond 16 bits.
 Ranking<int16_t> scan_counts(RecordSet& rows, WheelGrid<int16_t>& counts);
 
-/// Sets counts in a hundred of `draws`. Returns the first ninety rows; entries behind are zeros. Error 11 when
-/// there are no draws.
-Ranking<float> scan_averages(RecordSet& rows, int16_t draws, WheelGrid<float>& averages);
+/// Sets counts, and counts in a hundred of `draws`. Returns the first ninety rows; entries behind are zeros. Error 11
+/// when there are no draws.
+Ranking<float> scan_averages(RecordSet& rows, int16_t draws, WheelGrid<float>& averages, WheelGrid<int32_t>& times);
 
 }  // namespace vestara

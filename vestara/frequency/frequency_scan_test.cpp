@@ -27,7 +27,8 @@ class FrequencyScanTest : public testing::Test {
   }
   Ranking<float> average(const Rows& rows, int16_t draws) {
     averages_.fill(0);
-    return scan_averages(*record_set(rows), draws, averages_);
+    times_.fill(0);
+    return scan_averages(*record_set(rows), draws, averages_, times_);
   }
   static testing_support::RowsRef record_set(const Rows& rows) {
     return make<MemoryRecordSet>(testing_support::Table{{"st.ruota", "st.estrazione", "num"}, rows});
@@ -36,6 +37,7 @@ class FrequencyScanTest : public testing::Test {
   testing_support::CanonicalWheels wheels_;
   WheelGrid<int16_t> counts_;
   WheelGrid<float> averages_;
+  WheelGrid<int32_t> times_;
 };
 
 template <class Result, class Value>
@@ -107,6 +109,7 @@ TEST_F(FrequencyScanTest, CountsInAHundredDraws) {
     SCOPED_TRACE(row.what);
     const auto ranking = average({{"NA", 90, row.count}}, row.draws);
     EXPECT_EQ(averages_.at(6, 90), row.average);
+    EXPECT_EQ(times_.at(6, 90), row.count);
     EXPECT_EQ(first_entries<Averages>(ranking, 1, {0, 0, 0}), (Averages{{90, 6, row.average}}));
   }
 }

@@ -12,7 +12,10 @@ using automation::Null;
 using automation::Variant;
 using testing_support::day;
 using testing_support::moment;
-using Items = std::vector<std::string_view>;
+using Items = std::vector<std::string>;
+
+constexpr auto first_wheel = PeriodBinding::first_wheel;
+constexpr auto every_wheel = PeriodBinding::every_wheel;
 
 const std::string delays =
     "SELECT ruota,estr1,estr2,estr3,estr4,estr5 FROM STORICO WHERE estr1 >0 AND estr2 >0 AND estr3 >0 AND estr4 >0 AND "
@@ -103,22 +106,21 @@ const struct {
 
 TEST(FrequencyText, StatementsCharacterByCharacter) {
   for (const auto& row : selections) {
-    const DrawSelection selection{row.wheels, row.from, row.to};
-    EXPECT_EQ(delay_statement(selection), delays + row.delay_filter + delays_end) << row.what;
-    EXPECT_EQ(frequency_statement(selection), counts + row.filter + counts_end) << row.what;
-    EXPECT_EQ(draw_dates_statement(selection), dates + row.filter + dates_end) << row.what;
+    const DrawSelection selection{WheelFilter(row.wheels), DateBound::given(row.from), DateBound::given(row.to)};
+    EXPECT_EQ(delay_statement(selection, first_wheel), delays + row.delay_filter + delays_end) << row.what;
+    EXPECT_EQ(frequency_statement(selection, first_wheel), counts + row.filter + counts_end) << row.what;
+    EXPECT_EQ(draw_dates_statement(selection, first_wheel), dates + row.filter + dates_end) << row.what;
   }
 }
 
 TEST(FrequencyText, WholeStatements) {
-  const Variant from = day(2026, 1, 2), to = day(2026, 11, 15);
-  const DrawSelection selection{{"'BA'", "'NA'"}, from, to};
-  EXPECT_EQ(delay_statement(selection),
+  const DrawSelection selection{WheelFilter::listed("BA,NA"), day(2026, 1, 2), day(2026, 11, 15)};
+  EXPECT_EQ(delay_statement(selection, first_wheel),
             "SELECT ruota,estr1,estr2,estr3,estr4,estr5 FROM STORICO WHERE estr1 >0 AND estr2 >0 AND estr3 >0 AND "
             "estr4 >0 AND estr5 >0 AND (dtEstr >='2026-01-02') AND (dtEstr <='2026-11-15') AND ruota='BA' OR "
             "ruota='NA' ORDER BY dtEstr DESC");
   EXPECT_EQ(
-      frequency_statement(selection),
+      frequency_statement(selection, first_wheel),
       "SELECT st.ruota, st.estrazione, count(*) AS num FROM (SELECT storico.ID, storico.concorsoNumero, "
       "storico.dtestr,  storico.ruota,  storico.estr1 as estrazione FROM storico Union All SELECT storico.ID, "
       "storico.concorsoNumero, storico.dtestr,  storico.ruota,  storico.estr2 From storico Union All SELECT "
@@ -127,9 +129,28 @@ TEST(FrequencyText, WholeStatements) {
       "All SELECT storico.ID, storico.concorsoNumero, storico.dtestr,  storico.ruota,  storico.estr5 From storico)AS "
       "st  WHERE (st.dtEstr >='2026-01-02') AND (st.dtEstr <='2026-11-15') AND st.ruota IN('BA') OR st.ruota IN('NA') "
       "GROUP BY st.ruota,st.estrazione ORDER BY count(*) DESC");
-  EXPECT_EQ(draw_dates_statement(selection),
+  EXPECT_EQ(draw_dates_statement(selection, first_wheel),
             "SELECT st.dtEstr From storico as st WHERE (st.dtEstr >='2026-01-02') AND (st.dtEstr <='2026-11-15') AND "
             "st.ruota IN('BA') OR st.ruota IN('NA') GROUP BY st.dtEstr");
+}
+
+TEST(FrequencyText, ThePeriodHoldsForEveryWheelWhereThatIsAskedFor) {
+  const struct {
+    const char* wheels;
+    DateBound from;
+    const char *delay_filter, *filter;
+  } rows[] = {{"", {}, "", ""},
+              {"", day(2026, 1, 2), " AND (dtEstr >='2026-01-02')", " WHERE (st.dtEstr >='2026-01-02')"},
+              {"BA", {}, " AND (ruota='BA')", " WHERE (st.ruota IN('BA'))"},
+              {"BA,NA", {}, " AND (ruota='BA' OR ruota='NA')", " WHERE (st.ruota IN('BA') OR st.ruota IN('NA'))"},
+              {"BA,NA", day(2026, 1, 2), " AND (dtEstr >='2026-01-02') AND (ruota='BA' OR ruota='NA')",
+               " WHERE (st.dtEstr >='2026-01-02') AND (st.ruota IN('BA') OR st.ruota IN('NA'))"}};
+  for (const auto& row : rows) {
+    const DrawSelection selection{WheelFilter::listed(row.wheels), row.from, {}};
+    EXPECT_EQ(delay_statement(selection, every_wheel), delays + row.delay_filter + delays_end) << row.wheels;
+    EXPECT_EQ(frequency_statement(selection, every_wheel), counts + row.filter + counts_end) << row.wheels;
+    EXPECT_EQ(draw_dates_statement(selection, every_wheel), dates + row.filter + dates_end) << row.wheels;
+  }
 }
 
 TEST(FrequencyText, AnalyticDrawsSinceADay) {

@@ -1,6 +1,7 @@
 #pragma once  // installed
 
 #include <cstdint>
+#include <functional>
 
 #include "vestara/foundation/combination_walk.h"
 #include "vestara/foundation/export.h"
@@ -11,5 +12,14 @@ namespace vestara {
 /// products are below 2^53. 0 for none or fewer to choose, on purpose: the probabilities rely on it. Error 6 when a
 /// product is too large for a double, or `items` runs below 16 bits.
 VESTARA_API double combination_count(int16_t items, int16_t chosen);
+
+/// Counts ways as `combination_count` does.
+using Ways = std::function<double(int16_t items, int16_t chosen)>;
+
+/// The probability, in percent, that a draw holds at least `size` of `played` numbers on at least one of `wheels`
+/// wheels: 1 - (S / C(90,5))^wheels, S being the draws of a wheel that hold fewer. Fewer than one wheel count as one.
+/// Error 6 where a step leaves its range.
+VESTARA_API double theoretical_percent(int16_t played, int16_t size, int16_t wheels,
+                                       const Ways& ways = combination_count);
 
 }  // namespace vestara

@@ -1,6 +1,5 @@
 #include "vestara/statistics/statistics.h"
 
-#include <cmath>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -12,7 +11,6 @@
 #include "automation/values/doubles.h"
 #include "automation/yield.h"
 #include "vestara/foundation/trap.h"
-#include "vestara/foundation/wheel_grid.h"
 #include "vestara/statistics/combinations.h"
 
 namespace vestara {
@@ -33,13 +31,6 @@ std::vector<std::string_view> pieces_of(std::string_view list) {
   std::vector<std::string_view> pieces = automation::split(list, ',');
   if (pieces.empty()) pieces.emplace_back();
   return pieces;
-}
-
-/// 1 - (1 - hit)^wheels, without the digits that the subtraction loses when a hit is rare.
-double on_some_wheel(double hit, int16_t wheels) {
-  if (wheels <= 1) return hit;
-  if (hit >= 1) return 1 - std::pow(1 - hit, wheels);
-  return -std::expm1(wheels * std::log1p(-hit));
 }
 
 std::string chosen_pieces(std::span<const std::string_view> pieces, std::span<const int32_t> places) {
@@ -73,17 +64,9 @@ void cStatistiche::DataA(const Variant& date) { to_ = automation::to_plain(date)
 
 double cStatistiche::CalcolaPercTeorica(int16_t QtaNumeriGiocati, int16_t kComb, int16_t QtaRuoteGiocate) const {
   return trapped("cStatistiche.CalcolaPercTeorica()", 0.0, [&] {
-    const Int16 played = QtaNumeriGiocati;
-    const Int16 others = Int16(number_count) - played;
-    double misses = CalcolaCombSemplici(others, drawn_count);
-    const Int16 last = Int16(kComb) - Int16(1);
-    for (Int16 hits = 1; hits.value() <= last.value(); ++hits) {
-      const double ways = CalcolaCombSemplici(played, hits) * CalcolaCombSemplici(others, Int16(drawn_count) - hits);
-      misses = automation::finite(misses + automation::finite(ways));
-    }
-    const double all = CalcolaCombSemplici(number_count, drawn_count);
-    const double hit = (all - misses) / all;
-    return automation::finite(on_some_wheel(hit, QtaRuoteGiocate) * 100);
+    // Each count has a trap of its own and is 0 after an error: kept on purpose.
+    const auto ways = [this](int16_t items, int16_t chosen) { return CalcolaCombSemplici(items, chosen); };
+    return theoretical_percent(QtaNumeriGiocati, kComb, QtaRuoteGiocate, ways);
   });
 }
 

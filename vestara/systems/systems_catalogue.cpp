@@ -1,16 +1,14 @@
-#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "automation/coercion.h"
-#include "automation/int16.h"
 #include "automation/text.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/trap.h"
-#include "vestara/systems/catalogue_text.h"
+#include "vestara/keeping/catalogue_text.h"
+#include "vestara/keeping/saved_systems.h"
 #include "vestara/systems/combination_text.h"
 #include "vestara/systems/integral.h"
-#include "vestara/foundation/combination_lines.h"
 #include "vestara/systems/systems.h"
 
 // Saved systems.
@@ -98,24 +96,16 @@ bool cSistemi::SalvaSistema(InOut<int32_t> idSis, InOut<std::string> sistemaComb
   return trapped("cSistemi.SalvaSistema()", false, [&] {
     *sistemaCombi = CombiTextFilter(*sistemaCombi);
     const Ref<DbConnector> connector(&required(connector_));
-    const bool removed = *idSis == 0 || (connector->ExecuteSql(edited_system_delete_statement(*idSis)) &&
-                                         connector->ExecuteSql(edited_combinations_delete_statement(*idSis)));
-    if (!removed) return false;
-    *idSis = automation::checked_long(int64_t{connector->GetMaxId("tSistemi", "idSis")} + 1);
-    if (!connector->ExecuteSql(
-            system_insert_statement(*idSis, {titolo, descrizione, numeri, QtaNumeri, nGiocate, kColonne, iGaranzia})))
-      return false;
-    return std::ranges::all_of(combination_lines(*sistemaCombi), [&](std::string_view line) {
-      return connector->ExecuteSql(combination_insert_statement(*idSis, line));
-    });
+    const std::vector<std::string_view> lines = combination_lines(*sistemaCombi);
+    return store_system(*connector, *idSis, {titolo, descrizione, numeri, QtaNumeri, nGiocate, kColonne, iGaranzia},
+                        lines);
   });
 }
 
 bool cSistemi::DelSistema(int32_t lIdSis) const {
   return trapped("cSistemi.DelSistema()", false, [&] {
     const Ref<DbConnector> connector(&required(connector_));
-    return connector->ExecuteSql(combinations_delete_statement(lIdSis)) &&
-           connector->ExecuteSql(system_delete_statement(lIdSis));
+    return remove_system(*connector, lIdSis);
   });
 }
 

@@ -4,8 +4,8 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/commands/stored_question.h"
 #include "vestara/archive/lotto.h"
-#include "vestara/archive/saved_search_text.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/keeping/saved_search_text.h"
 
 namespace vestara::host {
 namespace {

@@ -1,55 +1,41 @@
 #include "vestara/keeping/import/draw_insertion.h"
 
-#include <algorithm>
-#include <optional>
-#include <string>
-
-#include "vestara/archive/history_text.h"
-#include "vestara/draws/day_literal.h"
-#include "vestara/draws/wheel_names.h"
+#include "automation/date.h"
+#include "automation/error.h"
+#include "vestara/foundation/failure.h"
+#include "vestara/keeping/draw_changes.h"
 
 namespace vestara {
 namespace {
 
-constexpr const char* refused = "the archive refuses the draws, nothing was changed";
-
-/// Rows of one day follow each other: its literal is made once.
-class TupleWriter {
- public:
-  void append(std::string& tuples, const DrawRow& row) {
-    if (row.day != day_) {
-      day_ = row.day;
-      literal_ = day_literal(row.day);
-    }
-    tuples.append(tuples.empty() ? "(" : ",(").append(std::to_string(row.contest)).append(",").append(literal_);
-    tuples.append(",'").append(wheel_code(row.wheel)).append("'");
-    for (const int8_t number : row.numbers) tuples.append(",").append(std::to_string(number));
-    tuples += ')';
+/// Runs a change; what the archive refuses is a Failure with its words.
+template <class Change>
+void run_change(const Archive& archive, Change change) {
+  try {
+    change(*archive.connector());
+  } catch (const automation::RunTimeError& error) {
+    if (error.kind() != FailureKind::database) throw;
+    archive.fail("the archive refuses the draws, nothing was changed");
   }
-
- private:
-  std::optional<int32_t> day_;
-  std::string literal_;
-};
+}
 
 }  // namespace
 
 void insert_draws(const Archive& archive, std::span<const DrawRow> rows, const Progress& progress) {
-  TupleWriter writer;
-  for (size_t stored = 0; stored < rows.size();) {
-    const auto next = rows.subspan(stored, std::min<size_t>(rows.size() - stored, rows_per_statement));
-    std::string tuples;
-    for (const DrawRow& row : next) writer.append(tuples, row);
-    archive.execute(history_insert_statement(tuples), refused);
-    stored += next.size();
-    if (progress) progress(stored, rows.size());
-  }
+  const auto told = [&](int32_t stored, int32_t count) {
+    if (progress) progress(static_cast<uint64_t>(stored), static_cast<uint64_t>(count));
+  };
+  run_change(archive, [&](DbConnector& connector) {
+    insert_draws(connector, DatabaseType::many_rows_per_insert, rows, Remainder::written, told);
+  });
 }
 
 void delete_draws(const Archive& archive, int32_t day) {
-  archive.execute("DELETE FROM storico WHERE dtEstr=" + day_literal(day), refused);
+  run_change(archive, [&](DbConnector& connector) { delete_draw(connector, automation::Date::from_day(day)); });
 }
 
-void delete_all_draws(const Archive& archive) { archive.execute(history_delete_statement(), refused); }
+void delete_all_draws(const Archive& archive) {
+  run_change(archive, [](DbConnector& connector) { delete_all_draws(connector); });
+}
 
 }  // namespace vestara

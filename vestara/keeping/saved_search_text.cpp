@@ -1,4 +1,4 @@
-#include "vestara/archive/saved_search_text.h"
+#include "vestara/keeping/saved_search_text.h"
 
 #include "vestara/foundation/sql_text.h"
 
@@ -16,16 +16,16 @@ std::string saved_search_delete_statement(int32_t id) {
 std::string saved_search_update_statement(const SavedSearch& search) {
   return "UPDATE tRicerche SET descRicerca='" + search.description + "',numeri='" + search.numbers +
          "',combinazione=" + std::to_string(search.combination) + ",ruote='" + search.wheels +
-         "',dtSave=" + sqlDateTime(search.saved) + ",dtDa=" + sqlDateTime(search.from) +
-         ",dtA=" + sqlDateTime(search.to) + " WHERE idRicerca=" + std::to_string(search.id);
+         "',dtSave=" + day_literal(search.saved) + ",dtDa=" + day_literal(search.from) +
+         ",dtA=" + day_literal(search.to) + " WHERE idRicerca=" + std::to_string(search.id);
 }
 
 std::string saved_search_insert_statement(const SavedSearch& search) {
   // The last column is written with a capital D: kept on purpose, databases do not mind.
   return "INSERT INTO tRicerche (idRicerca,descRicerca,numeri,combinazione,ruote,dtSave,dtDa,DtA) VALUES (" +
          std::to_string(search.id) + ",'" + search.description + "','" + search.numbers + "'," +
-         std::to_string(search.combination) + ",'" + search.wheels + "'," + sqlDateTime(search.saved) + "," +
-         sqlDateTime(search.from) + "," + sqlDateTime(search.to) + ")";
+         std::to_string(search.combination) + ",'" + search.wheels + "'," + day_literal(search.saved) + "," +
+         day_literal(search.from) + "," + day_literal(search.to) + ")";
 }
 
 }  // namespace vestara

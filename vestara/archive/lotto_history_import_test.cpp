@@ -1,5 +1,3 @@
-#include "vestara/archive/history_import.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +8,7 @@
 #include "tests/support/events.h"
 #include "tests/support/log_capture.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/keeping/history_import.h"
 
 namespace vestara {
 namespace {

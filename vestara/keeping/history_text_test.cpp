@@ -1,4 +1,4 @@
-#include "vestara/archive/history_text.h"
+#include "vestara/keeping/history_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "vestara/archive/history_import.h"
+#include "vestara/keeping/history_import.h"
 
 #include <array>
 #include <cerrno>
@@ -11,44 +11,40 @@
 #include "automation/system/file.h"
 #include "automation/text.h"
 #include "automation/yield.h"
-#include "vestara/archive/history_text.h"
 #include "vestara/foundation/trap.h"
+#include "vestara/keeping/history_batch.h"
+#include "vestara/keeping/history_text.h"
 
 namespace vestara {
 namespace {
 
 using Records = std::vector<std::string_view>;
 
-void execute(DbConnector& connector, std::string_view tuples) {
-  if (!connector.ExecuteSql(history_insert_statement(tuples))) throw refused();
+/// Adds the records to a batch, one by one.
+auto reading(const Records& records) {
+  return [&records](HistoryBatch& batch, size_t row) { batch.add(parse_history_record(records[row])); };
 }
 
 /// Positions count from 0 and the count is the last index: the last record reports both equal.
 void import_row_by_row(DbConnector& connector, const Records& records, const ImportProgress& progress) {
   const int32_t last = automation::checked_long(static_cast<int64_t>(records.size()) - 1);
-  for (int32_t i = 0; i <= last; ++i) {
-    execute(connector, history_tuple(parse_history_record(records[static_cast<size_t>(i)])));
-    progress(i, last);
+  const auto sent = [&](size_t position) {
+    progress(static_cast<int32_t>(position - 1), last);
     automation::yield_to_host();
-  }
+  };
+  if (!send_rows(connector, records.size(), 1, Remainder::left, reading(records), sent)) throw refused();
 }
 
 /// Positions count from 1 here.
 void import_in_batches(DbConnector& connector, const Records& records, const ImportProgress& progress) {
   const int32_t count = automation::checked_long(static_cast<int64_t>(records.size()));
-  std::string batch;
-  for (int32_t position = 1; position <= count; ++position) {
-    batch += history_tuple(parse_history_record(records[static_cast<size_t>(position - 1)]));
-    if (position % rows_per_statement != 0) {
-      batch += ',';
-      continue;
-    }
-    execute(connector, batch);
-    progress(position, count);
+  const auto sent = [&](size_t position) {
+    progress(static_cast<int32_t>(position), count);
     automation::yield_to_host();
     automation::yield_to_host();
-    batch.clear();
-  }
+  };
+  if (!send_rows(connector, records.size(), rows_per_statement, Remainder::left, reading(records), sent))
+    throw refused();
 }
 
 automation::RunTimeError open_error(int code) {

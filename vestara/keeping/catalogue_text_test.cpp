@@ -1,4 +1,4 @@
-#include "vestara/systems/catalogue_text.h"
+#include "vestara/keeping/catalogue_text.h"
 
 #include <gtest/gtest.h>
 

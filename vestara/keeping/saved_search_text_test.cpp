@@ -1,15 +1,17 @@
-#include "vestara/archive/saved_search_text.h"
+#include "vestara/keeping/saved_search_text.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
+#include "automation/coercion.h"
 #include "tests/support/log_capture.h"
 #include "tests/support/values.h"
 
 namespace vestara {
 namespace {
 
+using automation::date_in;
 using automation::Empty;
 using automation::Missing;
 using automation::Null;
@@ -77,8 +79,8 @@ TEST(SavedSearchText, UpdateAndInsert) {
        R"((-3,'O''Hara\\x','a''b',-1,'\\',NULL,NULL,NULL))"}};
   const testing_support::LogCapture log;
   for (const auto& row : rows) {
-    const SavedSearch search{row.id,     row.description, row.numbers, row.combination,
-                             row.wheels, row.saved,       row.from,    row.to};
+    const SavedSearch search{row.id,     row.description,    row.numbers,       row.combination,
+                             row.wheels, date_in(row.saved), date_in(row.from), date_in(row.to)};
     EXPECT_EQ(saved_search_update_statement(search), row.update) << row.what;
     EXPECT_EQ(saved_search_insert_statement(search), row.insert) << row.what;
   }

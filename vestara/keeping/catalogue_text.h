@@ -20,7 +20,7 @@ struct SystemFilter {
   int16_t guarantee = 0;
 };
 
-/// The header row of a system.
+/// The header row of a system. The texts must outlive the call that gets it.
 struct SystemHeader {
   std::string_view title;
   std::string_view description;
