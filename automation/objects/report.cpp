@@ -7,12 +7,12 @@ namespace automation {
 namespace {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one hook a process
-std::atomic<ReportHook> installed{nullptr};
+std::atomic<ReportHook> reporting{nullptr};
 
 }  // namespace
 
 void report(std::string_view label, const RunTimeError& error) noexcept {
-  const ReportHook hook = installed;
+  const ReportHook hook = reporting;
   if (!hook) return;
   try {
     hook(label, error);
@@ -21,6 +21,6 @@ void report(std::string_view label, const RunTimeError& error) noexcept {
   }
 }
 
-ReportHook set_report_hook(ReportHook hook) { return installed.exchange(hook); }
+ReportHook set_report_hook(ReportHook hook) { return reporting.exchange(hook); }
 
 }  // namespace automation

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "automation/doubles.h"
+#include "automation/values/doubles.h"
 #include "automation/int16.h"
 #include "automation/values/doubles.h"
 #include "vestara/foundation/wheel_grid.h"

@@ -6,7 +6,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/failure.h"
-#include "hosts/cli/output/shown_text.h"
+#include "vestara/foundation/message_text.h"
 #include "hosts/cli/programming/near_names.h"
 #include "vestara/foundation/message_text.h"
 
