@@ -188,10 +188,7 @@ bool DbConnector::ExecuteSql(std::string_view statement) {
 }
 
 bool DbConnector::InsertRows(const vestara::NewRows& rows) {
-  return guarded(false, [&] {
-    connection().insert(rows);
-    return true;
-  });
+  return trapped([&] { connection().insert(rows); });
 }
 
 int32_t DbConnector::GetMaxId(std::string_view table, std::string_view column) {

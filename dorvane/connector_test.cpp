@@ -29,6 +29,7 @@ class Faulty final : public Connection {
     return nullptr;
   }
   void execute(std::string_view) override { fault(); }
+  void insert(const vestara::NewRows&) override { fault(); }
   int32_t max_id(std::string_view, std::string_view) override {
     fault();
     return 1;
@@ -82,6 +83,7 @@ TEST(Connector, WhateverIsRaisedInsideIsTheLastFailure) {
     const std::vector<std::function<void()>> calls{
         [&] { EXPECT_FALSE(connector.ExecuteSql("DELETE FROM storico")); },
         [&] { EXPECT_FALSE(connector.OpenRecordset(rows, "SELECT 1")); },
+        [&] { EXPECT_FALSE(connector.row_inserter()->InsertRows({})); },
         [&] { EXPECT_EQ(connector.GetMaxId("storico", "id"), 0); },
         [&] { EXPECT_FALSE(connector.CreateSchema()); },
         [&] { EXPECT_FALSE(connector.SchemaGaps()); },

@@ -126,8 +126,6 @@ bool recognise_insert(std::string_view statement, const Syntax& syntax, InsertVa
 
 namespace {
 
-using automation::RunTimeError;
-
 void append_literal(std::string& text, const Literal& value) {
   switch (value.kind) {
     case Literal::Kind::null:
@@ -148,7 +146,8 @@ void require_word(std::string_view name) {
     return automation::is_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
   });
   if (!plain)
-    throw RunTimeError(5, automation::concatenated({"rows go into tables and columns with plain names, not ", name}));
+    throw automation::invalid_call(
+        automation::concatenated({"rows go into tables and columns with plain names, not ", name}));
 }
 
 }  // namespace
@@ -156,9 +155,9 @@ void require_word(std::string_view name) {
 std::string insert_head(const vestara::NewRows& rows) {
   require_word(rows.table);
   if (rows.columns.empty() || rows.values.size() % rows.columns.size() != 0)
-    throw RunTimeError(5, "the values make no whole rows: each needs one for every column");
+    throw automation::invalid_call("the values make no whole rows: each needs one for every column");
   for (const Literal& value : rows.values)
-    if (value.text.find('\0') != std::string_view::npos) throw RunTimeError(5, "a text holds a NUL character");
+    if (value.text.find('\0') != std::string_view::npos) throw automation::invalid_call("a text holds a NUL character");
   std::string head = automation::concatenated({"INSERT INTO ", rows.table});
   char joint = '(';
   for (const std::string_view column : rows.columns) {
