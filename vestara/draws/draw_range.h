@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

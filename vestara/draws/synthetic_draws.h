@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <functional>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

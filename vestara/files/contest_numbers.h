@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 
 // A contest number is the place of a date among the draw dates of its calendar year, from 1.
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "vestara/foundation/export.h"
 #include "vestara/files/draw_collector.h"
 #include "vestara/files/draw_format.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/files/draw_format.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

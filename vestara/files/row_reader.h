@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 
 namespace vestara {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "vestara/foundation/export.h"
 #include "automation/ref.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive_tables.h"
 
 namespace vestara {

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <functional>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "vestara/foundation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 
 // Values of an archive that other programs write, too, so that any of them may be anything.
 

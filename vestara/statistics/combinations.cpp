@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "automation/values/doubles.h"
 #include "automation/int16.h"
 #include "automation/values/doubles.h"
 #include "vestara/foundation/wheel_grid.h"

@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/keeping/archive.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive.h"
 
 namespace vestara {

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_range.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/keeping/archive.h"
 

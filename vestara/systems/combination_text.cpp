@@ -6,8 +6,8 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "automation/variant.h"
-#include "vestara/systems/integral.h"
 #include "vestara/foundation/combination_lines.h"
+#include "vestara/systems/integral.h"
 #include "vestara/systems/number_series.h"
 
 namespace vestara {

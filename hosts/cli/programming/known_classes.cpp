@@ -6,7 +6,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/failure.h"
-#include "vestara/foundation/message_text.h"
 #include "hosts/cli/programming/near_names.h"
 #include "vestara/foundation/message_text.h"
 

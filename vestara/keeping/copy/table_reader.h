@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "automation/ref.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"
 #include "vestara/keeping/archive_tables.h"

@@ -3,8 +3,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "vestara/foundation/export.h"
 #include "automation/variant.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive_tables.h"
 
 namespace vestara {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/archive.h"
 
 namespace vestara {

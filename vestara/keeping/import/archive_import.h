@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/progress.h"
 #include "vestara/keeping/archive.h"
 #include "vestara/keeping/import/import_plan.h"

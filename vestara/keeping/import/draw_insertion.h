@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <span>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 #include "vestara/foundation/progress.h"
 #include "vestara/keeping/archive.h"
 

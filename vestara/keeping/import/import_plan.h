@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 #include "vestara/keeping/import/archive_change.h"
 #include "vestara/keeping/import/import_mode.h"
 #include "vestara/keeping/import/manual_draws.h"

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 
 // Draws that were entered by hand, when a file takes the archive's place. All rows sorted by date and wheel.
 

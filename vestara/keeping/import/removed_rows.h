@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "vestara/foundation/export.h"
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/export.h"
 
 // What a command takes out of an archive is kept in a file, so that nothing is lost by one command alone.
 
