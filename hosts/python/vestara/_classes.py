@@ -62,7 +62,7 @@ def descriptions() -> Iterator[Description]:
         yield description
 
 
-def _description(ask: Callable[[Any], int]) -> Description | None:
+def _description(ask: Callable[[Any], Any]) -> Description | None:
     json_value = Value()
     if ask(_abi.reference(json_value)):
         return None
