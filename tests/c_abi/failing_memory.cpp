@@ -29,6 +29,9 @@ After::~After() { left = endless; }
 
 void* operator new(size_t size) { return take(size); }
 void* operator new[](size_t size) { return take(size); }
+// What the standard library's algorithms ask for when they can do without.
+void* operator new(size_t size, const std::nothrow_t&) noexcept { return std::malloc(size == 0 ? 1 : size); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, size_t) noexcept { std::free(memory); }

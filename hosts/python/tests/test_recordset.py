@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import json
 from datetime import datetime
 from typing import Any
 
@@ -85,6 +86,7 @@ class Walking(InFolder):
 class Collections(InFolder):
     def test_the_first_item(self) -> None:
         class Counted(Collection):
+            _first = 1
             Count = 3
 
             def Item(self, place: int) -> str:
@@ -98,16 +100,17 @@ class Collections(InFolder):
         self.assertEqual((len(Asked()), list(Asked())), (2, ["item 1", "item 2"]))
         self.assertIn("item 2", Counted())
 
-    def test_where_libraries_begin_to_count(self) -> None:
-        for library, first in (("Vestara", 1), ("Dorvane", 0)):
+    def test_a_collection_begins_where_its_class_says(self) -> None:
+        for first in (0, 1):
             rows = [
                 {"id": 0, "kind": "get", "name": "Item", "result": "String", "help": "", "parameters": [INDEX]},
                 {"id": 1, "kind": "get", "name": "Count", "result": "Long", "help": "", "parameters": []},
             ]
-            surface = {"library": library, "class": "Texts", "help": "", "members": rows, "events": []}
+            surface: dict[str, Any] = {"library": "L", "class": "Texts", "help": "", "events": [], "members": rows}
+            surface |= {"creatable": False, "first_item": first}
             names: dict[str, Any] = {}
             bases: list[type] = []
-            _collection(Description(surface), names, bases)
+            _collection(Description(json.dumps(surface).encode()), names, bases)
             self.assertEqual((names["_first"], bases), (first, [Collection]))
 
 
