@@ -465,16 +465,13 @@ struct Rows {
   template <class Value, Value (Class::*Read)() const, void (Class::*Assign)(typename detail::Assigned<Value>::Type)>
   static consteval PropertyRows property(int32_t id, std::string_view name, std::string_view help,
                                          std::string_view help_of_assignment = {}) {
-    using Assigned = detail::Assigned<Value>;
     return {get<Value, Read>(id, name, help),
-            detail::Signature<Class, Assign, void, typename Assigned::Type>::row(
-                id, Assigned::kind, name, help_of_assignment.empty() ? help : help_of_assignment, parameter("value"))};
+            assignment<Value, Assign>(id, name, help_of_assignment.empty() ? help : help_of_assignment)};
   }
   /// The same where the interface lists the assignment first.
   template <class Value, Value (Class::*Read)() const, void (Class::*Assign)(typename detail::Assigned<Value>::Type)>
   static consteval PropertyRows assigned_property(int32_t id, std::string_view name, std::string_view help) {
-    const PropertyRows rows = property<Value, Read, Assign>(id, name, help);
-    return {rows[1], rows[0]};
+    return {assignment<Value, Assign>(id, name, help), get<Value, Read>(id, name, help)};
   }
   /// A property that is only read, where the name has two functions.
   template <class Value, Value (Class::*Function)() const>
@@ -489,6 +486,14 @@ struct Rows {
   template <class Value, void (Class::*Function)(Value)>
   static consteval Member putref(int32_t id, std::string_view name, std::string_view help) {
     return detail::Signature<Class, Function, void, Value>::row(id, MemberKind::putref, name, help, parameter("value"));
+  }
+
+ private:
+  template <class Value, void (Class::*Assign)(typename detail::Assigned<Value>::Type)>
+  static consteval Member assignment(int32_t id, std::string_view name, std::string_view help) {
+    using Assigned = detail::Assigned<Value>;
+    return detail::Signature<Class, Assign, void, typename Assigned::Type>::row(id, Assigned::kind, name, help,
+                                                                                parameter("value"));
   }
 };
 

@@ -7,11 +7,11 @@ namespace vestara {
 namespace {
 
 constexpr std::array<TableColumn, 1> mark_columns{{{known_column::draw_day, ColumnKind::day}}};
-constexpr ArchiveTable marks{"vestara_manual_draws", mark_columns, KeySource::statement};
+constexpr ArchiveTable table_of_marks{"vestara_manual_draws", mark_columns, KeySource::statement};
 
 }  // namespace
 
-const ArchiveTable& marks_table() { return marks; }
+const ArchiveTable& marks_table() { return table_of_marks; }
 
 const ArchiveTable* archive_table(std::string_view name) {
   if (name == marks_table().name) return &marks_table();

@@ -24,7 +24,9 @@ std::optional<int64_t> plain_number(std::string_view text) {
 }
 
 /// Between quotes it is the text itself, on every engine.
-bool is_plain(std::string_view text) { return text.find_first_of(std::string_view("'\\\0", 3)) == text.npos; }
+bool is_plain(std::string_view text) {
+  return text.find_first_of(std::string_view("'\\\0", 3)) == std::string_view::npos;
+}
 
 std::string literal_of(const RowValue& value) {
   switch (value.kind) {
