@@ -77,7 +77,7 @@ class BareMariadb final : public BareClient {
   }
 
   void read(const std::string& statement) override {
-    run(dorvane::mariadb::translate_reading(statement));
+    run(dorvane::mariadb::translate(statement));
     const dorvane::mariadb::Result result(mysql_store_result(session_.get()));
     if (!result) stop(mysql_error(session_.get()));
     const unsigned columns = mysql_num_fields(result.get());

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/coercion.h"
 #include "automation/error.h"
 #include "records/static_recordset.h"
 
@@ -62,6 +63,28 @@ TEST(Fields, AnItemIsFoundByItsPlaceItsNameOrWhatAnObjectStandsFor) {
                {"a field that holds a name", Ref<automation::Object>(automation::make<Field>(rows, Column{1})), "Ba"},
                {"nothing", Ref<automation::Object>(), "error 91"}};
   for (const auto& row : table) EXPECT_EQ(name_of(fields, row.index), row.name) << row.what;
+}
+
+// An index behind a property that takes none goes to the collection that the property gives, and so does its name.
+TEST(Fields, AnIndexOfThePropertyKeepsItsName) {
+  const Ref<StaticRecordSet> rows =
+      automation::make<StaticRecordSet>(std::vector<ColumnHeader>{{"n"}, {"Ba"}}, std::make_unique<OneRow>());
+  const struct {
+    std::vector<std::string_view> names;
+    const char* found;
+  } table[] = {{{}, "Ba"}, {{"index"}, "Ba"}, {{"INDEX"}, "Ba"}, {{"place"}, "error 448"}};
+  for (const auto& row : table) {
+    std::vector<Variant> arguments{Variant("ba")};
+    std::string found;
+    try {
+      const Variant field = rows->call("Fields", automation::InvokeKind::get, arguments, row.names);
+      found = automation::to_text(
+          (*field.get_if<Ref<automation::Object>>())->call("Name", automation::InvokeKind::get, {}));
+    } catch (const automation::RunTimeError& error) {
+      found = "error " + std::to_string(error.number());
+    }
+    EXPECT_EQ(found, row.found);
+  }
 }
 
 }  // namespace

@@ -82,6 +82,19 @@ TEST(AppendToFile, WritesRegularFilesOnlyAndNeverWaits) {
   EXPECT_FALSE(fs::exists(victim + "2"));
 }
 
+TEST(AppendToFile, LeavesNoDescriptorOpen) {
+  const TemporaryFolder folder;
+  const auto next_descriptor = [] {
+    const int descriptor = ::open("/dev/null", O_RDONLY);
+    ::close(descriptor);
+    return descriptor;
+  };
+  const int before = next_descriptor();
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(append_to_file(folder.path_to("log"), "entry", 100));
+  EXPECT_TRUE(can_append(folder.path_to("log")));
+  EXPECT_EQ(next_descriptor(), before);
+}
+
 TEST(AppendToFile, AFifoThatSomebodyReadsTakesNothing) {
   const TemporaryFolder folder;
   const std::string path = folder.path_to("fifo");

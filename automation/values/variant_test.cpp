@@ -78,6 +78,12 @@ TEST(Array, NegativeLowerBoundAndNoItems) {
   EXPECT_EQ(error_of([&] { none.at(0); }), 9);
 }
 
+TEST(Array, WithoutDimensionsHasNoItems) {
+  const Array none(VariantKind::integer, {});
+  EXPECT_EQ(none.items().size(), 0U);
+  EXPECT_EQ(error_of([&] { none.lower(0); }), 9);
+}
+
 TEST(Array, SeveralDimensionsWithTheFirstIndexFastest) {
   Array grid(VariantKind::integer, {{1, 11}, {1, 90}});
   EXPECT_EQ(grid.items().size(), 990U);

@@ -138,6 +138,12 @@ TEST_F(HistoryImportTest, FileThatCannotBeOpenedIsAFailure) {
   }
 }
 
+TEST_F(HistoryImportTest, WithoutAPathIsError75) {
+  lotto_.FileUpdate("");
+  EXPECT_FALSE(lotto_.UpdateTblStorico());
+  EXPECT_EQ(log_.take(), Calls{label + std::string("75")});
+}
+
 TEST_F(HistoryImportTest, FileWithoutAFolderIsError76) {
   const std::string file = folder_.file("no folder", "x");
   for (const std::string& path : {folder_.path_to("missing/x"), file + "/x"}) {

@@ -120,6 +120,10 @@ TEST(ErrorLog, FolderComesFromTheEnvironment) {
   EXPECT_EQ(log_path(), (folder.path() / "ErrVestara.log").string());
   log_error("a()", RunTimeError(6));
   EXPECT_FALSE(bytes_of(folder.path() / "ErrVestara.log").empty());
+  const TemporaryFolder chosen;
+  set_log_folder(chosen.path().string());
+  EXPECT_EQ(log_path(), (chosen.path() / "ErrVestara.log").string());
+  set_log_folder({});
   ::unsetenv("VESTARA_LOG_DIR");
   EXPECT_EQ(log_path(), usual.string());
 }

@@ -175,7 +175,8 @@ TEST(Output, NumbersWithAFraction) {
                          {43949268, "43949268", "43949268"},
                          {2.2753507e-06, "0.00000227535", "2.2753507e-06"},
                          {-0.5, "-0.5", "-0.5"},
-                         {1234567.5, "1234568", "1234567.5"}}) {
+                         {1234567.5, "1234568", "1234567.5"},
+                         {1200000.25, "1200000", "1200000.25"}}) {
     EXPECT_EQ(readable_text(row.number), row.for_people);
     EXPECT_EQ(cell_text(row.number), row.for_programs);
   }

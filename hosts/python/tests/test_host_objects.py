@@ -36,6 +36,19 @@ class Connector(InFolder):
         lotto.GetMaxDateStorico()
         self.assertEqual(connector.statements[-1], "SELECT max(dtEstr)as dmax FROM Storico")
 
+    def test_the_largest_key_is_asked_for_by_table_and_column(self) -> None:
+        class Asked(RecordingConnector):
+            asked: list[tuple[str, str]] = []
+
+            def GetMaxId(self, table: str, column: str) -> int:
+                self.asked.append((table, column))
+                return 7
+
+        connector = Asked()
+        lotto_on(connector).SaveRicerchePersonalizzate(0, "mine", "1,2", 1, "BA")
+        self.assertEqual(connector.asked, [("tRicerche", "idRicerca")])
+        self.assertIn(" VALUES (8,'mine',", connector.statements[-1])
+
     def test_record_sets_come_back_as_themselves(self) -> None:
         connector = RecordingConnector()
         rows = lotto_on(connector).LoadLottoEstr("5", 1)

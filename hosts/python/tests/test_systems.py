@@ -27,6 +27,7 @@ class Systems(InFolder):
             with self.subTest(before=before):
                 series = ByRef(before)
                 self.systems.GetRndNumber(series, 90, 1, 90, False)
+                self.assertIs(type(series.value), list if isinstance(before, list) else tuple)
                 self.assertEqual(sorted(series.value), list(range(1, 91)))
         self.systems.GetRndNumber(series, 3, 7, 7, True)
         self.assertEqual(list(series.value), [7, 7, 7])
