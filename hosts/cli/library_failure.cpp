@@ -5,11 +5,12 @@
 
 namespace vestara::host {
 
-void require(bool worked, const ArchiveSession& session, const std::string& otherwise) {
+void fail_answer(const ArchiveSession& session, const std::string& what, const automation::RunTimeError& error) {
   if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
-  if (worked) return;
+  std::string entry = "vestara: " + what;
+  WriteErrLog(entry, error);
   throw Failure(ExitCode::database,
-                otherwise + ": a draw has a wheel or a number that there is not; " + log_path() + " names the error");
+                what + ": a draw has a wheel or a number that there is not; " + log_path() + " names the error");
 }
 
 }  // namespace vestara::host

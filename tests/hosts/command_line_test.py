@@ -139,7 +139,7 @@ class ErrorLog(CommandLine):
             self.setUp()
             self.logged(**{name: value.format(self.folder) for name, value in variables.items()})
             entry = (self.folder / place / "ErrVestara.log").read_bytes()
-            self.assertIn(b"- Procedura: cFrequenza.LoadRitardi()\r\nDesc.: Subscript out of range\r\n", entry)
+            self.assertIn(b"- Procedura: vestara: the delays cannot be counted\r\nDesc.: Subscript out of range\r\n", entry)
 
     def test_a_pipe_or_a_link_in_its_place_is_left_alone(self):
         victim = self.write("victim", "kept")

@@ -15,6 +15,14 @@ automation::Variant date_bound(std::optional<int32_t> day) {
   return automation::Date::from_day(*day);
 }
 
+DrawSelection selection_of(const DrawRange& range) {
+  const auto bound = [](std::optional<int32_t> day) {
+    return day ? DateBound(automation::Date::from_day(*day)) : DateBound();
+  };
+  return {range.wheels.all ? WheelFilter() : WheelFilter::listed(range.wheels.codes), bound(range.from),
+          bound(range.to)};
+}
+
 std::string range_condition(const DrawRange& range) {
   std::string condition;
   if (range.from) condition = "dtEstr>=" + day_literal(*range.from);

@@ -7,6 +7,7 @@
 
 #include "automation/variant.h"
 #include "vestara/foundation/export.h"
+#include "vestara/foundation/selection.h"
 
 namespace vestara {
 
@@ -25,6 +26,9 @@ struct DrawRange {
 
 /// A bound as the library takes it.
 VESTARA_API automation::Variant date_bound(std::optional<int32_t> day);
+
+/// The same draws as a typed function takes them.
+VESTARA_API DrawSelection selection_of(const DrawRange& range);
 
 /// " WHERE " and what the draws of a range fulfil, or nothing when there is no condition.
 VESTARA_API std::string range_condition(const DrawRange& range);

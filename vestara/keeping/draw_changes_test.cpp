@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "automation/yield.h"
 #include "tests/support/connectors.h"
 #include "tests/support/values.h"
@@ -12,7 +16,6 @@ namespace {
 using automation::make;
 using testing_support::day;
 using testing_support::FailingConnector;
-using testing_support::Failure;
 using testing_support::FailurePlan;
 using testing_support::is_refused;
 using Calls = std::vector<std::string>;

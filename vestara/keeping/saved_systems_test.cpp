@@ -13,7 +13,6 @@ namespace {
 using automation::make;
 using testing_support::error_of;
 using testing_support::FailingConnector;
-using testing_support::Failure;
 using testing_support::FailurePlan;
 using testing_support::is_refused;
 using Calls = std::vector<std::string>;

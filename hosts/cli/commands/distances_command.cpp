@@ -4,6 +4,7 @@
 
 #include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/library_failure.h"
 #include "hosts/cli/output/histogram_plot.h"
 #include "hosts/cli/study/gap_rows.h"
 #include "vestara/foundation/message_text.h"
@@ -48,7 +49,7 @@ void add_wheel_draws(Report& report, const Gaps& gaps) {
   for (size_t i = 0; i < draws.size(); ++i) report.rows[i].emplace_back(draws[i]);
 }
 
-Report describe(const cDistanze& distances, const Gaps& gaps) {
+Report describe(const GapList& distances, const Gaps& gaps) {
   Report report;
   report.facts = gap_facts(distances);
   report.listing = "distances";
@@ -69,7 +70,7 @@ void write_plot(std::ostream& out, const Gaps& gaps) {
       << plot(histogram_of(std::move(lengths)), {terminal_columns(out), shows_utf8(out)});
 }
 
-Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, const cDistanze& distances) {
+Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, const GapList& distances) {
   Gaps gaps{gap_rows(distances), {}};
   if (!options.wheel_draws) return gaps;
   const WheelDraws draws(session, options.search.draws);
@@ -82,12 +83,10 @@ Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, con
 ExitCode run_distances(const DistancesOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
   const SearchOptions& search = options.search;
-  cDistanze distances;
-  distances.ActiveConnection(session.connector());
-  distances.LoadDistanze(search.numbers.text, search.hits, search.draws.wheels.codes, date_bound(search.draws.from),
-                         date_bound(search.draws.to), false, search.draws.wheels.all, search.oldest_first);
-  // The library answers with empty values what its connector refused.
-  if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
+  const vestara::GapQuestion question{search.numbers.text, search.hits, selection_of(search.draws),
+                                      date_order(search.oldest_first)};
+  const GapList distances = answer(session, "the distances cannot be counted",
+                                   [&](DbConnector& connector) { return load_gaps(connector, question); });
   const Gaps gaps = gaps_of(session, options, distances);
   write_report(context.out, describe(distances, gaps), context.style());
   if (options.plot) write_plot(context.out, gaps);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/commands.h"
@@ -121,17 +122,20 @@ void write_counts(Report report, const FrequenciesOptions& options, const Figure
 
 ExitCode run_frequencies(const FrequenciesOptions& options, const Context& context) {
   const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const auto counts = load_counts(session, options.draws);
   const auto wheels = chosen_wheels(options.draws.wheels);
-  const Report report = begin_report(counts.grid, options.draws);
-  if (options.counted == Counted::times)
-    write_counts(report, options, counts, context);
-  else
-    write_averages(
-        report,
-        {options, wheels, counts.grid, load_averages(session, options.draws), WheelCalendar(session, options.draws)},
-        context);
-  return total(counts.grid, wheels) == 0 ? ExitCode::nothing_found : ExitCode::ok;
+  const auto exit_code = [&](const Counts& counts) {
+    return total(counts, wheels) == 0 ? ExitCode::nothing_found : ExitCode::ok;
+  };
+  if (options.counted == Counted::times) {
+    const auto counts = load_counts(session, options.draws);
+    write_counts(begin_report(counts.grid, options.draws), options, counts, context);
+    return exit_code(counts.grid);
+  }
+  auto averages = load_averages(session, options.draws);
+  write_averages(begin_report(averages.times, options.draws),
+                 {options, wheels, averages.times, std::move(averages.percent), WheelCalendar(session, options.draws)},
+                 context);
+  return exit_code(averages.times);
 }
 
 }  // namespace vestara::host

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "automation/coercion.h"
 #include "automation/date.h"
@@ -11,7 +12,8 @@
 #include "hosts/cli/library_failure.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/foundation/message_text.h"
-#include "vestara/frequency/analytic_table.h"
+#include "vestara/foundation/wheels.h"
+#include "vestara/frequency/loads.h"
 #include "vestara/study/wheel_calendar.h"
 
 namespace vestara::host {
@@ -23,15 +25,6 @@ constexpr int32_t days_covered = 730;
 std::string listed(std::string numbers) {
   std::replace(numbers.begin(), numbers.end(), '.', ',');
   return numbers;
-}
-
-/// Dates of a range that have a draw with all of its numbers: the library looks at no others.
-int64_t dates_in(const ArchiveSession& session, const DrawRange& range) {
-  auto rows = session.rows("SELECT count(DISTINCT dtEstr) AS giorni FROM storico" + range_condition(range) +
-                           " AND estr1>0 AND estr2>0 AND estr3>0 AND estr4>0 AND estr5>0");
-  const int64_t dates = rows->at_end() ? 0 : rows->whole_number(rows->column("giorni"));
-  session.connector()->CloseRecordset(rows);
-  return dates;
 }
 
 /// The last day on which the archive has a draw.
@@ -49,21 +42,21 @@ std::string why_empty(const ArchiveSession& session, const DrawRange& window) {
          "; its newest is of " + shown_day(*newest) + ", --as-of DATE shows an older time";
 }
 
-Report describe(const cTabAnalytics& table, int32_t first, int32_t today) {
+Report describe(const std::vector<AnalyticLine>& table, int32_t first, int32_t today) {
   Report report;
-  report.facts = {{"as_of", shown_day(today)}, {"from", shown_day(first)}, {"lines", int64_t{table.GetItemCount()}}};
+  report.facts = {{"as_of", shown_day(today)}, {"from", shown_day(first)}, {"lines", std::ssize(table)}};
   report.listing = "lines";
   report.row_kind = "line";
   report.columns = {"date", "wheel", "numbers", "delay"};
-  for (const AnalyticLine& line : table.lines())
+  for (const AnalyticLine& line : table)
     report.rows.push_back({shown_day(line.date.day()), line.wheel, listed(line.numbers), int64_t{line.delay}});
   return report;
 }
 
-void add_wheel_delays(Report& report, const cTabAnalytics& table, const WheelCalendar& calendar) {
+void add_wheel_delays(Report& report, const std::vector<AnalyticLine>& table, const WheelCalendar& calendar) {
   report.columns.emplace_back("wheel_delay");
   for (size_t i = 0; i < report.rows.size(); ++i) {
-    const AnalyticLine& line = table.lines()[i];
+    const AnalyticLine& line = table[i];
     report.rows[i].emplace_back(calendar.draws_after(line.wheel_enumerator, line.date.day()));
   }
 }
@@ -76,10 +69,9 @@ ExitCode run_table(const TableOptions& options, const Context& context) {
   const DrawRange window{{}, today.day() - days_covered, today.day()};
   // The library's table has a first date and no last one.
   const ArchiveSession seen = archive_excerpt(session, window);
-  cTabAnalytics table([today] { return today; });
-  table.ActiveConnection(seen.connector());
-  table.LoadTabelloneAnalitico();
-  require(!table.lines().empty() || dates_in(seen, window) == 0, seen, "the table cannot be made");
+  PreloadRuoteAlias(seen.connector());
+  const auto table = answer(seen, "the table cannot be made",
+                            [&](DbConnector& connector) { return load_analytic_lines(connector, today); });
   Report report = describe(table, *window.from, *window.to);
   if (options.wheel_draws) add_wheel_delays(report, table, WheelCalendar(seen, window));
   write_report(context.out, report, context.style());

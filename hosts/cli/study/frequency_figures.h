@@ -8,7 +8,8 @@
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 
-// What cFrequenza counts. Failure (database) when it could not.
+// What the library counts, asked of each wheel by itself where several have a period. Failure (database) when it could
+// not.
 
 namespace vestara::host {
 
@@ -22,7 +23,11 @@ struct Figures {
 Figures<int32_t> load_delays(const ArchiveSession& session, const DrawRange& range);
 /// How often it came out.
 Figures<int32_t> load_counts(const ArchiveSession& session, const DrawRange& range);
-/// How often in a hundred draws, those of all chosen wheels together.
-Figures<double> load_averages(const ArchiveSession& session, const DrawRange& range);
+/// How often in a hundred draws, those of all chosen wheels together, and how often.
+struct AverageFigures {
+  Figures<double> percent;
+  WheelGrid<int32_t> times;
+};
+AverageFigures load_averages(const ArchiveSession& session, const DrawRange& range);
 
 }  // namespace vestara::host

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "hosts/cli/output/output.h"
-#include "vestara/distances/hit_distances.h"
+#include "vestara/distances/gap_list.h"
 
 namespace vestara::host {
 
@@ -22,12 +22,12 @@ struct GapRow {
   bool is_closed() const { return from && to; }
 };
 
-std::vector<GapRow> gap_rows(const cDistanze& gaps);
+std::vector<GapRow> gap_rows(const GapList& gaps);
 
 /// The draws since the last hit.
 int64_t current_delay(const std::vector<GapRow>& rows);
 
 /// Count, means and extremes; absent where there is no gap, or none with two hits.
-std::vector<Fact> gap_facts(const cDistanze& gaps);
+std::vector<Fact> gap_facts(const GapList& gaps);
 
 }  // namespace vestara::host

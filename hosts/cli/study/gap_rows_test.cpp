@@ -21,15 +21,14 @@ std::vector<Variant> hit(int32_t day, const char* wheel, Variant contest) {
 }
 std::vector<Variant> miss(int32_t day) { return {Date::from_day(day), Null{}, Null{}, Null{}, Null{}}; }
 
-void load(cDistanze& gaps, std::vector<std::vector<Variant>> rows, bool oldest_first = false) {
+GapList load(std::vector<std::vector<Variant>> rows, bool oldest_first = false) {
   auto connector = automation::make<testing_support::ScriptedConnector>();
   connector->default_answer = testing_support::Table{
       {"R1.dtEstr", "R2.dtEstr", "R2.ruota", "R2.concorsoNumero", "R2.numeriTrovati"}, std::move(rows)};
-  gaps.ActiveConnection(connector);
-  gaps.LoadDistanze("53", 1, "VE", automation::Missing{}, automation::Missing{}, false, false, oldest_first);
+  return load_gaps(*connector, {.numbers = "53", .order = date_order(oldest_first)});
 }
 
-std::string facts_of(const cDistanze& gaps) {
+std::string facts_of(const GapList& gaps) {
   std::string text;
   for (const Fact& fact : gap_facts(gaps)) text.append(cell_text(fact.value)).append("|");
   return text;
@@ -40,8 +39,7 @@ TEST(GapRows, HaveTheirSidesWhateverTheDirection) {
   for (const bool oldest_first : {false, true}) {
     auto walked = newest_first;
     if (oldest_first) std::reverse(walked.begin(), walked.end());
-    cDistanze gaps;
-    load(gaps, walked, oldest_first);
+    const GapList gaps = load(walked, oldest_first);
     auto rows = gap_rows(gaps);
     ASSERT_EQ(rows.size(), 3U);
     if (oldest_first) std::reverse(rows.begin(), rows.end());
@@ -75,9 +73,7 @@ TEST(GapRows, FactsAreAbsentWhereNothingBearsThem) {
                           {miss(4), hit(3, "VE", Null{}), hit(2, "VE", Null{}), hit(1, "VE", Null{})},
                           false,
                           "3|1|0.33333334|0|1|1|1|1|"}}) {
-    cDistanze gaps;
-    load(gaps, row.rows, row.oldest_first);
-    EXPECT_EQ(facts_of(gaps), row.facts) << row.why;
+    EXPECT_EQ(facts_of(load(row.rows, row.oldest_first)), row.facts) << row.why;
   }
 }
 

@@ -20,7 +20,7 @@ struct GapQuestion {
   bool is_pair() const { return numbers.size() == 2; }
 };
 
-/// The distances between the appearances of a number or a pair, as cDistanze2 has them, newest first. They count draws
+/// The distances between the appearances of a number or a pair, newest first. They count draws
 /// of the wheel, or dates when it is of all wheels.
 struct NumberGaps {
   int64_t appearances = 0;
