@@ -1,4 +1,4 @@
-#pragma once  // installed
+#pragma once
 
 #include <cstdint>
 #include <string>

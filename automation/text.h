@@ -1,4 +1,4 @@
-#pragma once  // installed
+#pragma once
 
 #include <initializer_list>
 #include <string>

@@ -3,7 +3,9 @@
 
 #include "bench/archive.h"
 #include "bench/harness.h"
+#include "vestara/archive/hit_search.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/archive/search_text.h"
 
 // hit search: LoadLottoEstr against its own two statements stepped through the bare engine into nothing.
 // record set: a complete static record set of the whole table against the usual loop that steps and reads every

@@ -6,7 +6,9 @@
 #include "bench/archive.h"
 #include "bench/bare_servers.h"
 #include "bench/harness.h"
+#include "vestara/archive/hit_search.h"
 #include "vestara/archive/lotto.h"
+#include "vestara/archive/search_text.h"
 #include "vestara/frequency/frequency.h"
 #include "vestara/frequency/frequency_text.h"
 

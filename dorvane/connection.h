@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/ref.h"
+#include "dorvane/home_process.h"
 #include "dorvane/url.h"
 #include "records/static_recordset.h"
 #include "vestara/foundation/connector.h"
@@ -23,6 +24,9 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
   /// Rolls an open transaction back. Record sets that were handed out are completed first and stay usable.
   virtual ~Connection() = default;
+
+  /// False in a process that was forked from the one that opened it: there, `leave` is all that may be called.
+  bool is_here() const { return home_.is_here(); }
 
   /// One reading statement.
   virtual automation::Ref<records::StaticRecordSet> query(std::string_view statement) = 0;
@@ -54,6 +58,9 @@ class Connection {
   /// In a process that was forked from the one that opened the connection, before the object is given up there: lets
   /// go of what the two processes share without a word to the engine. The object must not be used or destroyed after.
   virtual void leave() noexcept = 0;
+
+ private:
+  HomeProcess home_;
 };
 
 /// Opens the engine that the URL names; the archive itself is not changed. Raises RunTimeError when it cannot.

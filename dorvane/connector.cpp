@@ -68,7 +68,7 @@ DbConnector::DbConnector() : closed_because_(nothing_open), last_failure_(std::m
 DbConnector::~DbConnector() { close_at("DbConnector.Class_Terminate"); }
 
 void DbConnector::leave_elsewhere() noexcept {
-  if (!connection_ || home_.is_here()) return;
+  if (!connection_ || connection_->is_here()) return;
   connection_->leave();
   put_aside(connection_.release());
   closed_because_ = opened_elsewhere;
@@ -130,7 +130,6 @@ bool DbConnector::Open(const std::string& url) {
   if (loses) last_failure_->note(changes_were_lost());
   const bool is_open = trapped([&] {
     connection_ = open_connection(parse_url(url.empty() ? automation::environment_variable("VESTARA_DB") : url));
-    home_ = HomeProcess();
   });
   if (!is_open && loses)
     last_failure_->note(last_failure_->error()->continued("; " + changes_were_lost().description()));
@@ -169,7 +168,7 @@ std::vector<std::string> DbConnector::CheckFile() {
 }
 
 int32_t DbConnector::ConnectionState() {
-  const bool is_open = connection_ && home_.is_here() && connection_->is_alive();
+  const bool is_open = connection_ && connection_->is_here() && connection_->is_alive();
   return is_open ? vestara::connection_open : 0;
 }
 

@@ -10,7 +10,6 @@
 #include "automation/object.h"
 #include "automation/ref.h"
 #include "dorvane/export.h"
-#include "dorvane/home_process.h"
 #include "vestara/foundation/connector.h"
 
 namespace dorvane {
@@ -119,7 +118,6 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   bool close_at(const char* place) noexcept;
 
   std::unique_ptr<Connection> connection_;
-  HomeProcess home_;  ///< of the connection
   const char* closed_because_;
   std::shared_ptr<FailureNote> last_failure_;  ///< record sets write to it as well
 };

@@ -1,4 +1,4 @@
-#pragma once  // installed
+#pragma once
 
 namespace dorvane {
 

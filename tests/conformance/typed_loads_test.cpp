@@ -5,6 +5,7 @@
 #include "tests/conformance/back_end.h"
 #include "tests/support/values.h"
 #include "vestara/archive/hit_search.h"
+#include "vestara/distances/distance_lists.h"
 #include "vestara/distances/distance_walk.h"
 #include "vestara/distances/gap_list.h"
 #include "vestara/foundation/wheels.h"

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "automation/text.h"
+#include "vestara/keeping/history_text.h"
 
 namespace real_archive {
 

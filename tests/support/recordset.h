@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 
 namespace testing_support {
 

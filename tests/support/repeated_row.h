@@ -4,7 +4,7 @@
 
 #include "automation/error.h"
 #include "automation/member.h"
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 
 namespace testing_support {
 

@@ -1,20 +1,12 @@
-#pragma once  // installed
+#pragma once
 
 #include <cstdint>
 #include <string>
 
 #include "automation/variant.h"
-#include "vestara/foundation/selection.h"
-#include "vestara/foundation/wheel_grid.h"
+#include "vestara/archive/hit_search.h"
 
 namespace vestara {
-
-/// Which draw dates to count.
-struct DrawCountQuestion {
-  DateBound from;
-  DateBound to;
-  int32_t wheel = all_wheels;  ///< 1..11, or `all_wheels`
-};
 
 /// The bound that a host gives for a count: the empty text and Empty are none here, unlike in the searches.
 DateBound bound_of_count(const automation::Variant& bound);

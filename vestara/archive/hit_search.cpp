@@ -1,6 +1,9 @@
 #include "vestara/archive/hit_search.h"
 
 #include "automation/coercion.h"
+#include "vestara/archive/archive_text.h"
+#include "vestara/archive/hit_counters.h"
+#include "vestara/archive/search_text.h"
 #include "vestara/foundation/query.h"
 
 namespace vestara {

@@ -4,6 +4,8 @@
 
 #include "tests/support/connectors.h"
 #include "tests/support/values.h"
+#include "vestara/archive/archive_text.h"
+#include "vestara/archive/search_text.h"
 
 namespace vestara {
 namespace {

@@ -4,6 +4,7 @@
 #include "vestara/archive/lotto.h"
 #include "vestara/foundation/sql_text.h"
 #include "vestara/foundation/trap.h"
+#include "vestara/keeping/saved_search_text.h"
 #include "vestara/keeping/saved_searches.h"
 
 // Searches that the host keeps under a number.

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
+#include "vestara/foundation/selection.h"
 #include "vestara/foundation/wheel_grid.h"
 
 namespace vestara {
@@ -77,5 +79,33 @@ inline size_t pair_place(int32_t first, int32_t second) {
   // Rows of a triangle, each shorter by one: 1..90, 2..90, … The very first place stays unused.
   return number_places * row - (row - 1) * row / 2 + (column + 1 - row);
 }
+
+/// The period that distances are taken from, and the way through it.
+struct DistancePeriod {
+  DateBound from;
+  DateBound to;
+  DateOrder order = DateOrder::newest_first;
+};
+
+enum class NationalWheel : bool { included, left_out };
+
+enum class Recorded : bool { numbers, pairs };
+
+// The lists, asked of the database. A distance counts draws from one appearance to the next: 1 for neighbours. Each
+// function gives whole lists or raises: a failure of kind database when the connector refused the statement, error 9
+// for a number or a wheel that there is not, what the connector raises. The forms with `into` are for a class that
+// shows what a load that failed wrote: they fill lists that were cleared, and give False when the statement was
+// refused.
+
+/// The distances on each of some wheels. Groups: `wheel_group`; places: `number_place` or `pair_place`.
+VESTARA_API DistanceLists load_wheel_distances(DbConnector& connector, Recorded recorded, const WheelFilter& wheels,
+                                               const DistancePeriod& period);
+bool load_wheel_distances(DbConnector& connector, Recorded recorded, const WheelFilter& wheels,
+                          const DistancePeriod& period, DistanceLists& into);
+/// The distances over all wheels, in dates. One group, 0.
+VESTARA_API DistanceLists load_date_distances(DbConnector& connector, Recorded recorded, NationalWheel national,
+                                              const DistancePeriod& period);
+bool load_date_distances(DbConnector& connector, Recorded recorded, NationalWheel national,
+                         const DistancePeriod& period, DistanceLists& into);
 
 }  // namespace vestara

@@ -7,6 +7,7 @@
 #include "automation/coercion.h"
 #include "automation/variant.h"
 #include "automation/yield.h"
+#include "vestara/distances/distance_text.h"
 #include "vestara/foundation/draw_columns.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/wheel_grid.h"

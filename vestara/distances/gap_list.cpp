@@ -5,6 +5,7 @@
 
 #include "automation/coercion.h"
 #include "automation/error.h"
+#include "vestara/distances/gap_text.h"
 #include "vestara/foundation/query.h"
 
 namespace vestara {

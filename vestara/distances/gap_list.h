@@ -10,13 +10,19 @@
 
 #include "automation/date.h"
 #include "automation/variant.h"
-#include "vestara/distances/gap_text.h"
 #include "vestara/foundation/connector.h"
-#include "vestara/foundation/date_order.h"
 #include "vestara/foundation/export.h"
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/selection.h"
 
 namespace vestara {
+
+/// Which hits the gaps lie between.
+struct GapQuestion {
+  std::string numbers;     ///< "5,12", as they go into the IN lists
+  int16_t least_hits = 1;  ///< numbers that a row must hold
+  DrawSelection draws;     ///< the period of the gaps, and the wheels that hits count on
+  DateOrder order = DateOrder::newest_first;
+};
 
 /// A row that holds enough of the numbers played.
 struct Hit {

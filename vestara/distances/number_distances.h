@@ -9,7 +9,6 @@
 #include "automation/ref.h"
 #include "automation/variant.h"
 #include "vestara/distances/distance_lists.h"
-#include "vestara/distances/distance_walk.h"
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/wheel_grid.h"

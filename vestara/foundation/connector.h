@@ -12,11 +12,15 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/ref.h"
+#include "records/recordset.h"
 #include "vestara/foundation/export.h"
-#include "vestara/foundation/recordset.h"
 #include "vestara/foundation/schema.h"
 
 namespace vestara {
+
+// What a connector hands out, under the library's own name.
+using records::Column;
+using records::RecordSet;
 
 /// What ConnectionState says of an open connection.
 inline constexpr int32_t connection_open = 1;

@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/foundation/wheels.h"
 

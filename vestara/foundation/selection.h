@@ -66,6 +66,14 @@ struct DrawSelection {
   DateBound to;
 };
 
+/// The way a walk takes through the draws of a period.
+enum class DateOrder : bool { newest_first, oldest_first };
+
+constexpr DateOrder date_order(bool ascending) { return ascending ? DateOrder::oldest_first : DateOrder::newest_first; }
+
+/// The word of its ORDER BY.
+constexpr std::string_view order_word(DateOrder order) { return order == DateOrder::oldest_first ? "ASC" : "DESC"; }
+
 /// Which rows the period of a selection with several wheels holds for. `first_wheel` is the contract's, kept on
 /// purpose: its wheel terms stand without parentheses, so that period and other conditions bind to the first one only,
 /// and all rows of the others come back.

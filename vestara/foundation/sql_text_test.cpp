@@ -5,7 +5,7 @@
 #include "tests/support/log_capture.h"
 #include "tests/support/values.h"
 #include "tests/support/wheels.h"
-#include "vestara/foundation/date_order.h"
+#include "vestara/foundation/selection.h"
 
 namespace vestara {
 namespace {

@@ -12,7 +12,7 @@
 #include "automation/variant.h"
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
-#include "vestara/frequency/analytic_scan.h"
+#include "vestara/frequency/loads.h"
 
 namespace vestara {
 

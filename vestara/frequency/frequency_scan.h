@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 

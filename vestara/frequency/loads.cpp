@@ -5,6 +5,7 @@
 
 #include "automation/int16.h"
 #include "vestara/foundation/query.h"
+#include "vestara/frequency/analytic_scan.h"
 #include "vestara/frequency/delay_scan.h"
 #include "vestara/frequency/frequency_scan.h"
 #include "vestara/frequency/frequency_text.h"

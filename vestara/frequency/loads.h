@@ -1,6 +1,7 @@
 #pragma once  // installed
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "automation/date.h"
@@ -8,7 +9,6 @@
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/selection.h"
 #include "vestara/foundation/wheel_grid.h"
-#include "vestara/frequency/analytic_scan.h"
 #include "vestara/frequency/ranking.h"
 
 // What the archive says of every number on every wheel, asked of the database.
@@ -58,7 +58,16 @@ VESTARA_API Averages load_averages(DbConnector& connector, const DrawSelection& 
                                    PeriodBinding binding = PeriodBinding::every_wheel);
 bool load_averages(DbConnector& connector, const DrawSelection& selection, PeriodBinding binding, Averages& into);
 
-/// The lines of the analytic table (see `scan_analytic_lines`) of the 730 days before `today`, and of what came later.
+/// A draw that some numbers came out in for the last time.
+struct AnalyticLine {
+  automation::Date date;
+  std::string numbers;  ///< in the order they were drawn, joined by "."
+  int16_t delay = 0;    ///< dates of any wheel since: 0 is the newest
+  std::string wheel;    ///< alias as the archive has it
+  int16_t wheel_enumerator = 0;
+};
+
+/// The lines of the analytic table of the 730 days before `today`, and of what came later.
 VESTARA_API std::vector<AnalyticLine> load_analytic_lines(DbConnector& connector, automation::Date today);
 bool load_analytic_lines(DbConnector& connector, automation::Date today, std::vector<AnalyticLine>& into);
 

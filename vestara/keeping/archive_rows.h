@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "vestara/draws/draw_row.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
-#include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"
 
 namespace vestara {

@@ -5,6 +5,7 @@
 #include "vestara/foundation/query.h"
 #include "vestara/keeping/draw_text.h"
 #include "vestara/keeping/history_batch.h"
+#include "vestara/keeping/history_text.h"
 
 namespace vestara {
 namespace {

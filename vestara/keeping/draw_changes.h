@@ -9,7 +9,6 @@
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/schema.h"
-#include "vestara/keeping/history_text.h"
 
 // Draws into the archive and out of it. Each call raises a failure of kind database when the connector refused a
 // statement, or what the connector raises. But for `save_draw` none has a transaction of its own: what was done before
@@ -17,6 +16,9 @@
 // the wheels' codes.
 
 namespace vestara {
+
+/// What becomes of the rows behind the last full statement.
+enum class Remainder : bool { written, left };
 
 /// Called after each statement that stored rows: how many of how many there are now.
 using StoredProgress = std::function<void(int32_t stored, int32_t rows)>;

@@ -11,6 +11,7 @@
 #include "automation/date.h"
 #include "vestara/draws/draw_row.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/keeping/draw_changes.h"
 #include "vestara/keeping/history_text.h"
 
 namespace vestara {

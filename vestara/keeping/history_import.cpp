@@ -12,6 +12,7 @@
 #include "automation/text.h"
 #include "automation/yield.h"
 #include "vestara/foundation/trap.h"
+#include "vestara/keeping/draw_changes.h"
 #include "vestara/keeping/history_batch.h"
 #include "vestara/keeping/history_text.h"
 

@@ -1,4 +1,4 @@
-#pragma once  // installed
+#pragma once
 
 #include <array>
 #include <cstdint>
@@ -25,9 +25,6 @@ inline constexpr std::array<std::string_view, 8> history_columns{"concorsoNumero
 
 /// Rows that one multi-row statement takes.
 inline constexpr int32_t rows_per_statement = 1000;
-/// What becomes of the rows behind the last full statement.
-enum class Remainder : bool { written, left };
-
 /// Splits one record at "#" (fields 1 to 8; field 0 and everything behind field 8 is not looked at). A number is
 /// what its field begins with: "07" is 7, "x" is 0. Errors: 9 for fewer than nine fields, 6 for a number beyond 16
 /// bits.

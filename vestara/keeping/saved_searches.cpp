@@ -3,6 +3,7 @@
 #include "automation/int16.h"
 #include "vestara/foundation/query.h"
 #include "vestara/foundation/sql_text.h"
+#include "vestara/keeping/saved_search_text.h"
 
 namespace vestara {
 

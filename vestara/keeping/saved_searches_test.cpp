@@ -6,6 +6,7 @@
 
 #include "tests/support/connectors.h"
 #include "tests/support/values.h"
+#include "vestara/keeping/saved_search_text.h"
 
 namespace vestara {
 namespace {

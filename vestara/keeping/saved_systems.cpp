@@ -4,6 +4,7 @@
 
 #include "automation/int16.h"
 #include "vestara/foundation/query.h"
+#include "vestara/keeping/catalogue_text.h"
 
 namespace vestara {
 

@@ -6,12 +6,34 @@
 
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
-#include "vestara/keeping/catalogue_text.h"
 
 // Betting systems that the archive keeps: a header row and a row for each combination. No call has a transaction of its
 // own: a host that wants all of it or nothing puts one around.
 
 namespace vestara {
+
+/// Which systems to list: an empty text and 0 do not filter.
+struct SystemFilter {
+  int32_t key = 0;
+  std::string_view kind;
+  std::string_view title;        ///< found anywhere in the title
+  std::string_view description;  ///< found anywhere in the description
+  int16_t numbers = 0;
+  int16_t bets = 0;
+  int16_t columns = 0;
+  int16_t guarantee = 0;
+};
+
+/// The header row of a system. The texts must outlive the call that gets it.
+struct SystemHeader {
+  std::string_view title;
+  std::string_view description;
+  std::string_view numbers;  ///< goes into the text as it stands
+  int16_t number_count;
+  int16_t bets;
+  int16_t columns;
+  int16_t guarantee;
+};
 
 /// Stores a system under the next free number, which it returns; `replaced`, when it is not 0, is removed first.
 /// Combinations are stored as they are, "1,2,3" or positions. Raises a failure of kind database when a statement is

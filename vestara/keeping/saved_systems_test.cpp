@@ -6,6 +6,7 @@
 
 #include "tests/support/connectors.h"
 #include "tests/support/values.h"
+#include "vestara/keeping/catalogue_text.h"
 
 namespace vestara {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "automation/ref.h"
 #include "dorvane/connector.h"
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/keeping/archive.h"
 
 namespace vestara::host {

@@ -7,6 +7,7 @@
 #include "hosts/cli/output/output_forms.h"
 #include "hosts/cli/output/stored_cell.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/keeping/saved_systems.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {

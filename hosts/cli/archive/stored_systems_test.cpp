@@ -5,6 +5,7 @@
 #include "hosts/cli/failure.h"
 #include "hosts/cli/output/output_forms.h"
 #include "tests/support/temporary_folder.h"
+#include "vestara/keeping/saved_systems.h"
 
 namespace vestara::host {
 namespace {

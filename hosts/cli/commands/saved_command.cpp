@@ -6,6 +6,7 @@
 #include "vestara/archive/lotto.h"
 #include "vestara/foundation/error_log.h"
 #include "vestara/keeping/saved_search_text.h"
+#include "vestara/keeping/saved_searches.h"
 
 namespace vestara::host {
 namespace {

@@ -7,6 +7,7 @@
 #include "hosts/cli/study/system_numbers.h"
 #include "vestara/foundation/error_log.h"
 #include "vestara/foundation/message_text.h"
+#include "vestara/keeping/saved_systems.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {

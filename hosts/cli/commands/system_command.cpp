@@ -5,6 +5,7 @@
 #include "hosts/cli/commands/system_integral.h"
 #include "hosts/cli/options/system_values.h"
 #include "hosts/cli/study/system_numbers.h"
+#include "vestara/keeping/saved_systems.h"
 
 namespace vestara::host {
 namespace {

@@ -9,6 +9,7 @@
 #include "hosts/cli/failure.h"
 #include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheel_grid.h"
+#include "vestara/keeping/saved_systems.h"
 
 namespace vestara::host {
 namespace {

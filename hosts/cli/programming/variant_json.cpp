@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "automation/member.h"
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 
 namespace vestara::host {
 namespace {

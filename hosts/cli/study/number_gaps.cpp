@@ -5,6 +5,7 @@
 #include "automation/coercion.h"
 #include "hosts/cli/library_failure.h"
 #include "vestara/distances/deviation.h"
+#include "vestara/distances/distance_lists.h"
 #include "vestara/distances/distance_walk.h"
 #include "vestara/draws/wheel_names.h"
 #include "vestara/foundation/wheels.h"

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "automation/ref.h"
+#include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
-#include "vestara/foundation/recordset.h"
 #include "vestara/keeping/archive.h"
 #include "vestara/keeping/archive_tables.h"
 
