@@ -32,7 +32,7 @@ extern "C" {
 #endif
 
 /* Grows when something is added; the major half (above 16 bits) when something changes. */
-#define AU_ABI_VERSION 0x00010001u
+#define AU_ABI_VERSION 0x00010002u
 
 /* The version of the loaded library. */
 AU_API uint32_t au_abi_version(void);
@@ -92,6 +92,10 @@ typedef struct au_value {
       size_t length;
     } text;
     au_object* object;
+    struct {
+      au_object* object;
+      const void* of_class; /* in what the library fills in: the same for all objects of a class. Since 1.2 */
+    } described;
     au_array* array;
   } as;
 } au_value;
@@ -121,6 +125,8 @@ AU_API au_status au_get_id(au_object* object, const char* member, int32_t* id);
  * then owned); all others stay as they were. `result` may be null. */
 AU_API au_status au_invoke(au_object* object, int32_t id, au_invoke_kind kind, au_value* arguments, size_t count,
                            const char* const* names, size_t name_count, au_value* result);
+/* The same for a property that takes no arguments, for hosts to which each argument of a call is work. Since 1.2. */
+AU_API au_status au_get(au_object* object, int32_t id, au_value* result);
 /* The same by name, without named arguments. */
 AU_API au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au_value* arguments, size_t count,
                          au_value* result);

@@ -129,6 +129,10 @@ au_status au_invoke(au_object* object, int32_t id, au_invoke_kind kind, au_value
   });
 }
 
+au_status au_get(au_object* object, int32_t id, au_value* result) {
+  return au_invoke(object, id, AU_GET, nullptr, 0, nullptr, 0, result);
+}
+
 au_status au_call(au_object* object, const char* member, au_invoke_kind kind, au_value* arguments, size_t count,
                   au_value* result) {
   return guarded([&] {

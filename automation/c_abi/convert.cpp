@@ -91,7 +91,7 @@ struct Store {
   void operator()(Date value) const { real(AU_DATE, value.serial()); }
   void operator()(const std::string& value) const { store_text(value, target); }
   void operator()(const Ref<Object>& value) const {
-    target.as.object = hand_out(value);
+    target.as.described = {hand_out(value), value ? &value->description() : nullptr};
     target.kind = AU_OBJECT;
     target.owned = 1;
   }

@@ -77,6 +77,13 @@ TEST_F(Classes, AnObjectNamesItsClass) {
   au_object* other = nullptr;
   ASSERT_EQ(au_create_object("Tests.cTeller", &other), AU_OK);
   EXPECT_EQ(au_class_name(other), au_class_name(object_)) << "one pointer for all objects of a class";
+  Value first, second, list;
+  ASSERT_EQ(au_set_object(&first, object_), AU_OK);
+  ASSERT_EQ(au_set_object(&second, other), AU_OK);
+  ASSERT_EQ(au_set_object(&list, list_.as.object), AU_OK);
+  EXPECT_NE(first.as.described.of_class, nullptr);
+  EXPECT_EQ(first.as.described.of_class, second.as.described.of_class);
+  EXPECT_NE(first.as.described.of_class, list.as.described.of_class);
   au_release(other);
 }
 

@@ -7,12 +7,12 @@ come from `size`, null pointers are None.
 from __future__ import annotations
 
 import ctypes
-from ctypes import POINTER, c_char_p, c_double, c_int, c_int32, c_size_t, c_uint32, c_void_p
+from ctypes import POINTER, c_char_p, c_double, c_int, c_int32, c_int64, c_size_t, c_uint32, c_void_p
 from typing import Any
 
 from . import _library
 
-VERSION = 0x00010001
+VERSION = 0x00010002
 
 OK, RAISED = 0, 1
 EMPTY, NULL, MISSING, BOOLEAN, INTEGER, LONG, SINGLE, DOUBLE, DATE, TEXT, OBJECT, ARRAY = range(12)
@@ -29,24 +29,42 @@ class _TextPlace(ctypes.Structure):
     _fields_ = [("address", c_void_p), ("_length", c_size_t)]
 
 
+class _Described(ctypes.Structure):
+    """An object, and what all objects of its class have in common."""
+
+    _fields_ = [("object", c_void_p), ("of_class", c_void_p)]
+
+
 class _Payload(ctypes.Union):
-    _anonymous_ = ("_text", "_place")
+    _anonymous_ = ("_text", "_place", "_described")
     _fields_ = [
         ("number", c_int32),
         ("real", c_double),
         ("_text", _Text),
         ("_place", _TextPlace),
-        ("object", c_void_p),
+        ("_described", _Described),
     ]
+
+
+class _Kind(ctypes.Structure):
+    _fields_ = [("kind", c_int32), ("owned", c_int32)]
+
+
+class _Head(ctypes.Union):
+    """Kind and owner at once: 0 is Empty, with nothing to clear."""
+
+    _anonymous_ = ("_kind",)
+    _fields_ = [("_kind", _Kind), ("head", c_int64)]
 
 
 class Value(ctypes.Structure):
     """A value with its kind; all zero is Empty."""
 
-    _anonymous_ = ("_payload",)
-    _fields_ = [("kind", c_int32), ("owned", c_int32), ("_payload", _Payload)]
+    _anonymous_ = ("_head", "_payload")
+    _fields_ = [("_head", _Head), ("_payload", _Payload)]
 
     # What the anonymous members make readable.
+    head: int
     kind: int
     owned: int
     number: int
@@ -55,6 +73,7 @@ class Value(ctypes.Structure):
     length: int
     address: int | None
     object: int | None
+    of_class: int | None
 
 
 class Bound(ctypes.Structure):
@@ -86,6 +105,7 @@ if _found >> 16 != VERSION >> 16 or _found < VERSION:
     raise ImportError(f"the libraries of vestara have another interface: {_found:#010x}, {VERSION:#010x} is wanted")
 
 invoke = _calls.au_invoke
+get = _calls.au_get
 create_object = _calls.au_create_object
 
 last_error = _short.au_last_error

@@ -7,7 +7,7 @@ import ctypes
 from typing import Any, Callable, Iterator, Mapping, Sequence
 
 from . import _abi, _errors
-from ._abi import GET, LONG, METHOD, MISSING, OBJECT, PUT, PUTREF, TEXT, Value
+from ._abi import LONG, METHOD, MISSING, OBJECT, PUT, PUTREF, TEXT, Value
 from ._interrupts import call_library, pending, take_pending
 from ._markers import ByRef
 from ._values import WRITERS, read, writer_of
@@ -56,23 +56,23 @@ _free: list[list[_Frame]] = [[] for _ in range(12)]
 _free_without_arguments = _free[0]
 
 
-def get(handle: ctypes.c_void_p, member: int) -> Any:
-    """A property without arguments."""
-    return _without_arguments(_abi.invoke, handle, member, GET)
-
-
 def run(handle: ctypes.c_void_p, member: int) -> Any:
     """A method without arguments."""
-    return _without_arguments(call_library, handle, member, METHOD)
+    return answer_of(_run, handle, member)
 
 
-def _without_arguments(library_call: Callable[..., int], handle: ctypes.c_void_p, member: int, kind: int) -> Any:
+def _run(handle: ctypes.c_void_p, member: int, result: Any) -> int:
+    return call_library(handle, member, METHOD, None, _NONE, None, _NONE, result)
+
+
+def answer_of(library_call: Callable[..., int], handle: ctypes.c_void_p, member: int) -> Any:
+    """What a call without arguments answers."""
     try:
         frame = _free_without_arguments.pop()
     except IndexError:
         frame = _Frame(0)
     try:
-        if library_call(handle, member, kind, None, _NONE, None, _NONE, frame.result_reference):
+        if library_call(handle, member, frame.result_reference):
             raise take_pending() or _errors.last_failure()
         answer = frame.take_result()
     except BaseException:

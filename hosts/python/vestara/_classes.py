@@ -9,6 +9,7 @@ from typing import Any, Callable, Iterator
 
 from . import _abi, _calls
 from ._abi import Value
+from ._calls import answer_of
 from ._markers import Nothing
 from ._values import text_bytes
 
@@ -18,6 +19,7 @@ Comfort = Callable[["Description", dict[str, Any], list[type]], None]
 
 _DEFAULT_MEMBER = 0
 _class_name = _abi.class_name
+_get = _abi.get
 
 
 class Description:
@@ -143,7 +145,7 @@ def _property(rows: list[Member], readable: Member | None) -> property:
     takes_nothing = assigned == {"putref"}
 
     def get(self: Any) -> Any:
-        return _calls.get(self._handle, member)
+        return answer_of(_get, self._handle, member)
 
     def put(self: Any, value: Any) -> None:
         if value is None and takes_nothing:

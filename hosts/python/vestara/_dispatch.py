@@ -81,20 +81,34 @@ class Dispatched:
 
 
 _set_handle = Dispatched.__dict__["_handle"].__set__
-_set_cache = Dispatched.__dict__["_cache"].__set__
+
+
+_new = object.__new__
 
 
 def adopt(cls: type, handle: c_void_p) -> Any:
     """An instance of a class of objects; takes the caller's count of the handle over."""
-    made: Any = object.__new__(cls)
+    made: Any = _new(cls)
     _set_handle(made, handle)
-    _set_cache(made, None)
     return made
 
 
-def wrap(handle: int) -> Any:
+#: The Python classes by what all objects of a class have in common.
+_classes_of: dict[Any, type] = {}
+
+
+def wrap(handle: int, of_class: Any) -> Any:
+    """An object of the library; takes the caller's count over."""
     counted = c_void_p(handle)
-    return adopt(class_maker.class_of(counted), counted)
+    try:
+        made: Any = _new(_classes_of[of_class])
+    except KeyError:
+        cls = class_maker.class_of(counted)
+        if of_class is not None:
+            _classes_of[of_class] = cls
+        made = _new(cls)
+    _set_handle(made, counted)
+    return made
 
 
 def Dispatch(identifier: Any) -> Any:

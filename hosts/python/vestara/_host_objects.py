@@ -87,8 +87,8 @@ def _write_object(value: Value, source: Any) -> None:
 
 
 def _host_of(handle: int) -> Any:
-    key = _abi.host_of(_table_reference, c_void_p(handle)) if _live else None
+    key = _abi.host_of(_table_reference, c_void_p(handle))
     return _live[key] if key else None
 
 
-_values.connect_objects(wrap, _write_object, _host_of)
+_values.connect_objects(wrap, _write_object, _live, _host_of)

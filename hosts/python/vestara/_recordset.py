@@ -101,17 +101,20 @@ def _fields(original: property) -> property:
     read: Callable[[Any], Any] = original.fget  # type: ignore[assignment]
     known: dict[type, type] = {}
 
-    def get(self: Any) -> Any:
-        fields = self._cache
-        if fields is None:
-            fields = read(self)
-            plain = type(fields)
-            if plain not in known:
-                known[plain] = type(plain.__name__, (_KnownFields, plain), {"__slots__": (), "__module__": "vestara"})
-            fields.__class__ = known[plain]
-            fields._cache = {}
-            self._cache = fields
+    def made_known(fields: Any) -> Any:
+        plain = type(fields)
+        if plain not in known:
+            known[plain] = type(plain.__name__, (_KnownFields, plain), {"__slots__": (), "__module__": "vestara"})
+        fields.__class__ = known[plain]
+        fields._cache = {}
         return fields
+
+    def get(self: Any) -> Any:
+        try:
+            return self._cache
+        except AttributeError:
+            fields = self._cache = made_known(read(self))
+            return fields
 
     return property(get, doc=original.__doc__)
 

@@ -5,7 +5,7 @@ from __future__ import annotations
 import datetime
 import numbers
 from ctypes import c_void_p
-from typing import Any, Callable
+from typing import Any, Callable, Mapping
 
 from . import _abi, _arrays, _dates
 from ._abi import Value
@@ -14,19 +14,23 @@ from ._markers import ByRef, Marker
 LONG_MIN, LONG_MAX = -(2**31), 2**31 - 1
 
 # How objects cross is known to modules above this one.
-_wrap: Callable[[int], Any]
+_wrap: Callable[[int, Any], Any]
 _write_object: Callable[[Value, Any], None]
+_hosts: Mapping[int, Any]
 _host_of: Callable[[int], Any]
 
 
 def connect_objects(
-    wrap: Callable[[int], Any], write_object: Callable[[Value, Any], None], host_of: Callable[[int], Any]
+    wrap: Callable[[int, Any], Any],
+    write_object: Callable[[Value, Any], None],
+    hosts: Mapping[int, Any],
+    host_of: Callable[[int], Any],
 ) -> None:
-    """`wrap` makes a Python object of a counted handle and takes the count over, `write_object` fills in a value with
-    any Python object that is no plain value, `host_of` gives the Python object behind a handle, None if there is none.
-    """
-    global _wrap, _write_object, _host_of
-    _wrap, _write_object, _host_of = wrap, write_object, host_of
+    """`wrap` makes a Python object of a counted handle and its class and takes the count over, `write_object` fills in a value with
+    any Python object that is no plain value, `host_of` gives the Python object behind a handle, None if there is none;
+    it is asked only while there are `hosts`."""
+    global _wrap, _write_object, _hosts, _host_of
+    _wrap, _write_object, _hosts, _host_of = wrap, write_object, hosts, host_of
 
 
 # ---- Out of the library ----
@@ -49,14 +53,15 @@ def _read_object(value: Value) -> Any:
     handle = value.object
     if not handle:
         return None
-    host = _host_of(handle)
-    if host is not None:
-        return host
+    if _hosts:
+        host = _host_of(handle)
+        if host is not None:
+            return host
     if value.owned:
-        value.kind = value.owned = 0
+        value.head = 0
     else:
         _abi.retain(c_void_p(handle))
-    return _wrap(handle)
+    return _wrap(handle, value.of_class)
 
 
 _READERS: tuple[Callable[[Value], Any], ...] = (
