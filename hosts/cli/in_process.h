@@ -18,7 +18,7 @@ struct Outcome {
   std::string err;
 };
 
-/// Arguments between blanks; "@/" stands for the folder.
+/// Arguments between blanks; "@/" stands for the folder. Nobody is there to answer.
 inline Outcome run_in_process(std::string_view line, const std::string& folder) {
   std::vector<std::string> words{"vestara"};
   for (const std::string_view word : automation::split(line, ' ')) {
@@ -28,9 +28,10 @@ inline Outcome run_in_process(std::string_view line, const std::string& folder) 
   std::vector<const char*> arguments;
   arguments.reserve(words.size());
   for (const std::string& word : words) arguments.push_back(word.c_str());
+  std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  const int code = run(static_cast<int>(arguments.size()), arguments.data(), out, err);
+  const int code = run(static_cast<int>(arguments.size()), arguments.data(), in, out, err);
   return {code, out.str(), err.str()};
 }
 

@@ -21,5 +21,5 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   std::ios::sync_with_stdio(false);
   name_log_folder();
-  return vestara::host::run(argc, argv, std::cout, std::cerr);
+  return vestara::host::run(argc, argv, std::cin, std::cout, std::cerr);
 }

@@ -2,7 +2,7 @@
 
 #include "automation/coercion.h"
 #include "hosts/cli/archive/archive_session.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
 #include "vestara/archive/lotto.h"
 #include "vestara/draws/wheel_names.h"
 
@@ -64,20 +64,22 @@ Report describe(cLotto& lotto, const std::vector<WheelLine>& lines) {
   return report;
 }
 
-}  // namespace
-
-ExitCode run_archive(const ArchiveOptions&, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
+ExitCode run_archive(const Context& context) {
+  const ArchiveSession session = context.open_archive();
   const auto lines = wheel_lines(session);
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
   const Report report = describe(lotto, lines);
-  // The library answers with empty values what its connector refused.
-  if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
-  write_report(context.out, report, context.style());
+  require_answered(session);
+  context.show(report);
   if (!lines.empty()) return ExitCode::ok;
-  context.err << "vestara: the archive holds no draws; vestara import FILE fills it\n";
+  context.remark("the archive holds no draws; vestara import FILE fills it");
   return ExitCode::nothing_found;
 }
+
+}  // namespace
+
+extern const Command archive_command{"archive", Group::archive, "Say what the archive holds",
+                                     "vestara archive --format json", bound<run_archive>};
 
 }  // namespace vestara::host

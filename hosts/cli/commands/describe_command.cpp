@@ -1,5 +1,6 @@
 #include "automation/describe.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
+#include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/programming/known_classes.h"
 #include "hosts/cli/programming/surface_text.h"
 
@@ -7,6 +8,18 @@ namespace vestara::host {
 namespace {
 
 using automation::RegisteredClass;
+
+struct DescribeOptions {
+  std::string class_name;  ///< empty for all
+  bool all = false;
+  bool json = false;
+};
+
+void add_describe(CLI::App& app, DescribeOptions& options) {
+  argument(app, "CLASS", options.class_name, "as in Vestara.cLotto or cLotto; without it, the list of classes");
+  app.add_flag("--all", options.all, "every class, also those that are only handed out");
+  app.add_flag("--json", options.json, "the same as --format json");
+}
 
 std::string text_of(const std::vector<RegisteredClass>& classes) {
   std::string text;
@@ -32,9 +45,9 @@ Report list_of(const std::vector<RegisteredClass>& classes) {
   return report;
 }
 
-}  // namespace
-
 ExitCode run_describe(const DescribeOptions& options, const Context& context) {
+  if (options.all && !options.class_name.empty())
+    throw Failure(ExitCode::usage, "--all does not go with CLASS; give one of them");
   OutputStyle style = context.style();
   if (options.json) style.format = OutputFormat::json;
   if (options.class_name.empty() && !options.all) {
@@ -45,5 +58,11 @@ ExitCode run_describe(const DescribeOptions& options, const Context& context) {
   context.out << (style.format == OutputFormat::json ? json_of(classes) : text_of(classes));
   return ExitCode::ok;
 }
+
+}  // namespace
+
+extern const Command describe_command{"describe", Group::programming,
+                                      "Show the classes and members that programs call by name",
+                                      "vestara describe cLotto", bound<add_describe, run_describe>};
 
 }  // namespace vestara::host

@@ -2,9 +2,9 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/cli/archive/archive_session.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
 #include "hosts/cli/library_failure.h"
+#include "hosts/cli/options/search_request.h"
 #include "hosts/cli/output/histogram_plot.h"
 #include "hosts/cli/study/gap_rows.h"
 #include "vestara/foundation/message_text.h"
@@ -12,6 +12,21 @@
 
 namespace vestara::host {
 namespace {
+
+struct DistancesOptions {
+  SearchWords words;
+  bool oldest_first = false;
+  bool wheel_draws = false;
+  bool plot = false;
+};
+
+void add_distances(CLI::App& app, DistancesOptions& options) {
+  add_search_words(app, options.words);
+  app.add_flag("--asc", options.oldest_first, "oldest gap first");
+  app.add_flag("--wheel-draws", options.wheel_draws, "also count the draws of the chosen wheels alone");
+  app.add_flag("--plot", options.plot,
+               "draw a histogram of the gaps that are closed, with --wheel-draws of that count; tables only");
+}
 
 /// The gaps, and beside each one the draws of the chosen wheels in it, when those were asked for.
 struct Gaps {
@@ -70,29 +85,40 @@ void write_plot(std::ostream& out, const Gaps& gaps) {
       << plot(histogram_of(std::move(lengths)), {terminal_columns(out), shows_utf8(out)});
 }
 
-Gaps gaps_of(const ArchiveSession& session, const DistancesOptions& options, const GapList& distances) {
+/// With the draws of the wheels of a range, when there is one.
+Gaps gaps_of(const ArchiveSession& session, const GapList& distances, const std::optional<DrawRange>& range) {
   Gaps gaps{gap_rows(distances), {}};
-  if (!options.wheel_draws) return gaps;
-  const WheelDraws draws(session, options.search.draws);
+  if (!range) return gaps;
+  const WheelDraws draws(session, *range);
   for (const GapRow& row : gaps.rows) gaps.wheel_draws.push_back(draws.between(row.from, row.to));
   return gaps;
 }
 
-}  // namespace
-
 ExitCode run_distances(const DistancesOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const SearchOptions& search = options.search;
-  const vestara::GapQuestion question{search.numbers.text, search.hits, selection_of(search.draws),
-                                      date_order(search.oldest_first)};
+  if (options.plot && context.settings.format != OutputFormat::table)
+    throw Failure(ExitCode::usage, "--plot goes with --format table only; the other forms carry the gaps themselves");
+  const auto [numbers, hits, draws] = search_request(options.words);
+  const ArchiveSession session = context.open_archive();
+  const vestara::GapQuestion question{numbers.text, hits, selection_of(draws), date_order(options.oldest_first)};
   const GapList distances = answer(session, "the distances cannot be counted",
                                    [&](DbConnector& connector) { return load_gaps(connector, question); });
-  const Gaps gaps = gaps_of(session, options, distances);
-  write_report(context.out, describe(distances, gaps), context.style());
+  const Gaps gaps = gaps_of(session, distances, options.wheel_draws ? std::optional(draws) : std::nullopt);
+  context.show(describe(distances, gaps));
   if (options.plot) write_plot(context.out, gaps);
   const bool any_hit =
       std::any_of(gaps.rows.begin(), gaps.rows.end(), [](const GapRow& row) { return row.from || row.to; });
   return any_hit ? ExitCode::ok : ExitCode::nothing_found;
 }
+
+}  // namespace
+
+extern const Command distances_command{
+    "distances", Group::questions, "List the gaps between the hits of the numbers",
+    "vestara distances 53 --wheels VE --to 2005-02-09 --wheel-draws\n\n"
+    "A gap counts the draws without a hit between two hits, every draw of the archive, also one in which\n"
+    "the wheel itself was not drawn. --wheel-draws counts, beside that, only draws of the chosen wheels,\n"
+    "as published delays do. Means and extremes include the gaps that are open on a side. Wheel, hits and\n"
+    "contest are those of the earlier hit, with --asc of the later one.",
+    bound<add_distances, run_distances>};
 
 }  // namespace vestara::host

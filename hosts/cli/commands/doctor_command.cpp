@@ -10,16 +10,16 @@
 #include "hosts/cli/checks/engine_findings.h"
 #include "hosts/cli/checks/schema_findings.h"
 #include "hosts/cli/checks/soundness.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
 #include "vestara/foundation/message_text.h"
 #include "vestara/keeping/copy/table_reader.h"
 
 namespace vestara::host {
 namespace {
 
-ArchiveSession connect(const std::string& database, const std::string& url) {
+ArchiveSession connect(const Context& context, const std::string& url) {
   try {
-    return ArchiveSession::for_reading(database);
+    return context.open_archive();
   } catch (const vestara::Failure& failure) {
     throw vestara::Failure(failure.kind(), std::string(failure.what()) + " (" + shown_url(url) + ")");
   }
@@ -90,11 +90,9 @@ void list_findings(const Findings& findings, Report& report) {
     report.rows.push_back({finding.what, finding.count, finding.example, finding.remedy});
 }
 
-}  // namespace
-
-ExitCode run_doctor(const DoctorOptions&, const Context& context) {
-  const std::string url = archive_url(context.options.database);
-  const ArchiveSession session = connect(context.options.database, url);
+ExitCode run_doctor(const Context& context) {
+  const std::string url = context.url();
+  const ArchiveSession session = connect(context, url);
   Report report;
   report.facts = {{"archive", shown_url(url)}, {"connection", "open"}};
   Findings findings = file_findings(session);
@@ -106,8 +104,14 @@ ExitCode run_doctor(const DoctorOptions&, const Context& context) {
   count_rows(session, report);
   append(findings, content_findings(session));
   list_findings(findings, report);
-  write_report(context.out, report, context.style());
+  context.show(report);
   return findings.empty() ? ExitCode::ok : ExitCode::database;
 }
+
+}  // namespace
+
+extern const Command doctor_command{"doctor", Group::archive,
+                                    "Look for what is wrong with the archive; changes nothing",
+                                    "vestara doctor --db sqlite:archive.sqlite", bound<run_doctor>};
 
 }  // namespace vestara::host

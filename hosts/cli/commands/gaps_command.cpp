@@ -1,7 +1,10 @@
 #include <algorithm>
 
-#include "hosts/cli/archive/archive_session.h"
-#include "hosts/cli/commands.h"
+#include "automation/coercion.h"
+#include "automation/text.h"
+#include "hosts/cli/command.h"
+#include "hosts/cli/options/command_parts.h"
+#include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/histogram_plot.h"
 #include "hosts/cli/study/number_gaps.h"
 #include "vestara/draws/draw_range.h"
@@ -11,6 +14,60 @@
 
 namespace vestara::host {
 namespace {
+
+struct GapsOptions {
+  std::vector<std::string> numbers;
+  std::string wheel;
+  bool all = false;
+  bool without_national = false;
+  std::string from;
+  std::string to;
+  bool plot = false;
+};
+
+void add_gaps(CLI::App& app, GapsOptions& options) {
+  arguments(app, "NUMBERS", options.numbers, "1 to 90: 53, or a pair: 5,12 or 5 12")->required();
+  value_option(app, "--wheel", options.wheel, "WHEEL", "one of the eleven, as in RM or Roma");
+  app.add_flag("--all", options.all, "over all wheels together (default)");
+  app.add_flag("--without-rn", options.without_national, "but not the national one");
+  add_range(app, options.from, options.to);
+  app.add_flag("--plot", options.plot, "draw a histogram of the distances; tables only");
+}
+
+/// One number, or two in ascending order.
+std::vector<int16_t> number_or_pair(const NumberList& list) {
+  if (list.count > 2)
+    throw Failure(ExitCode::usage, "NUMBERS: these are " + std::to_string(list.count) +
+                                       "; distances are kept of single numbers and of pairs, give one or two");
+  std::vector<int16_t> numbers;
+  for (const std::string_view number : automation::split(list.text, ','))
+    numbers.push_back(static_cast<int16_t>(automation::leading_number(number)));
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
+int16_t wheel_value(const std::string& text) {
+  if (const auto wheel = wheel_named(text)) return *wheel;
+  throw Failure(ExitCode::usage, "--wheel " + shown(text) + " is not known; wheels are " + wheel_choices() +
+                                     "; without it, all of them together");
+}
+
+GapQuestion gap_question(const GapsOptions& options, OutputFormat format) {
+  GapQuestion question;
+  question.numbers = number_or_pair(numbers_value(options.numbers));
+  if (!options.wheel.empty()) {
+    refuse("--wheel", {{"--all", options.all}, {"--without-rn", options.without_national}}, "it names the only one");
+    question.wheel = wheel_value(options.wheel);
+  }
+  if (options.plot && format != OutputFormat::table)
+    throw Failure(ExitCode::usage,
+                  "--plot goes with --format table only; the other forms carry the distances themselves");
+  question.without_national = options.without_national;
+  question.from = day_bound("--from", options.from);
+  question.to = day_bound("--to", options.to);
+  check_range(question.from, question.to);
+  return question;
+}
 
 /// Wheels in a draw: one, or as many as a date of the range had in the mean.
 double wheels_in_draw(const ArchiveSession& session, const GapQuestion& question) {
@@ -82,15 +139,28 @@ void write_plot(std::ostream& out, const NumberGaps& gaps, const GapQuestion& qu
         << plot(histogram, {terminal_columns(out), utf8}, expected_counts(histogram, chance));
 }
 
-}  // namespace
-
 ExitCode run_gaps(const GapsOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const NumberGaps gaps = load_gaps(session, options.question);
-  const double chance = appearance_chance(options.question.numbers.size(), wheels_in_draw(session, options.question));
-  write_report(context.out, describe(gaps, options.question, chance), context.style());
-  if (options.plot) write_plot(context.out, gaps, options.question, chance);
+  const GapQuestion question = gap_question(options, context.settings.format);
+  const ArchiveSession session = context.open_archive();
+  const NumberGaps gaps = load_gaps(session, question);
+  const double chance = appearance_chance(question.numbers.size(), wheels_in_draw(session, question));
+  context.show(describe(gaps, question, chance));
+  if (options.plot) write_plot(context.out, gaps, question, chance);
   return gaps.appearances == 0 ? ExitCode::nothing_found : ExitCode::ok;
 }
+
+}  // namespace
+
+extern const Command gaps_command{
+    "gaps", Group::questions, "List the distances between the appearances of a number or a pair",
+    "vestara gaps 53 --wheel RN --plot\n"
+    "  vestara gaps 5,12 --all --without-rn\n\n"
+    "A distance counts draws of the wheel from one appearance to the next, 1 for neighbours: one more than\n"
+    "the draws between them. `vestara distances` counts the draws without a hit, of the whole archive, and\n"
+    "lists the open gaps as well. Over all wheels dates count, and a second wheel of a date is at distance\n"
+    "0; means and deviation have those in them, mean between dates has not. The current delay counts draws\n"
+    "since the last appearance: 0 for one in the newest. The histogram has a mark where chance would be: a\n"
+    "number comes out on a wheel in 5 of 90 draws, a pair in 20 of 8010.",
+    bound<add_gaps, run_gaps>};
 
 }  // namespace vestara::host

@@ -1,7 +1,7 @@
-#include "hosts/cli/archive/archive_url.h"
 #include "hosts/cli/archive/import_words.h"
 #include "hosts/cli/archive/removal_place.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
+#include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/terminal/progress_bar.h"
 #include "vestara/files/draw_file.h"
 #include "vestara/files/file_source.h"
@@ -10,6 +10,36 @@
 
 namespace vestara::host {
 namespace {
+
+struct ImportOptions {
+  std::string file;  ///< "-" is standard input
+  bool add = false;
+  bool replace = false;
+  bool dry_run = false;
+  bool keep_manual = false;
+  bool no_backup = false;
+  Consent consent = Consent::ask;
+};
+
+void add_import(CLI::App& app, ImportOptions& options) {
+  argument(app, "FILE", options.file, "the operator's text file, CSV or an update file, plain or zipped; - is stdin")
+      ->required();
+  app.add_flag("--add", options.add, "keep what the file does not have; a row that differs refuses the import");
+  app.add_flag("--replace", options.replace, "the file takes the archive's place; asks at a terminal");
+  app.add_flag("--dry-run", options.dry_run, "check the file and say what would change");
+  app.add_flag("--keep-manual", options.keep_manual, "keep the draws entered by hand that the file does not have");
+  app.add_flag("--no-backup", options.no_backup, "do not keep what is removed");
+  add_yes(app, options.consent, "replace without asking");
+}
+
+ImportRules rules_of(const ImportOptions& options, const Context& context) {
+  ImportRules rules;
+  if (options.add) rules.mode = ImportMode::add;
+  if (options.replace) rules.mode = ImportMode::replace;
+  if (options.keep_manual) rules.missing_manual = MissingManual::keep;
+  if (!options.no_backup) rules.backup = [url = context.url()] { return removal_place(url); };
+  return rules;
+}
 
 Cell number(size_t count) { return static_cast<int64_t>(count); }
 
@@ -48,39 +78,32 @@ Report summary(const DrawFile& file, const ImportOutcome& outcome, const std::st
   return report;
 }
 
-ImportRules rules_of(const ImportOptions& options, const std::string& database) {
-  ImportRules rules{options.mode, options.missing_manual, {}};
-  if (options.backup == Backup::file) rules.backup = [url = archive_url(database)] { return removal_place(url); };
-  return rules;
-}
-
 /// What an import would do; an archive that is not there yet holds nothing.
-ImportPlan plan_to_come(const std::string& database, const std::vector<DrawRow>& rows, const ImportRules& rules) {
-  if (ArchiveSession::may_exist(database)) {
-    const ArchiveSession session = ArchiveSession::for_reading(database);
+ImportPlan plan_to_come(const Context& context, const std::vector<DrawRow>& rows, const ImportRules& rules) {
+  if (ArchiveSession::may_exist(context.settings.database)) {
+    const ArchiveSession session = context.open_archive();
     if (session.has_tables()) return plan_for(session, rows, rules);
   }
   return plan_import({}, {}, rows, rules.mode, rules.missing_manual);
 }
 
-void refuse_loss(const ImportPlan& plan, const ImportOptions& options) {
-  if (plan.action == ImportAction::refuse)
-    throw Failure(ExitCode::file, refusal_text(plan, options.mode, options.file));
+void refuse_loss(const ImportPlan& plan, const ImportRules& rules, const std::string& file) {
+  if (plan.action == ImportAction::refuse) throw Failure(ExitCode::file, refusal_text(plan, rules.mode, file));
 }
 
-void ask_before_replacing(const ImportOptions& options, const ImportRules& rules, const std::vector<DrawRow>& rows,
+void ask_before_replacing(Consent consent, const ImportRules& rules, const std::vector<DrawRow>& rows,
                           const Context& context) {
-  if (options.mode != ImportMode::replace || options.consent == Consent::given) return;
-  const ImportPlan plan = plan_to_come(context.options.database, rows, rules);
+  if (rules.mode != ImportMode::replace || consent == Consent::given) return;
+  const ImportPlan plan = plan_to_come(context, rows, rules);
   if (plan.gone + plan.rewritten == 0) return;
-  ask_at_terminal(options.consent,
+  ask_at_terminal(consent,
                   "replace " + counted(plan.held, "row") + ", of which " + std::to_string(plan.gone) + " go and " +
                       std::to_string(plan.rewritten) + " change",
-                  context.err);
+                  context.in, context.err);
 }
 
 ImportOutcome bring_in(const std::vector<DrawRow>& rows, const ImportRules& rules, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_import(context.options.database);
+  const ArchiveSession session = context.open_or_begin_archive();
   ProgressBar bar(context.err, "import");
   return import_draws(session, rows, rules, [&](size_t stored, size_t all) { bar.show(stored, all); });
 }
@@ -94,27 +117,37 @@ void say(std::ostream& err, const ImportPlan& plan, const std::string& verb) {
     if (!note.empty()) err << "vestara: " << note << "\n";
 }
 
-}  // namespace
-
 ExitCode run_import(const ImportOptions& options, const Context& context) {
+  if (options.add && options.replace)
+    throw Failure(ExitCode::usage, "--add and --replace exclude each other; give one of them");
   const std::string name = source_name(options.file);
   const DrawFile file = parse_draw_file(read_source(options.file), name);
   refuse_rejected(file, name);
-  const std::string& database = context.options.database;
-  const ImportRules rules = rules_of(options, database);
+  const ImportRules rules = rules_of(options, context);
   if (options.dry_run) {
-    const ImportOutcome outcome{plan_to_come(database, file.draws.rows, rules), {}};
-    refuse_loss(outcome.plan, options);
-    write_report(context.out, summary(file, outcome, "checked, nothing changed"), context.style());
+    const ImportOutcome outcome{plan_to_come(context, file.draws.rows, rules), {}};
+    refuse_loss(outcome.plan, rules, options.file);
+    context.show(summary(file, outcome, "checked, nothing changed"));
     say(context.err, outcome.plan, "would go");
     return ExitCode::ok;
   }
-  ask_before_replacing(options, rules, file.draws.rows, context);
+  ask_before_replacing(options.consent, rules, file.draws.rows, context);
   const ImportOutcome outcome = bring_in(file.draws.rows, rules, context);
-  refuse_loss(outcome.plan, options);
-  write_report(context.out, summary(file, outcome, outcome.plan.kept == 0 ? "imported" : "joined"), context.style());
+  refuse_loss(outcome.plan, rules, options.file);
+  context.show(summary(file, outcome, outcome.plan.kept == 0 ? "imported" : "joined"));
   say(context.err, outcome.plan, "went");
   return ExitCode::ok;
 }
+
+}  // namespace
+
+extern const Command import_command{
+    "import", Group::draws, "Bring the draws of a file into the archive",
+    "vestara import storico.zip\n\n"
+    "Without --add or --replace nothing is lost: the import is refused when a row of the archive would go\n"
+    "or change. A file that begins later than the archive and agrees with it on a hundred rows is added\n"
+    "to it. What is removed is kept in a file beside the archive, the last three times: its name ends in\n"
+    ".removed-TIME.csv, and import --add takes it.",
+    bound<add_import, run_import>};
 
 }  // namespace vestara::host

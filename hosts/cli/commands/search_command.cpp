@@ -1,43 +1,36 @@
-#include "automation/date.h"
-#include "hosts/cli/archive/archive_session.h"
-#include "hosts/cli/commands.h"
-#include "hosts/cli/library_failure.h"
-#include "hosts/cli/study/search_statistics.h"
-#include "vestara/archive/hit_search.h"
+#include "hosts/cli/command.h"
+#include "hosts/cli/commands/search_result.h"
+#include "hosts/cli/options/command_parts.h"
 
 namespace vestara::host {
 namespace {
 
-Report describe(const Hits& hits) {
-  const HitCounters& found = hits.count.combinations;
-  Report report;
-  report.facts = {{"rows", int64_t{hits.count.rows}},   {"draws", std::ssize(hits.dates)},
-                  {"ambate", int64_t{found.ambate}},    {"ambi", int64_t{found.ambi}},
-                  {"terni", int64_t{found.terni}},      {"quaterne", int64_t{found.quaterne}},
-                  {"cinquine", int64_t{found.cinquine}}};
-  report.listing = "dates";
-  report.row_kind = "date";
-  report.columns = {"date", "contest"};
-  for (const HitDate& hit : hits.dates)
-    report.rows.push_back(
-        {hit.date ? Cell(automation::iso_day(*hit.date)) : Cell(), hit.contest ? Cell(int64_t{*hit.contest}) : Cell()});
-  return report;
+struct SearchOptions {
+  SearchWords words;
+  SearchView view;
+  std::string limit;
+};
+
+void add_search(CLI::App& app, SearchOptions& options) {
+  add_search_words(app, options.words);
+  app.add_flag("--asc", options.view.oldest_first, "oldest draw first");
+  value_option(app, "--limit", options.limit, "N", "list N dates at most, in a table");
+  app.add_flag("--statistics", options.view.statistics,
+               "also say what the search amounts to: percentages, draws per hit, gaps; chance gives expected_…, "
+               "the archive plain_effective_…; theoretical_… and effective_… are the library's");
+}
+
+ExitCode run_search(const SearchOptions& options, const Context& context) {
+  const SearchRequest request = search_request(options.words);
+  SearchView view = options.view;
+  if (!options.limit.empty()) view.table_rows = count_value("--limit", options.limit);
+  return show_search(request, view, context);
 }
 
 }  // namespace
 
-ExitCode run_search(const SearchOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const SearchQuestion question{options.numbers.text, options.hits, selection_of(options.draws), DrawChoice::hits,
-                                date_order(options.oldest_first)};
-  const Hits hits = answer(session, "the hits cannot be counted",
-                           [&](DbConnector& connector) { return find_hits(connector, question); });
-  Report report = describe(hits);
-  if (options.statistics) report.blocks.push_back(statistics_block(session, options.draws, question, hits));
-  OutputStyle style = context.style();
-  style.table_rows = options.table_rows;
-  write_report(context.out, report, style);
-  return report.rows.empty() ? ExitCode::nothing_found : ExitCode::ok;
-}
+extern const Command search_command{"search", Group::questions, "Find the draws that hold the numbers",
+                                    "vestara search 5,12,33 --hits ambo --wheels BA,NA --from 2005-01-01",
+                                    bound<add_search, run_search>};
 
 }  // namespace vestara::host

@@ -1,49 +1,26 @@
-#include <variant>
+#include <array>
 
-#include "hosts/cli/commands.h"
-#include "hosts/cli/commands/system_catalogue.h"
-#include "hosts/cli/commands/system_integral.h"
-#include "hosts/cli/options/system_values.h"
-#include "hosts/cli/study/system_numbers.h"
-#include "vestara/keeping/saved_systems.h"
+#include "hosts/cli/command.h"
 
 namespace vestara::host {
+
+extern const Command system_generate_command;
+extern const Command system_random_command;
+extern const Command system_integral_command;
+extern const Command system_save_command;
+extern const Command system_list_command;
+extern const Command system_show_command;
+extern const Command system_convert_command;
+extern const Command system_delete_command;
+
 namespace {
-
-void write_numbers(Report report, const std::string& numbers, const Context& context) {
-  report.facts.push_back({"count", static_cast<int64_t>(length_of(numbers))});
-  report.facts.push_back({"numbers", numbers});
-  write_report(context.out, report, context.style());
-}
-
-struct RunSystem {
-  const Context& context;
-
-  ExitCode operator()(const SetQuestion& options) const {
-    const std::string numbers = numbers_of_set(options);
-    Report report;
-    report.facts = {{"set", set_name(options.set)}};
-    write_numbers(report, numbers, context);
-    if (!numbers.empty()) return ExitCode::ok;
-    context.err << "vestara: the library's list of a figure stops at 80; 1 to 9 with --strict is a whole one\n";
-    return ExitCode::nothing_found;
-  }
-  ExitCode operator()(const RandomQuestion& options) const {
-    write_numbers({}, random_numbers(options), context);
-    return ExitCode::ok;
-  }
-  ExitCode operator()(const SystemIntegralOptions& options) const { return run_integral(options, context); }
-  ExitCode operator()(const SystemSaveOptions& options) const { return run_system_save(options, context); }
-  ExitCode operator()(const SystemFilter& options) const { return run_system_list(options, context); }
-  ExitCode operator()(const SystemShowOptions& options) const { return run_system_show(options, context); }
-  ExitCode operator()(const SystemConvertOptions& options) const { return run_system_convert(options, context); }
-  ExitCode operator()(const SystemDeleteOptions& options) const { return run_system_delete(options, context); }
-};
-
+constexpr std::array system_commands{&system_generate_command, &system_random_command, &system_integral_command,
+                                     &system_save_command,     &system_list_command,   &system_show_command,
+                                     &system_convert_command,  &system_delete_command};
 }  // namespace
 
-ExitCode run_system(const SystemOptions& options, const Context& context) {
-  return std::visit(RunSystem{context}, options);
-}
+extern const Command system_command{
+    "system", Group::bets,    "Make betting systems and keep them", "vestara system generate twins",
+    nullptr,  system_commands};
 
 }  // namespace vestara::host

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/cli/output/combinations_head.h"
+#include "hosts/cli/failure.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {
@@ -22,7 +22,7 @@ TEST(SystemIntegral, TheSizeOfTheTextIsKnownBefore) {
         std::pair{numbers_up_to(5), 5}, std::pair{numbers_up_to(90), 1}, std::pair{numbers_up_to(90), 2}}) {
     int32_t count = 0;
     const std::string text = cSistemi().CombinazioniIntegraliString(numbers.text, static_cast<int16_t>(size), count);
-    EXPECT_EQ(integral_text_size(numbers, size, static_cast<uint64_t>(count)), text.size() + last_break) << size;
+    EXPECT_EQ(integral_text_size({numbers, size}, static_cast<uint64_t>(count)), text.size() + last_break) << size;
   }
 }
 
@@ -44,7 +44,7 @@ TEST(SystemIntegral, Limits) {
             "1073741824 allowed"}}) {
     std::string refusal;
     try {
-      check_integral({numbers_up_to(row.numbers), row.size, false, {}});
+      check_integral({numbers_up_to(row.numbers), row.size});
     } catch (const vestara::Failure& failure) {
       EXPECT_EQ(failure.kind(), FailureKind::argument);
       refusal = failure.what();

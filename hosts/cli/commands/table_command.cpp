@@ -7,9 +7,10 @@
 #include "automation/date.h"
 #include "automation/text.h"
 #include "hosts/cli/archive/archive_excerpt.h"
-#include "hosts/cli/archive/archive_session.h"
-#include "hosts/cli/commands.h"
+#include "hosts/cli/command.h"
 #include "hosts/cli/library_failure.h"
+#include "hosts/cli/options/command_parts.h"
+#include "hosts/cli/options/option_values.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheels.h"
@@ -18,6 +19,16 @@
 
 namespace vestara::host {
 namespace {
+
+struct TableOptions {
+  bool per_wheel = false;
+  std::string as_of;  ///< today, when it is empty
+};
+
+void add_table(CLI::App& app, TableOptions& options) {
+  app.add_flag("--per-wheel", options.per_wheel, "also count the wheel's own draws since");
+  value_option(app, "--as-of", options.as_of, "DATE", "the day that stands for today");
+}
 
 constexpr int32_t days_covered = 730;
 
@@ -61,11 +72,10 @@ void add_wheel_delays(Report& report, const std::vector<AnalyticLine>& table, co
   }
 }
 
-}  // namespace
-
 ExitCode run_table(const TableOptions& options, const Context& context) {
-  const ArchiveSession session = ArchiveSession::for_reading(context.options.database);
-  const automation::Date today = options.as_of ? automation::Date::from_day(*options.as_of) : automation::now();
+  const auto as_of = day_bound("--as-of", options.as_of);
+  const ArchiveSession session = context.open_archive();
+  const automation::Date today = as_of ? automation::Date::from_day(*as_of) : automation::now();
   const DrawRange window{{}, today.day() - days_covered, today.day()};
   // The library's table has a first date and no last one.
   const ArchiveSession seen = archive_excerpt(session, window);
@@ -73,11 +83,21 @@ ExitCode run_table(const TableOptions& options, const Context& context) {
   const auto table = answer(seen, "the table cannot be made",
                             [&](DbConnector& connector) { return load_analytic_lines(connector, today); });
   Report report = describe(table, *window.from, *window.to);
-  if (options.wheel_draws) add_wheel_delays(report, table, WheelCalendar(seen, window));
-  write_report(context.out, report, context.style());
+  if (options.per_wheel) add_wheel_delays(report, table, WheelCalendar(seen, window));
+  context.show(report);
   if (!report.rows.empty()) return ExitCode::ok;
-  context.err << "vestara: " << why_empty(session, window) << "\n";
+  context.remark(why_empty(session, window));
   return ExitCode::nothing_found;
 }
+
+}  // namespace
+
+extern const Command table_command{
+    "table", Group::questions, "Show the analytic table: the draws that numbers came out in for the last time",
+    "vestara table --as-of 2005-02-09 --per-wheel --format csv\n\n"
+    "It always covers the 730 days up to today, or up to --as-of, which shows the archive as of that day:\n"
+    "later draws do not count. A delay counts the dates of any wheel since, not the draws of the wheel;\n"
+    "--per-wheel shows those beside it.",
+    bound<add_table, run_table>};
 
 }  // namespace vestara::host

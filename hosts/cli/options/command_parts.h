@@ -2,10 +2,22 @@
 
 #include <CLI/App.hpp>
 #include <string>
+#include <vector>
 
-// What the descriptions of all commands are made of.
+#include "hosts/cli/terminal/confirmation.h"
+
+// What the options of all commands are made of. Texts are kept as they were given and read when the command runs, so
+// that --help and missing arguments come before wrong values.
 
 namespace vestara::host {
+
+/// A text without a name of its own, at its place: "FILE".
+CLI::Option* argument(CLI::App& app, const std::string& name, std::string& place, const std::string& help);
+/// All texts from there on.
+CLI::Option* arguments(CLI::App& app, const std::string& name, std::vector<std::string>& place,
+                       const std::string& help);
+/// NUMBERS, which must be given: one list or several pieces, as for `numbers_value`.
+void add_numbers(CLI::App& app, std::vector<std::string>& place);
 
 /// An option with one value; given more than once, the last one counts.
 CLI::Option* value_option(CLI::App& app, const std::string& name, std::string& place, const std::string& shape,
@@ -14,17 +26,7 @@ CLI::Option* value_option(CLI::App& app, const std::string& name, std::string& p
 void add_range(CLI::App& app, std::string& from, std::string& to);
 /// --hits and --wheels.
 void add_hits_and_wheels(CLI::App& app, std::string& hits, std::string& wheels);
-
-/// A command of the program, or one of a group of commands. The help shows the example.
-CLI::App& add_command(CLI::App& program, const std::string& name, const std::string& help, const std::string& example);
-/// A command that only stands before others: `vestara draw show`.
-CLI::App& add_group(CLI::App& program, const std::string& name, const std::string& help, const std::string& example);
-
-/// "draw show": the name of a command behind the program's own.
-std::string name_of(const CLI::App& command);
-/// True for what only stands before other commands.
-bool is_group(const CLI::App& command);
-/// The command that was given, inside its group; null when there is none.
-const CLI::App* given_command(const CLI::App& program);
+/// --yes.
+void add_yes(CLI::App& app, Consent& place, const std::string& help);
 
 }  // namespace vestara::host

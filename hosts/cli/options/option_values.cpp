@@ -167,4 +167,10 @@ uint64_t count_value(const std::string& option, const std::string& text) {
   return number;
 }
 
+void refuse(const std::string& with, std::initializer_list<GivenOption> options, const std::string& reason) {
+  for (const auto& [name, given] : options)
+    if (given)
+      throw Failure(ExitCode::usage, std::string(name).append(" does not go with ").append(with + "; ").append(reason));
+}
+
 }  // namespace vestara::host

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "hosts/cli/output/output.h"
@@ -56,5 +58,11 @@ constexpr int32_t largest_id = std::numeric_limits<int32_t>::max();
 int32_t whole_value(const std::string& option, const std::string& text, int32_t least, int32_t most);
 /// A whole number of 0 or more.
 uint64_t count_value(const std::string& option, const std::string& text);
+
+/// The name of an option, and whether it was given.
+using GivenOption = std::pair<const char*, bool>;
+/// Failure (usage) when one of the options was given, which `with` rules out; `reason` reads as in "a grid has no
+/// order".
+void refuse(const std::string& with, std::initializer_list<GivenOption> options, const std::string& reason);
 
 }  // namespace vestara::host

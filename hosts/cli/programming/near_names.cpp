@@ -1,6 +1,7 @@
 #include "hosts/cli/programming/near_names.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 #include "automation/text.h"
@@ -33,10 +34,16 @@ bool is_near(const std::string& wanted, const std::string& name) {
 
 std::string near_names(std::string_view wanted, const std::vector<std::string>& names) {
   const std::string lower = automation::lower_case(wanted);
-  std::string near;
-  for (const std::string& name : names)
-    if (is_near(lower, automation::lower_case(name))) near.append(near.empty() ? "" : ", ").append(name);
-  return near;
+  std::vector<std::string> near;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(near),
+               [&](const std::string& name) { return is_near(lower, automation::lower_case(name)); });
+  return name_list(near);
+}
+
+std::string name_list(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list.append(list.empty() ? "" : ", ").append(name);
+  return list;
 }
 
 }  // namespace vestara::host

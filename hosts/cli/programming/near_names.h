@@ -10,4 +10,7 @@ namespace vestara::host {
 /// letters tell apart. Empty when there is none.
 std::string near_names(std::string_view wanted, const std::vector<std::string>& names);
 
+/// "a, b, c".
+std::string name_list(const std::vector<std::string>& names);
+
 }  // namespace vestara::host

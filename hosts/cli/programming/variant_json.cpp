@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "automation/member.h"
+#include "hosts/cli/widened.h"
 #include "vestara/foundation/connector.h"
 
 namespace vestara::host {
@@ -28,15 +28,6 @@ std::string iso_moment(Date date) {
   std::array<char, 40> time{};
   std::snprintf(time.data(), time.size(), "T%02d:%02d:%02d", parts.hour, parts.minute, parts.second);
   return text + time.data();
-}
-
-/// The shortest decimal that is this number: 0.1 rather than 0.10000000149011612.
-double shortest(float value) {
-  std::array<char, 32> digits{};
-  const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  double result = value;
-  std::from_chars(digits.data(), end, result);
-  return result;
 }
 
 /// The elements whose first indexes, as offsets, are `place`.
@@ -91,7 +82,7 @@ struct ToJson {
   Json operator()(automation::Empty) const { return nullptr; }
   Json operator()(automation::Null) const { return nullptr; }
   Json operator()(automation::Missing) const { return nullptr; }
-  Json operator()(float value) const { return shortest(value); }
+  Json operator()(float value) const { return widened(value); }
   Json operator()(Date value) const { return iso_moment(value); }
   Json operator()(const Ref<Object>& value) const { return object_json(value, most_rows); }
   Json operator()(const Array& value) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <istream>
 #include <ostream>
 
 namespace vestara::host {
@@ -9,6 +10,8 @@ enum class ColourChoice { automatic, always, never };
 
 /// True when what is written to the stream goes to a person's screen.
 bool is_terminal(const std::ostream& stream);
+/// True when what is read from the stream was typed by a person.
+bool is_terminal(const std::istream& stream);
 
 /// The width in characters of the terminal behind the stream; 80 when there is none.
 size_t terminal_columns(const std::ostream& stream);
