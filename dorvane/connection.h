@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,9 @@ class Connection {
   /// One line for everything that the engine itself finds wrong in the archive's file or its tables; none where it has
   /// no way to look.
   virtual std::vector<std::string> check_file() { return {}; }
+
+  /// Where the archive's changes stand; nothing where the engine cannot tell cheaply. Marks of two connections differ.
+  virtual std::optional<vestara::ChangeMark> change_mark() { return std::nullopt; }
 
   /// False once the engine is out of reach: nothing runs any more.
   virtual bool is_alive() const = 0;

@@ -203,6 +203,12 @@ Ref<vestara::RecordSet> DbConnector::GetRecordset(std::string_view statement) {
   return result_of(started, Ref<vestara::RecordSet>());
 }
 
+std::optional<vestara::ChangeMark> DbConnector::change_mark() {
+  leave_elsewhere();
+  if (!connection_) return std::nullopt;
+  return result_of([&] { return connection_->change_mark(); }, std::optional<vestara::ChangeMark>());
+}
+
 void DbConnector::BeginTrans() {
   raising([&] {
     if (connection().has_changes()) throw changes_are_open();

@@ -102,6 +102,7 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   void CommitTrans() override;
   void RollbackTrans() override;
   vestara::RowInserter* row_inserter() override { return this; }
+  std::optional<vestara::ChangeMark> change_mark() override;
 
  private:
   bool InsertRows(const vestara::NewRows& rows) override;

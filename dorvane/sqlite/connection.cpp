@@ -1,5 +1,6 @@
 #include "dorvane/sqlite/connection.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -37,6 +38,7 @@ SqliteConnection::SqliteConnection(const Url& url)
 }
 
 void SqliteConnection::open() {
+  count_a_change();
   stamp_ = stamp_of(settings_.path);
   frozen_ = false;
   try {
@@ -52,6 +54,16 @@ void SqliteConnection::open() {
     frozen_ = true;
   }
   indexes_.look();
+}
+
+void SqliteConnection::count_a_change() {
+  static std::atomic<uint64_t> changes{0};
+  own_changes_ = ++changes;
+}
+
+std::optional<vestara::ChangeMark> SqliteConnection::change_mark() {
+  read_anew_if_changed();
+  return vestara::ChangeMark{own_changes_, static_cast<uint64_t>(session_.single_number("PRAGMA data_version"))};
 }
 
 SqliteConnection::~SqliteConnection() {
@@ -139,6 +151,7 @@ Ref<records::StaticRecordSet> SqliteConnection::started(std::string_view stateme
 
 template <class Change>
 void SqliteConnection::change(bool alters_tables, Change&& body) {
+  count_a_change();
   open_rows_.complete();
   const int changed_before = sqlite3_total_changes(session_.database());
   StatementClock clock(settings_.changing_limit);
@@ -224,6 +237,7 @@ void SqliteConnection::commit() {
 
 void SqliteConnection::rollback() {
   if (transaction_.is_none()) return;
+  count_a_change();
   open_rows_.complete();
   if (session_.is_inside_transaction()) session_.run("ROLLBACK", Permission::anything);
   transaction_.ended();
@@ -232,6 +246,7 @@ void SqliteConnection::rollback() {
 
 void SqliteConnection::create_schema() {
   transaction_.require_not_lost();
+  count_a_change();
   open_rows_.complete();
   const bool fresh = session_.single_number("SELECT count(*) FROM sqlite_master") == 0;
   // Readers and one writer at a time beside each other; only a file that is still empty is switched over. Another

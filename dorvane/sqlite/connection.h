@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -38,12 +39,14 @@ class SqliteConnection final : public Connection {
   std::vector<vestara::SchemaGap> check_schema() override;
   std::vector<std::string> check_file() override;
   bool has_changes() const override { return transaction_.has_changes(); }
+  std::optional<vestara::ChangeMark> change_mark() override;
   bool is_alive() const override { return true; }
   /// Nothing is closed: closing a file would give its journal and its locks up in the other process's name.
   void leave() noexcept override {}
 
  private:
   void open();
+  void count_a_change();
   void read_anew_if_changed();
   /// Runs a body that reads, again where the file was changed while nothing kept changes away.
   template <class Body>
@@ -69,6 +72,8 @@ class SqliteConnection final : public Connection {
   bool frozen_ = false;
   FileStamp stamp_;
   TransactionState transaction_;
+  /// Grows whenever this connection may change what it reads; no two connections of the process have the same.
+  uint64_t own_changes_ = 0;
   DrawIndexes indexes_{session_};
   InsertCache inserts_{session_};
   InsertValues values_;  ///< of the statement that is executed

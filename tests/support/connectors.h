@@ -25,6 +25,7 @@ class ScriptedConnector final : public vestara::DbConnector {
   std::optional<Table> default_answer = Table{};        ///< to every other text; nothing refuses it
   std::set<std::string, std::less<>> refused;           ///< exact texts that are refused, whatever else is set
   std::map<std::string, int32_t, std::less<>> max_ids;  ///< by "table.column", else 0
+  std::optional<vestara::ChangeMark> mark;
 
   const automation::ClassDescription& description() const override;
   int32_t ConnectionState() override { return state; }
@@ -36,6 +37,7 @@ class ScriptedConnector final : public vestara::DbConnector {
   void BeginTrans() override {}
   void CommitTrans() override {}
   void RollbackTrans() override {}
+  std::optional<vestara::ChangeMark> change_mark() override { return mark; }
 };
 
 /// Hands every call on and keeps it: "OpenRecordset SELECT …", "BeginTrans", "GetMaxId tRicerche idRicerca".
@@ -63,6 +65,7 @@ class RecordingConnector final : public vestara::DbConnector {
   void BeginTrans() override { keep("BeginTrans").BeginTrans(); }
   void CommitTrans() override { keep("CommitTrans").CommitTrans(); }
   void RollbackTrans() override { keep("RollbackTrans").RollbackTrans(); }
+  std::optional<vestara::ChangeMark> change_mark() override { return inner_->change_mark(); }
 
  private:
   DbConnector& keep(std::string_view call, std::string_view first = {}, std::string_view second = {});

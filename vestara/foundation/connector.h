@@ -25,6 +25,13 @@ using records::RecordSet;
 /// What ConnectionState says of an open connection.
 inline constexpr int32_t connection_open = 1;
 
+/// Where the changes of an archive stand. As long as a connector gives equal marks, the archive's rows are the same.
+struct ChangeMark {
+  uint64_t own = 0;     ///< changes of this connector
+  uint64_t others = 0;  ///< changes of everybody else
+  bool operator==(const ChangeMark&) const = default;
+};
+
 /// A value on its way into a row.
 struct RowValue {
   enum class Kind : uint8_t { null, whole, text };
@@ -88,6 +95,8 @@ class VESTARA_API DbConnector : public automation::Object {
 
   /// Itself, where it takes rows as values.
   virtual RowInserter* row_inserter() { return nullptr; }
+  /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. No member of hosts.
+  virtual std::optional<ChangeMark> change_mark() { return std::nullopt; }
 };
 
 /// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that
