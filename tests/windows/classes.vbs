@@ -2,7 +2,8 @@
 Sub T_Classes()
   Dim name
   For Each name In Array("Vestara.cLotto", "Vestara.cEstrazione", "Vestara.cStatistiche", "Vestara.cSistemi", _
-      "Vestara.cFrequenza", "Vestara.cTabAnalytics", "Vestara.cDistanze", "Vestara.cDistanze2", "Dorvane.DbConnector")
+      "Vestara.cFrequenza", "Vestara.cTabAnalytics", "Vestara.cDistanze", "Vestara.cDistanze2", _
+      "Vestara.Study", "Dorvane.DbConnector")
     Same name, IsObject(CreateObject(name)), True
     Same name & ".1", IsObject(CreateObject(name & ".1")), True
   Next

@@ -22,7 +22,7 @@ Pointer<ITypeInfo> type_of(IDispatch* object) {
 
 TEST(Types, EveryClassHasItsInterfaceInTheTypeLibrary) {
   for (const char* name : {"cLotto", "cEstrazione", "cStatistiche", "cSistemi", "cFrequenza", "cTabAnalytics",
-                           "cDistanze", "cDistanze2"}) {
+                           "cDistanze", "cDistanze2", "Study"}) {
     const auto object = create(std::string("Vestara.") + name);
     ASSERT_TRUE(object) << name;
     EXPECT_EQ(name_of(type_of(object.get()).get()), std::string("_") + name);

@@ -7,6 +7,7 @@
 #include "vestara/frequency/analytic_table.h"
 #include "vestara/frequency/frequency.h"
 #include "vestara/statistics/statistics.h"
+#include "vestara/study/study.h"
 #include "vestara/systems/systems.h"
 
 // The surface of the library: the classes that hosts create by name, and behind them those that their members hand
@@ -23,6 +24,7 @@ const automation::ClassRegistrar<cDistanze> hit_distances;
 const automation::ClassRegistrar<cDistanze2> number_distances;
 const automation::ClassRegistrar<cFrequenza> frequency;
 const automation::ClassRegistrar<cTabAnalytics> analytic_table;
+const automation::ClassRegistrar<Study> plain_figures;
 
 const automation::HandedOut<automation::Collection> collection;
 
