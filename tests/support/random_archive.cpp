@@ -86,4 +86,15 @@ std::string insert_statement(const Archive& archive) {
   return text;
 }
 
+std::vector<std::string> insert_statements(const Archive& archive) {
+  constexpr size_t rows_a_statement = 500;
+  std::vector<std::string> statements;
+  for (size_t i = 0; i < archive.size(); i += rows_a_statement) {
+    const auto begin = archive.begin() + static_cast<std::ptrdiff_t>(i);
+    const auto count = static_cast<std::ptrdiff_t>(std::min(rows_a_statement, archive.size() - i));
+    statements.push_back(insert_statement(Archive(begin, begin + count)));
+  }
+  return statements;
+}
+
 }  // namespace testing_support

@@ -42,5 +42,7 @@ Archive random_archive(Random& random, const ArchiveShape& shape);
 const std::vector<std::string>& all_aliases();
 /// One INSERT of all rows; "" for an empty archive.
 std::string insert_statement(const Archive& archive);
+/// INSERTs of some hundred rows each, for an archive that is too long for one.
+std::vector<std::string> insert_statements(const Archive& archive);
 
 }  // namespace testing_support
