@@ -68,15 +68,23 @@ int32_t plain_scan(const std::vector<PlainRow>& rows, size_t cell_count, See see
 }
 
 inline int32_t plain_numbers(const std::vector<PlainRow>& rows) {
-  return plain_scan(rows, 91, [](auto& cells, const PlainRow& row, int32_t draw) {
-    for (const uint8_t number : row.sorted) cells[number].see(draw);
+  return plain_scan(rows, 90, [](auto& cells, const PlainRow& row, int32_t draw) {
+    for (const uint8_t number : row.sorted) cells[number - 1U].see(draw);
   });
 }
 
 inline int32_t plain_pairs(const std::vector<PlainRow>& rows) {
-  return plain_scan(rows, 91 * 91, [](auto& cells, const PlainRow& row, int32_t draw) {
+  static const auto place_of = [] {
+    std::vector<int32_t> places(size_t{91} * 91);
+    int32_t next = 0;
+    for (size_t a = 1; a <= 90; ++a)
+      for (size_t b = a + 1; b <= 90; ++b) places[a * 91 + b] = next++;
+    return places;
+  }();
+  return plain_scan(rows, 4005, [](auto& cells, const PlainRow& row, int32_t draw) {
     for (size_t i = 0; i < 5; ++i)
-      for (size_t j = i + 1; j < 5; ++j) cells[row.sorted[i] * 91U + row.sorted[j]].see(draw);
+      for (size_t j = i + 1; j < 5; ++j)
+        cells[static_cast<size_t>(place_of[row.sorted[i] * size_t{91} + row.sorted[j]])].see(draw);
   });
 }
 

@@ -414,6 +414,67 @@ class cTabAnalytics(Dispatched):
     def ActiveConnection(self, value: Union[DbConnector, Any]) -> None: ...
     def LoadTabelloneAnalitico(self, dtDa: Any = ..., dtA: Any = ...) -> None: ...
 
+class Study(Dispatched):
+    """The plain figures of an archive, counted as one would by hand, each as a record set. Wheels are codes (BA,NA), cities or tutte, all or nothing for the eleven. Since and Until are included; left out, Empty or Null they are no bound."""
+
+    def Open(self, Url: str) -> None: ...
+    @property
+    def ActiveConnection(self) -> Union[DbConnector, Any]: ...
+    @ActiveConnection.setter
+    def ActiveConnection(self, value: Union[DbConnector, Any]) -> None: ...
+    def Refresh(self) -> None: ...
+    def Draws(self, Wheels: Union[str, Marker] = ..., Since: Any = ..., Until: Any = ...) -> Union[Recordset, Any]: ...
+    def Search(
+        self,
+        Numbers: str,
+        Hits: Union[_Whole, Marker] = ...,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Numbers(
+        self,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+        Together: Union[bool, Marker] = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Groups(
+        self,
+        Size: _Whole,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+        Together: Union[bool, Marker] = ...,
+        By: Union[str, Marker] = ...,
+        Top: Union[_Whole, Marker] = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Sets(
+        self,
+        Sets: str,
+        Hits: Union[_Whole, Marker] = ...,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+        Together: Union[bool, Marker] = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Gaps(
+        self,
+        Numbers: str,
+        Hits: Any = ...,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+        Together: Union[bool, Marker] = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Fairness(
+        self,
+        Wheels: Union[str, Marker] = ...,
+        Since: Any = ...,
+        Until: Any = ...,
+    ) -> Union[Recordset, Any]: ...
+    def Odds(self, Count: _Whole, Wheels: Any = ...) -> Union[Recordset, Any]: ...
+
 class DbConnector(Closing, Dispatched):
     """One connection to an archive, chosen by URL."""
 
@@ -490,6 +551,8 @@ def Dispatch(identifier: Literal["Vestara.cDistanze2"]) -> cDistanze2: ...
 def Dispatch(identifier: Literal["Vestara.cFrequenza"]) -> cFrequenza: ...
 @overload
 def Dispatch(identifier: Literal["Vestara.cTabAnalytics"]) -> cTabAnalytics: ...
+@overload
+def Dispatch(identifier: Literal["Vestara.Study"]) -> Study: ...
 @overload
 def Dispatch(identifier: Literal["Dorvane.DbConnector"]) -> DbConnector: ...
 @overload
