@@ -59,6 +59,9 @@ class FailureNote;
 /// A record set of the embedded database reads on as it is walked: the first hundred rows are there before
 /// OpenRecordset and GetRecordset answer, and a failure among them is False or nothing. A later one is raised by the
 /// move that meets it, and LastError has it then. Record sets of servers are complete when they are handed out.
+///
+/// A connector belongs to one thread at a time, together with its record sets and the objects that it was given to;
+/// between two calls they may go to another thread. Connectors are independent of each other, also on one archive.
 class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private vestara::RowInserter {
  public:
   DbConnector();

@@ -17,6 +17,7 @@ struct Column {
 
 /// The rows of a reading statement: static, on the client's side, scrollable. The cursor stands on a row, before
 /// the first or behind the last. A closed record set raises 3704 from every call but `is_open` and `close`.
+/// A record set belongs to the thread of its connector; one that is complete may go to another thread by itself.
 class AUTOMATION_API RecordSet : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Recordset";

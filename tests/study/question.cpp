@@ -6,7 +6,7 @@
 #include "automation/coercion.h"
 #include "automation/error.h"
 #include "tests/support/values.h"
-#include "vestara/foundation/recordset.h"
+#include "vestara/foundation/connector.h"
 
 namespace study_test {
 

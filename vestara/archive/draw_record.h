@@ -13,6 +13,8 @@ namespace vestara {
 
 /// One draw: its date, its contest number, and for each wheel 1 to 11 the five numbers and the key of its row. It traps
 /// nothing: error 9 for a wheel outside 1..11 and for a position that there is not.
+///
+/// An object belongs to one thread at a time; it shares nothing with others.
 class VESTARA_API cEstrazione final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cEstrazione";

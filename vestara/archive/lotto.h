@@ -20,9 +20,12 @@ namespace vestara {
 
 /// The object that hosts talk to first: counts and bounds of the archive, the hit search with its counters, the
 /// import of the whole history. Its methods trap their errors: a failure is the value that the method names, and an
-/// entry in the error log. Properties trap nothing. One object belongs to one thread.
+/// entry in the error log. Properties trap nothing.
 ///
 /// Dates are given as a Date or as a text that reads as one; a bound that is missing or Null is no bound.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cLotto final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cLotto";

@@ -20,6 +20,9 @@ namespace vestara {
 ///
 /// Give it a connector, load, then read the items, 1 to ItemCount, in the order of the walk. Only the load traps
 /// its errors; an index outside is error 9.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cDistanze final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze";

@@ -21,6 +21,9 @@ namespace vestara {
 ///
 /// Element 0 of a list counts the draws of the period before the first appearance that the walk met: with
 /// `bSortASC` False that is the current delay. A host must not start another load while one yields to it.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cDistanze2 final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cDistanze2";

@@ -18,6 +18,9 @@ namespace vestara {
 
 /// The analytic table: the draws of the last 730 days in which numbers came out for the last time, newest first.
 /// Lines count from 0; outside, the getters give "" or 0. Only the load traps its errors.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cTabAnalytics final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cTabAnalytics";

@@ -21,6 +21,9 @@ namespace vestara {
 /// Wheels are given as `sRuote` ("BA,NA", "" for all) and, one at a time, as `Ruota`: an enumerator 1 to 11 or an
 /// alias. With several wheels the period holds for the first one only, on purpose. Rankings are indexed from 0 to 89;
 /// outside they give 0 without an entry.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cFrequenza final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cFrequenza";

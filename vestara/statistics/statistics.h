@@ -16,6 +16,9 @@ namespace vestara {
 
 /// What one search of past hits amounts to, and the probabilities of its bet. All values are set from outside, by
 /// the host or by a search of cLotto; nothing is checked. Properties trap nothing.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cStatistiche final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cStatistiche";

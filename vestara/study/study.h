@@ -23,6 +23,9 @@ class LoadedDraws;
 ///
 /// The draws are read once into memory, and again when the archive changed (the embedded database tells) or after
 /// Refresh. A selection without draws answers no rows.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API Study final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Study";

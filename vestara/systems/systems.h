@@ -19,6 +19,9 @@ namespace vestara {
 ///
 /// Unless it says otherwise a member traps its errors: it then gives "", 0, False or nothing, with an entry in the
 /// error log.
+///
+/// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
+/// may go to another thread. Objects with different connectors are independent of each other.
 class VESTARA_API cSistemi final : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "cSistemi";
