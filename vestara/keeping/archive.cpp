@@ -3,24 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "automation/coercion.h"
 #include "vestara/foundation/failure.h"
 
 namespace vestara {
-namespace {
 
-/// Calls a member that the interface of a connector does not have; Empty when the connector does not have it either.
-automation::Variant call_if_known(DbConnector& connector, std::string_view member) {
-  try {
-    return connector.call(member, automation::InvokeKind::method, {});
-  } catch (const automation::RunTimeError&) {
-    return automation::Empty{};
-  }
-}
-
-}  // namespace
-
-Archive::Archive(automation::Ref<DbConnector> connector, std::function<Archive()> open_another)
+Archive::Archive(automation::Ref<ArchiveConnector> connector, std::function<Archive()> open_another)
     : connector_(std::move(connector)), open_another_(std::move(open_another)) {}
 
 automation::Ref<RecordSet> Archive::rows(std::string_view statement) const {
@@ -48,10 +35,7 @@ bool Archive::can_read(const ArchiveTable& table) const {
   return true;
 }
 
-std::string Archive::reason() const {
-  const automation::Variant reason = call_if_known(*connector_, "LastError");
-  return reason.is_empty() ? std::string() : automation::to_text(reason);
-}
+std::string Archive::reason() const { return connector_->LastError(); }
 
 void Archive::fail(const std::string& what) const {
   const std::string why = reason();
@@ -73,7 +57,7 @@ Transaction::~Transaction() {
     archive_.connector()->RollbackTrans();
   } catch (const automation::RunTimeError&) {
     // Closing the connection takes the changes back as well.
-    call_if_known(*archive_.connector(), "Close");
+    archive_.connector()->Close();
   }
 }
 

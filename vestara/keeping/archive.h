@@ -16,9 +16,9 @@ namespace vestara {
 class VESTARA_API Archive {
  public:
   /// `open_another` opens a second connection to the same archive.
-  Archive(automation::Ref<DbConnector> connector, std::function<Archive()> open_another);
+  Archive(automation::Ref<ArchiveConnector> connector, std::function<Archive()> open_another);
 
-  const automation::Ref<DbConnector>& connector() const { return connector_; }
+  const automation::Ref<ArchiveConnector>& connector() const { return connector_; }
   /// A second connection to the same archive.
   Archive another() const { return open_another_(); }
 
@@ -31,12 +31,13 @@ class VESTARA_API Archive {
   /// True when the table has every column that it should; whoever made it.
   bool can_read(const ArchiveTable& table) const;
 
-  /// The connector's LastError, when it has such a member.
+  /// The connector's LastError.
   std::string reason() const;
+  /// Failure (database): what cannot be done, and the connector's reason.
   [[noreturn]] void fail(const std::string& what) const;
 
  private:
-  automation::Ref<DbConnector> connector_;
+  automation::Ref<ArchiveConnector> connector_;
   std::function<Archive()> open_another_;
 };
 

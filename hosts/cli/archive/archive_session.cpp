@@ -1,8 +1,8 @@
 #include "hosts/cli/archive/archive_session.h"
 
 #include <filesystem>
-#include <utility>
 
+#include "dorvane/connector.h"
 #include "hosts/cli/archive/archive_url.h"
 #include "hosts/cli/failure.h"
 
@@ -17,22 +17,15 @@ void make_folder(const std::filesystem::path& file) {
                                         " cannot be made: " + error.message() + "; or give --db sqlite:PATH");
 }
 
-automation::Ref<dorvane::DbConnector> opened(const std::string& url) {
-  auto connector = automation::make<dorvane::DbConnector>();
-  if (connector->Open(url)) return connector;
-  throw Failure(ExitCode::database, "the archive cannot be opened: " + connector->LastError());
-}
-
 Archive archive_at(const std::string& url) {
-  return {opened(url), [url] { return archive_at(url); }};
+  const auto connector = automation::make<dorvane::DbConnector>();
+  if (connector->Open(url)) return {connector, [url] { return archive_at(url); }};
+  throw Failure(ExitCode::database, "the archive cannot be opened: " + connector->LastError());
 }
 
 }  // namespace
 
-ArchiveSession::ArchiveSession(const std::string& url) : ArchiveSession(url, opened(url)) {}
-
-ArchiveSession::ArchiveSession(const std::string& url, automation::Ref<dorvane::DbConnector> connector)
-    : Archive(connector, [url] { return archive_at(url); }), connector_(std::move(connector)) {}
+ArchiveSession::ArchiveSession(const std::string& url) : Archive(archive_at(url)) {}
 
 bool ArchiveSession::may_exist(const std::string& database) {
   const auto file = file_of(archive_url(database));

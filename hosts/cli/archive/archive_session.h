@@ -3,9 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/ref.h"
-#include "dorvane/connector.h"
-#include "vestara/foundation/connector.h"
+#include "vestara/keeping/archive.h"
 #include "vestara/keeping/archive.h"
 
 namespace vestara::host {
@@ -22,13 +20,8 @@ class ArchiveSession : public Archive {
   /// False only when the URL names a file and that file is missing.
   static bool may_exist(const std::string& database);
 
-  const automation::Ref<dorvane::DbConnector>& connector() const { return connector_; }
-
  private:
   explicit ArchiveSession(const std::string& url);
-  ArchiveSession(const std::string& url, automation::Ref<dorvane::DbConnector> connector);
-
-  automation::Ref<dorvane::DbConnector> connector_;
 };
 
 }  // namespace vestara::host

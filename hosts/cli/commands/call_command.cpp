@@ -6,6 +6,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "automation/text/shown_text.h"
+#include "dorvane/connector.h"
 #include "hosts/cli/archive/archive_url.h"
 #include "hosts/cli/command.h"
 #include "hosts/cli/options/command_parts.h"
