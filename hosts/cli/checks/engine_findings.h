@@ -1,16 +1,18 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/checks/finding.h"
+#include "vestara/keeping/checks/engine_checks.h"
+
+// In words: what the database does to the archive, or denies it.
 
 namespace vestara::host {
 
-/// Triggers on the archive's tables, which change what is stored behind the library's back. `url` names the archive.
-Findings trigger_findings(const ArchiveSession& session, const std::string& url);
-
-/// Columns of texts that the database cannot compare, for want of their collation.
-Findings collation_findings(const ArchiveSession& session);
+Findings trigger_findings(const TriggerFinding& triggers);
+Findings column_findings(const std::vector<UncomparableColumn>& columns);
+/// `why` no change is possible; "" when one is.
+Findings change_findings(const std::string& why);
 
 }  // namespace vestara::host

@@ -45,45 +45,29 @@ std::string joined(const std::vector<std::string>& names) {
   return text;
 }
 
-bool lacks_of(const Gaps& gaps, const ArchiveTable& table) {
-  return std::any_of(gaps.begin(), gaps.end(), [&](const SchemaGap& gap) {
-    return gap.table == table.name && (gap.kind == SchemaGap::Kind::table || gap.kind == SchemaGap::Kind::column);
-  });
-}
-
-/// Tables that the schema has and yet cannot be read, for want of a right or a file that is damaged.
-void add_unreadable(const ArchiveSession& session, const Gaps& gaps, Findings& findings) {
-  for (const ArchiveTable& table : archive_tables()) {
-    if (lacks_of(gaps, table) || session.can_read(table)) continue;
-    findings.push_back({"table " + std::string(table.name) + " cannot be read", 1, session.connector()->LastError(),
-                        "give the user the right to read it, or restore it"});
-  }
-}
-
 }  // namespace
 
-Findings schema_findings(const ArchiveSession& session) {
-  const auto known = session.connector()->SchemaGaps();
-  const Gaps gaps = known.value_or(Gaps());
+Findings schema_findings(const SchemaFacts& facts) {
   Findings findings;
   for (const KindWords& kind : kinds)
-    if (const auto names = names_of(gaps, kind.kind); !names.empty())
+    if (const auto names = names_of(facts.gaps, kind.kind); !names.empty())
       findings.push_back(
           {std::string(kind.what), static_cast<int64_t>(names.size()), joined(names), std::string(kind.remedy)});
-  if (!known)
-    findings.push_back(
-        {"the archive cannot be checked", 1, session.connector()->LastError(), "see what the database says"});
-  add_unreadable(session, gaps, findings);
+  if (facts.refusal)
+    findings.push_back({"the archive cannot be checked", 1, *facts.refusal, "see what the database says"});
+  for (const UnreadableTable& unreadable : facts.unreadable)
+    findings.push_back({"table " + std::string(unreadable.table) + " cannot be read", 1, unreadable.reason,
+                        "give the user the right to read it, or restore it"});
   return findings;
 }
 
-std::string missing_tables(const ArchiveSession& session) {
-  const Gaps gaps = session.connector()->SchemaGaps().value_or(Gaps());
+std::string missing_tables(const Archive& archive) {
+  const Gaps gaps = archive.connector()->SchemaGaps().value_or(Gaps());
   std::string text;
   if (const auto tables = names_of(gaps, SchemaGap::Kind::table); !tables.empty()) text = "table " + joined(tables);
   if (const auto columns = names_of(gaps, SchemaGap::Kind::column); !columns.empty())
     text.append(text.empty() ? "" : ", ").append("column ").append(joined(columns));
-  return text.empty() ? session.connector()->LastError() : text + " missing";
+  return text.empty() ? archive.reason() : text + " missing";
 }
 
 }  // namespace vestara::host

@@ -2,16 +2,16 @@
 
 #include <string>
 
-#include "hosts/cli/archive/archive_session.h"
 #include "hosts/cli/checks/finding.h"
+#include "vestara/keeping/checks/schema_checks.h"
 
 namespace vestara::host {
 
-/// What an archive lacks of tables, columns, indexes and wheels, and tables that are there but cannot be read. One
-/// finding for each kind, with the names as its example.
-Findings schema_findings(const ArchiveSession& session);
+/// In words: one finding for each kind of thing that is missing, with the names as its example, and one for each table
+/// that cannot be read.
+Findings schema_findings(const SchemaFacts& facts);
 
-/// "table storico, column ruote.ruotaAlias": why `has_tables` is false, in words; else the connector's own reason.
-std::string missing_tables(const ArchiveSession& session);
+/// "table storico, column ruote.ruotaAlias missing": why `has_tables` is false; else the connector's own reason.
+std::string missing_tables(const Archive& archive);
 
 }  // namespace vestara::host

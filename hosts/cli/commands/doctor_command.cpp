@@ -4,10 +4,9 @@
 
 #include "automation/date.h"
 #include "hosts/cli/archive/archive_url.h"
-#include "hosts/cli/checks/content_checks.h"
-#include "hosts/cli/checks/date_checks.h"
-#include "hosts/cli/checks/day_checks.h"
+#include "hosts/cli/checks/day_findings.h"
 #include "hosts/cli/checks/engine_findings.h"
+#include "hosts/cli/checks/row_findings.h"
 #include "hosts/cli/checks/schema_findings.h"
 #include "hosts/cli/checks/soundness.h"
 #include "hosts/cli/command.h"
@@ -43,8 +42,8 @@ void examine_dates(const ArchiveSession& session, Report& report, Findings& find
   report.facts.push_back({"last_date", day_cell(dates.last)});
   report.facts.push_back({"undrawn_wheels", dates.lacking});
   report.facts.push_back({"stray_dates", known_stray_days(days)});
-  append(findings, dates.findings);
-  append(findings, day_findings(days, automation::now().day()));
+  append(findings, date_findings(dates));
+  append(findings, day_findings(check_days(days, automation::now().day())));
 }
 
 void count_rows(const ArchiveSession& session, Report& report) {
@@ -57,18 +56,6 @@ void count_rows(const ArchiveSession& session, Report& report) {
   report.blocks.push_back(std::move(rows));
 }
 
-/// Why no change is possible; "" when one is. A change of no row is made and taken back.
-std::string why_unchangeable(const ArchiveSession& session) {
-  try {
-    const Transaction trial(session);
-    const bool has_draws = session.can_read(archive_tables().front());
-    if (!has_draws || session.connector()->ExecuteSql("DELETE FROM storico WHERE 1=0")) return {};
-    return session.connector()->LastError();
-  } catch (const vestara::Failure& failure) {
-    return failure.what();
-  }
-}
-
 void examine_changes(const ArchiveSession& session, const std::string& url, Report& report, Findings& findings) {
   if (asks_read_only(url)) {
     report.facts.push_back({"changes", "not asked for, mode=ro"});
@@ -76,9 +63,7 @@ void examine_changes(const ArchiveSession& session, const std::string& url, Repo
   }
   const std::string why = why_unchangeable(session);
   report.facts.push_back({"changes", why.empty() ? "possible" : "refused"});
-  if (!why.empty())
-    findings.push_back(
-        {"changes are refused", 1, why, "let the other program finish, or give the user the right to write"});
+  append(findings, change_findings(why));
 }
 
 void list_findings(const Findings& findings, Report& report) {
@@ -96,13 +81,13 @@ ExitCode run_doctor(const Context& context) {
   Report report;
   report.facts = {{"archive", shown_url(url)}, {"connection", "open"}};
   Findings findings = file_findings(session);
-  append(findings, schema_findings(session));
-  append(findings, trigger_findings(session, url));
-  append(findings, collation_findings(session));
+  append(findings, schema_findings(check_schema(session)));
+  append(findings, trigger_findings(find_triggers(session, url.substr(0, url.find(':')))));
+  append(findings, column_findings(uncomparable_columns(session)));
   examine_changes(session, url, report, findings);
   examine_dates(session, report, findings);
   count_rows(session, report);
-  append(findings, content_findings(session));
+  append(findings, row_findings(check_rows(session)));
   list_findings(findings, report);
   context.show(report);
   return findings.empty() ? ExitCode::ok : ExitCode::database;

@@ -1,19 +1,19 @@
-#include "hosts/cli/checks/draw_days.h"
+#include "vestara/keeping/checks/draw_days.h"
 
 #include <algorithm>
 
 #include "automation/coercion.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 int32_t number_or_zero(RecordSet& row, Column column) { return row.is_null(column) ? 0 : row.whole_number(column); }
 
 }  // namespace
 
-std::vector<DrawDay> draw_days(const ArchiveSession& session) {
+std::vector<DrawDay> draw_days(const Archive& archive) {
   std::vector<DrawDay> days;
-  auto rows = session.rows(
+  auto rows = archive.rows(
       "SELECT dtEstr,count(DISTINCT ruota) AS ruote,min(ruota) AS ruota,min(concorsoNumero) AS minimo,"
       "max(concorsoNumero) AS massimo FROM storico WHERE dtEstr IS NOT NULL GROUP BY dtEstr");
   for (; !rows->at_end(); rows->move_next()) {
@@ -23,9 +23,9 @@ std::vector<DrawDay> draw_days(const ArchiveSession& session) {
                     rows->is_null(Column{2}) ? std::string() : std::string(rows->text(Column{2})),
                     number_or_zero(*rows, Column{3}), number_or_zero(*rows, Column{4})});
   }
-  session.connector()->CloseRecordset(rows);
+  archive.connector()->CloseRecordset(rows);
   std::sort(days.begin(), days.end(), [](const DrawDay& left, const DrawDay& right) { return left.day < right.day; });
   return days;
 }
 
-}  // namespace vestara::host
+}  // namespace vestara

@@ -1,4 +1,4 @@
-#include "hosts/cli/checks/date_checks.h"
+#include "vestara/keeping/checks/date_checks.h"
 
 #include <algorithm>
 #include <vector>
@@ -7,7 +7,7 @@
 #include "vestara/draws/wheel_names.h"
 #include "vestara/keeping/stored_value.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 struct Dates {
@@ -16,9 +16,9 @@ struct Dates {
   std::string example;
 };
 
-Dates read_dates(const ArchiveSession& session) {
+Dates read_dates(const Archive& archive) {
   Dates dates;
-  auto rows = session.rows("SELECT dtEstr FROM storico WHERE dtEstr IS NOT NULL GROUP BY dtEstr ORDER BY dtEstr");
+  auto rows = archive.rows("SELECT dtEstr FROM storico WHERE dtEstr IS NOT NULL GROUP BY dtEstr ORDER BY dtEstr");
   for (; !rows->at_end(); rows->move_next()) {
     const automation::Variant value = rows->value(Column{0});
     if (const auto date = automation::date_in(value))
@@ -26,15 +26,15 @@ Dates read_dates(const ArchiveSession& session) {
     else if (dates.impossible++ == 0)
       dates.example = stored_text(value);
   }
-  session.connector()->CloseRecordset(rows);
+  archive.connector()->CloseRecordset(rows);
   std::sort(dates.days.begin(), dates.days.end());
   return dates;
 }
 
 /// Wheels came one after the other, and in some weeks of war and flood not all were drawn: that is no fault.
-int64_t lacking_rows(const ArchiveSession& session, const std::vector<int32_t>& days) {
+int64_t lacking_rows(const Archive& archive, const std::vector<int32_t>& days) {
   int64_t lacking = 0;
-  auto rows = session.rows(
+  auto rows = archive.rows(
       "SELECT ruota,min(dtEstr) AS prima,count(DISTINCT dtEstr) AS quante FROM storico WHERE dtEstr IS NOT NULL AND "
       "ruota IS NOT NULL GROUP BY ruota");
   for (; !rows->at_end(); rows->move_next()) {
@@ -43,25 +43,24 @@ int64_t lacking_rows(const ArchiveSession& session, const std::vector<int32_t>& 
     const auto since = days.end() - std::lower_bound(days.begin(), days.end(), first->day());
     lacking += std::max<int64_t>(0, since - rows->whole_number(Column{2}));
   }
-  session.connector()->CloseRecordset(rows);
+  archive.connector()->CloseRecordset(rows);
   return lacking;
 }
 
 }  // namespace
 
-DateFacts check_dates(const ArchiveSession& session) {
-  const Dates dates = read_dates(session);
+DateFacts check_dates(const Archive& archive) {
+  const Dates dates = read_dates(archive);
   DateFacts facts;
   if (!dates.days.empty()) {
     facts.first = dates.days.front();
     facts.last = dates.days.back();
   }
   facts.dates = static_cast<int64_t>(dates.days.size());
-  facts.lacking = lacking_rows(session, dates.days);
-  if (dates.impossible != 0)
-    facts.findings.push_back({"dates that there are not", dates.impossible, dates.example,
-                              "correct or delete their rows; searches pass them over"});
+  facts.lacking = lacking_rows(archive, dates.days);
+  facts.impossible = dates.impossible;
+  facts.example = dates.example;
   return facts;
 }
 
-}  // namespace vestara::host
+}  // namespace vestara

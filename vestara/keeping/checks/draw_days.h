@@ -4,9 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "hosts/cli/archive/archive_session.h"
+#include "vestara/foundation/export.h"
+#include "vestara/keeping/archive.h"
 
-namespace vestara::host {
+namespace vestara {
 
 /// What the rows of one day say about it. Days count from 1899-12-30.
 struct DrawDay {
@@ -18,6 +19,6 @@ struct DrawDay {
 };
 
 /// The days of storico, oldest first; rows whose date is none are left out. Failure (database).
-std::vector<DrawDay> draw_days(const ArchiveSession& session);
+VESTARA_API std::vector<DrawDay> draw_days(const Archive& archive);
 
-}  // namespace vestara::host
+}  // namespace vestara
