@@ -1,3 +1,4 @@
+#include <optional>
 #include <vector>
 
 #include "automation/coercion.h"
@@ -5,6 +6,8 @@
 #include "hosts/cli/command.h"
 #include "vestara/archive/lotto.h"
 #include "vestara/draws/wheel_names.h"
+#include "vestara/foundation/message_text.h"
+#include "vestara/keeping/archive_counts.h"
 
 namespace vestara::host {
 namespace {
@@ -16,27 +19,7 @@ Cell day_cell(const automation::Variant& value) {
   return automation::iso_day(*date);
 }
 
-struct WheelLine {
-  std::string code;
-  int32_t rows;
-  Cell first;
-  Cell last;
-};
-
-std::vector<WheelLine> wheel_lines(const ArchiveSession& session) {
-  std::vector<WheelLine> lines;
-  auto rows = session.rows(
-      "SELECT ruota,count(*) AS quante,min(dtEstr) AS prima,max(dtEstr) AS ultima FROM storico GROUP BY ruota "
-      "ORDER BY CASE WHEN ruota='RN' THEN 1 ELSE 0 END,ruota");
-  for (; !rows->at_end(); rows->move_next()) {
-    const Column code = rows->column("ruota");
-    lines.push_back({rows->is_null(code) ? "" : std::string(rows->text(code)),
-                     rows->whole_number(rows->column("quante")), day_cell(rows->value(rows->column("prima"))),
-                     day_cell(rows->value(rows->column("ultima")))});
-  }
-  session.connector()->CloseRecordset(rows);
-  return lines;
-}
+Cell day_cell(std::optional<int32_t> day) { return day ? Cell(shown_day(*day)) : Cell(); }
 
 /// Draws in which the wheel took part; absent for a wheel that the library does not know.
 Cell draws_on(cLotto& lotto, const std::string& code) {
@@ -45,16 +28,16 @@ Cell draws_on(cLotto& lotto, const std::string& code) {
   return int64_t{lotto.ContaEstrazioniStorico(automation::Missing{}, automation::Missing{}, *wheel)};
 }
 
-Report describe(cLotto& lotto, const std::vector<WheelLine>& lines) {
+Report describe(cLotto& lotto, const std::vector<WheelRows>& wheels) {
   int64_t rows = 0;
   Report report;
   report.listing = "wheels";
   report.row_kind = "wheel";
   report.columns = {"wheel", "name", "draw_dates", "rows", "first_date", "last_date"};
-  for (const WheelLine& line : lines) {
+  for (const WheelRows& line : wheels) {
     const auto wheel = wheel_named(line.code);
     report.rows.push_back({line.code, wheel ? Cell(std::string(wheel_name(*wheel))) : Cell(),
-                           draws_on(lotto, line.code), int64_t{line.rows}, line.first, line.last});
+                           draws_on(lotto, line.code), int64_t{line.rows}, day_cell(line.first), day_cell(line.last)});
     rows += line.rows;
   }
   report.facts = {{"draw_dates", int64_t{lotto.ContaEstrazioniStorico()}},
@@ -66,13 +49,13 @@ Report describe(cLotto& lotto, const std::vector<WheelLine>& lines) {
 
 ExitCode run_archive(const Context& context) {
   const ArchiveSession session = context.open_archive();
-  const auto lines = wheel_lines(session);
+  const auto wheels = rows_by_wheel(session);
   cLotto lotto;
   lotto.ActiveConnection(session.connector());
-  const Report report = describe(lotto, lines);
+  const Report report = describe(lotto, wheels);
   require_answered(session);
   context.show(report);
-  if (!lines.empty()) return ExitCode::ok;
+  if (!wheels.empty()) return ExitCode::ok;
   context.remark("the archive holds no draws; vestara import FILE fills it");
   return ExitCode::nothing_found;
 }

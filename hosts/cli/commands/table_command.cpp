@@ -1,12 +1,9 @@
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "automation/coercion.h"
 #include "automation/date.h"
 #include "automation/text.h"
-#include "hosts/cli/archive/archive_excerpt.h"
 #include "hosts/cli/command.h"
 #include "hosts/cli/library_failure.h"
 #include "hosts/cli/options/command_parts.h"
@@ -15,6 +12,8 @@
 #include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheels.h"
 #include "vestara/frequency/loads.h"
+#include "vestara/keeping/archive_counts.h"
+#include "vestara/keeping/copy/archive_excerpt.h"
 #include "vestara/study/wheel_calendar.h"
 
 namespace vestara::host {
@@ -36,14 +35,6 @@ constexpr int32_t days_covered = 730;
 std::string listed(std::string numbers) {
   std::replace(numbers.begin(), numbers.end(), '.', ',');
   return numbers;
-}
-
-/// The last day on which the archive has a draw.
-std::optional<int32_t> newest_day(const ArchiveSession& session) {
-  auto rows = session.rows("SELECT max(dtEstr) AS ultima FROM storico");
-  const auto date = rows->at_end() ? std::nullopt : automation::date_in(rows->value(Column{0}));
-  session.connector()->CloseRecordset(rows);
-  return date ? std::optional(date->day()) : std::nullopt;
 }
 
 std::string why_empty(const ArchiveSession& session, const DrawRange& window) {
@@ -72,13 +63,23 @@ void add_wheel_delays(Report& report, const std::vector<AnalyticLine>& table, co
   }
 }
 
+/// An archive in memory with the draws of the window alone: the library's table has a first date and no last one.
+ArchiveSession excerpt_of(const ArchiveSession& session, const DrawRange& window) {
+  ArchiveSession excerpt = ArchiveSession::in_memory();
+  try {
+    copy_excerpt(session, excerpt, window);
+  } catch (const UnfitRow& unfit) {
+    throw Failure(ExitCode::database, unfit.description() + "; vestara doctor says more");
+  }
+  return excerpt;
+}
+
 ExitCode run_table(const TableOptions& options, const Context& context) {
   const auto as_of = day_bound("--as-of", options.as_of);
   const ArchiveSession session = context.open_archive();
   const automation::Date today = as_of ? automation::Date::from_day(*as_of) : automation::now();
   const DrawRange window{{}, today.day() - days_covered, today.day()};
-  // The library's table has a first date and no last one.
-  const ArchiveSession seen = archive_excerpt(session, window);
+  const ArchiveSession seen = excerpt_of(session, window);
   PreloadRuoteAlias(seen.connector());
   const auto table = answer(seen, "the table cannot be made",
                             [&](DbConnector& connector) { return load_analytic_lines(connector, today); });
