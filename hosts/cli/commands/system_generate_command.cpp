@@ -7,9 +7,9 @@
 #include "hosts/cli/commands/system_parts.h"
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/option_values.h"
-#include "hosts/cli/study/system_numbers.h"
 #include "vestara/foundation/message_text.h"
 #include "vestara/foundation/wheel_grid.h"
+#include "vestara/systems/start_numbers.h"
 
 namespace vestara::host {
 namespace {

@@ -6,9 +6,9 @@
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/system_output.h"
-#include "hosts/cli/study/system_numbers.h"
 #include "vestara/foundation/combination_lines.h"
 #include "vestara/foundation/message_text.h"
+#include "vestara/systems/start_numbers.h"
 
 namespace vestara::host {
 

@@ -1,9 +1,11 @@
+#include "automation/error.h"
 #include "hosts/cli/command.h"
 #include "hosts/cli/commands/system_parts.h"
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/option_values.h"
-#include "hosts/cli/study/system_numbers.h"
+#include "hosts/cli/terminal/stoppable_call.h"
 #include "vestara/foundation/message_text.h"
+#include "vestara/systems/start_numbers.h"
 
 namespace vestara::host {
 namespace {
@@ -41,8 +43,20 @@ RandomQuestion random_question(const SystemRandomOptions& options) {
                                      "; give no more than that, or --repeat");
 }
 
+/// Failure (interrupted) when somebody stops it.
+std::string drawn(const RandomQuestion& question) {
+  const StoppableCall stoppable;
+  try {
+    return random_numbers(question);
+  } catch (const automation::RunTimeError&) {
+    if (!Interruption::requested()) throw;
+    throw Failure(ExitCode::interrupted,
+                  "interrupted before all of " + std::to_string(question.count) + " numbers were drawn");
+  }
+}
+
 ExitCode run_system_random(const SystemRandomOptions& options, const Context& context) {
-  show_numbers({}, random_numbers(random_question(options)), context);
+  show_numbers({}, drawn(random_question(options)), context);
   return ExitCode::ok;
 }
 

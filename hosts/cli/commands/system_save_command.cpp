@@ -7,8 +7,8 @@
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/system_output.h"
-#include "hosts/cli/study/system_numbers.h"
 #include "vestara/foundation/error_log.h"
+#include "vestara/systems/start_numbers.h"
 #include "vestara/systems/systems.h"
 
 namespace vestara::host {

@@ -1,4 +1,4 @@
-#include "hosts/cli/study/system_numbers.h"
+#include "vestara/systems/start_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +9,10 @@
 #include "automation/coercion.h"
 #include "automation/text.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
-TEST(SystemNumbers, Sets) {
+TEST(StartNumbers, Sets) {
   struct Row {
     NumberSet set;
     int16_t number;
@@ -42,7 +42,7 @@ TEST(SystemNumbers, Sets) {
   }
 }
 
-TEST(SystemNumbers, RandomOnes) {
+TEST(StartNumbers, RandomOnes) {
   for (const RandomQuestion& options :
        {RandomQuestion{90, 1, 90}, RandomQuestion{5, 1, 90, false, true}, RandomQuestion{1, 0, 0},
         RandomQuestion{3, 7, 7, true}, RandomQuestion{300, 5, 9, true, true}}) {
@@ -60,11 +60,11 @@ TEST(SystemNumbers, RandomOnes) {
   }
 }
 
-TEST(SystemNumbers, Lengths) {
+TEST(StartNumbers, Lengths) {
   EXPECT_EQ(length_of(""), 0U);
   EXPECT_EQ(length_of("5"), 1U);
   EXPECT_EQ(length_of("5,12,33"), 3U);
 }
 
 }  // namespace
-}  // namespace vestara::host
+}  // namespace vestara

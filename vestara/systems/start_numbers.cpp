@@ -1,16 +1,14 @@
-#include "hosts/cli/study/system_numbers.h"
+#include "vestara/systems/start_numbers.h"
 
 #include <algorithm>
 
 #include "automation/coercion.h"
-#include "automation/error.h"
 #include "automation/text.h"
-#include "hosts/cli/failure.h"
-#include "hosts/cli/terminal/stoppable_call.h"
 #include "vestara/foundation/wheel_grid.h"
-#include "vestara/systems/systems.h"
+#include "vestara/systems/number_series.h"
+#include "vestara/systems/number_sets.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 void append(std::string& list, std::string_view number) { list.append(list.empty() ? "" : ",").append(number); }
@@ -31,20 +29,19 @@ std::string within_the_game(const std::string& numbers) {
 }
 
 std::string library_list(NumberSet set, int16_t number) {
-  const cSistemi systems;
   switch (set) {
     case NumberSet::twins:
-      return systems.SysGemelli2Str();
+      return std::string(twins);
     case NumberSet::reversibles:
-      return systems.SysVertibili2Str();
+      return std::string(reversibles);
     case NumberSet::ending:
-      return systems.SysCadenze2Str(number);
+      return same_ending(number);
     case NumberSet::fibonacci:
-      return systems.SysFibonacci2Str(number);
+      return fibonacci_run(number);
     case NumberSet::tens:
-      return systems.SysDecine2Str(number);
+      return ten_numbers(number);
     case NumberSet::figure:
-      return systems.SysFigure2Str(number);
+      return same_figure(number);
   }
   return {};
 }
@@ -56,15 +53,6 @@ std::string plain_list(NumberSet set, int16_t number) {
   return within_the_game(library_list(set, number));
 }
 
-automation::Variant drawn(const RandomQuestion& question) {
-  const cSistemi systems;
-  automation::Array series;
-  systems.GetRndNumber(series, question.count, question.least, question.most, question.repeat);
-  automation::Variant numbers = series;
-  if (question.sorted) systems.ArrNumbersSort(numbers);
-  return numbers;
-}
-
 }  // namespace
 
 std::string numbers_of_set(const SetQuestion& question) {
@@ -73,22 +61,17 @@ std::string numbers_of_set(const SetQuestion& question) {
 }
 
 std::string random_numbers(const RandomQuestion& question) {
-  const StoppableCall stoppable;
-  try {
-    std::string list;
-    const automation::Variant numbers = drawn(question);
-    for (const automation::Variant& number : numbers.get_if<automation::Array>()->items())
-      append(list, automation::to_text(number));
-    return list;
-  } catch (const automation::RunTimeError&) {
-    if (!Interruption::requested()) throw;
-    throw Failure(ExitCode::interrupted,
-                  "interrupted before all of " + std::to_string(question.count) + " numbers were drawn");
-  }
+  const auto repetition = question.repeat ? Repetition::allowed : Repetition::excluded;
+  automation::Variant numbers = random_series(question.count, question.least, question.most, repetition);
+  if (question.sorted) sort_by_number(numbers);
+  std::string list;
+  for (const automation::Variant& number : numbers.get_if<automation::Array>()->items())
+    append(list, automation::to_text(number));
+  return list;
 }
 
 size_t length_of(std::string_view list) {
   return list.empty() ? 0 : 1 + static_cast<size_t>(std::count(list.begin(), list.end(), ','));
 }
 
-}  // namespace vestara::host
+}  // namespace vestara
