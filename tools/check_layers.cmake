@@ -19,7 +19,7 @@ set(layers
     "vestara/draws|automation/ records/ vestara/foundation/ vestara/draws/"
     "vestara/files|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/"
     "vestara/keeping|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/"
-    "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/"
+    "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/ vestara/distances/ vestara/frequency/"
     "vestara/archive|automation/ records/ vestara/foundation/ vestara/draws/ vestara/keeping/ vestara/archive/ vestara/statistics/"
     "vestara/statistics|automation/ records/ vestara/foundation/ vestara/statistics/ vestara/distances/"
     "vestara/distances|automation/ records/ vestara/foundation/ vestara/distances/"
@@ -32,7 +32,7 @@ set(layers
     "hosts/cli/output|automation/ records/ vestara/ hosts/cli/output/ hosts/cli/terminal/ hosts/cli/failure.h"
     "hosts/cli/options|automation/ records/ vestara/ hosts/cli/options/ hosts/cli/output/ hosts/cli/terminal/ hosts/cli/failure.h"
     "hosts/cli/checks|automation/ records/ vestara/ hosts/cli/checks/ hosts/cli/failure.h"
-    "hosts/cli/programming|automation/ records/ vestara/ dorvane/ hosts/cli/programming/ hosts/cli/output/ hosts/cli/failure.h hosts/cli/widened.h"
+    "hosts/cli/programming|automation/ records/ vestara/ dorvane/ hosts/cli/programming/ hosts/cli/output/ hosts/cli/failure.h"
     "hosts/cli/commands|automation/ records/ vestara/ dorvane/ hosts/cli/commands/ hosts/cli/archive/ hosts/cli/checks/ hosts/cli/study/ hosts/cli/options/ hosts/cli/output/ hosts/cli/programming/ hosts/cli/terminal/ hosts/cli/command.h hosts/cli/context.h hosts/cli/failure.h hosts/cli/library_failure.h hosts/cli/in_process.h")
 # The component library and the component model stand on the standard library alone, but for packed files.
 set(standard_only "^(automation|records|vestara)/")

@@ -1,11 +1,12 @@
 #include "hosts/cli/command.h"
+#include "hosts/cli/library_failure.h"
 #include "hosts/cli/options/figure_words.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/figure_report.h"
-#include "hosts/cli/study/frequency_figures.h"
-#include "hosts/cli/study/plain_ranking.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/draws/wheel_names.h"
+#include "vestara/study/frequency_figures.h"
+#include "vestara/study/plain_ranking.h"
 
 namespace vestara::host {
 namespace {
@@ -40,7 +41,8 @@ ExitCode run_delays(const DelaysOptions& options, const Context& context) {
   const DrawRange draws = draws_of(words);
   const size_t top = top_of(words);
   const ArchiveSession session = context.open_archive();
-  const auto delays = load_delays(session, draws);
+  const auto delays =
+      answer(session, "the delays cannot be counted", [&](DbConnector&) { return delay_figures(session, draws); });
   const auto wheels = chosen_wheels(draws.wheels);
   const Entries all = plain_ranking(delays.grid, wheels);
   const FigureNames names{"delays", "delay"};

@@ -2,13 +2,14 @@
 #include <utility>
 
 #include "hosts/cli/command.h"
+#include "hosts/cli/library_failure.h"
 #include "hosts/cli/options/figure_words.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/figure_report.h"
-#include "hosts/cli/study/frequency_figures.h"
-#include "hosts/cli/study/plain_ranking.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/draws/wheel_names.h"
+#include "vestara/study/frequency_figures.h"
+#include "vestara/study/plain_ranking.h"
 #include "vestara/study/wheel_calendar.h"
 
 namespace vestara::host {
@@ -160,6 +161,8 @@ void write_counts(Report report, const FrequencyQuestion& question, const Figure
   context.show(report);
 }
 
+constexpr const char* no_counts = "the frequencies cannot be counted";
+
 ExitCode run_frequencies(const FrequenciesOptions& options, const Context& context) {
   const FrequencyQuestion question = frequency_question(options);
   const DrawRange& draws = question.draws;
@@ -169,11 +172,11 @@ ExitCode run_frequencies(const FrequenciesOptions& options, const Context& conte
     return total(counts, wheels) == 0 ? ExitCode::nothing_found : ExitCode::ok;
   };
   if (!options.average) {
-    const auto counts = load_counts(session, draws);
+    const auto counts = answer(session, no_counts, [&](DbConnector&) { return count_figures(session, draws); });
     write_counts(begin_report(counts.grid, draws), question, counts, context);
     return exit_code(counts.grid);
   }
-  auto averages = load_averages(session, draws);
+  auto averages = answer(session, no_counts, [&](DbConnector&) { return average_figures(session, draws); });
   write_averages(begin_report(averages.times, draws),
                  {question, wheels, averages.times, std::move(averages.percent), WheelCalendar(session, draws)},
                  context);

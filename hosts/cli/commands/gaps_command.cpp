@@ -3,14 +3,15 @@
 #include "automation/coercion.h"
 #include "automation/text.h"
 #include "hosts/cli/command.h"
+#include "hosts/cli/library_failure.h"
 #include "hosts/cli/options/command_parts.h"
 #include "hosts/cli/options/option_values.h"
 #include "hosts/cli/output/histogram_plot.h"
-#include "hosts/cli/study/number_gaps.h"
 #include "vestara/draws/draw_range.h"
 #include "vestara/draws/wheel_names.h"
 #include "vestara/foundation/message_text.h"
 #include "vestara/study/chance.h"
+#include "vestara/study/number_gaps.h"
 
 namespace vestara::host {
 namespace {
@@ -52,8 +53,8 @@ int16_t wheel_value(const std::string& text) {
                                      "; without it, all of them together");
 }
 
-GapQuestion gap_question(const GapsOptions& options, OutputFormat format) {
-  GapQuestion question;
+NumberGapQuestion gap_question(const GapsOptions& options, OutputFormat format) {
+  NumberGapQuestion question;
   question.numbers = number_or_pair(numbers_value(options.numbers));
   if (!options.wheel.empty()) {
     refuse("--wheel", {{"--all", options.all}, {"--without-rn", options.without_national}}, "it names the only one");
@@ -69,17 +70,6 @@ GapQuestion gap_question(const GapsOptions& options, OutputFormat format) {
   return question;
 }
 
-/// Wheels in a draw: one, or as many as a date of the range had in the mean.
-double wheels_in_draw(const ArchiveSession& session, const GapQuestion& question) {
-  if (question.wheel != 0) return 1;
-  auto rows = session.rows("SELECT count(*) AS righe,count(DISTINCT dtEstr) AS giorni FROM storico" +
-                           range_condition(range_of(question)));
-  const int32_t wheels = rows->whole_number(rows->column("righe"));
-  const int32_t dates = rows->whole_number(rows->column("giorni"));
-  session.connector()->CloseRecordset(rows);
-  return dates == 0 ? 0 : static_cast<double>(wheels) / dates;
-}
-
 Cell optional_cell(std::optional<double> value) { return value ? Cell(*value) : Cell(); }
 Cell whole_cell(std::optional<double> value) { return value ? Cell(static_cast<int64_t>(*value)) : Cell(); }
 
@@ -91,7 +81,7 @@ std::vector<int64_t> between_dates(const NumberGaps& gaps) {
   return lengths;
 }
 
-std::vector<Fact> facts_of(const NumberGaps& gaps, const GapQuestion& question, double chance) {
+std::vector<Fact> facts_of(const NumberGaps& gaps, const NumberGapQuestion& question, double chance) {
   std::vector<Fact> facts{{"appearances", gaps.appearances},
                           {"current_delay", gaps.current_delay ? Cell(*gaps.current_delay) : Cell()},
                           {"mean_distance", optional_cell(gaps.mean)},
@@ -108,7 +98,7 @@ std::vector<Fact> facts_of(const NumberGaps& gaps, const GapQuestion& question, 
   return facts;
 }
 
-Report describe(const NumberGaps& gaps, const GapQuestion& question, double chance) {
+Report describe(const NumberGaps& gaps, const NumberGapQuestion& question, double chance) {
   Report report;
   report.facts = facts_of(gaps, question, chance);
   report.listing = "distances";
@@ -127,7 +117,7 @@ Report describe(const NumberGaps& gaps, const GapQuestion& question, double chan
   return report;
 }
 
-void write_plot(std::ostream& out, const NumberGaps& gaps, const GapQuestion& question, double chance) {
+void write_plot(std::ostream& out, const NumberGaps& gaps, const NumberGapQuestion& question, double chance) {
   const bool utf8 = shows_utf8(out);
   const Histogram histogram = histogram_of(between_dates(gaps));
   out << "\ndistances between two appearances, in "
@@ -140,9 +130,10 @@ void write_plot(std::ostream& out, const NumberGaps& gaps, const GapQuestion& qu
 }
 
 ExitCode run_gaps(const GapsOptions& options, const Context& context) {
-  const GapQuestion question = gap_question(options, context.settings.format);
+  const NumberGapQuestion question = gap_question(options, context.settings.format);
   const ArchiveSession session = context.open_archive();
-  const NumberGaps gaps = load_gaps(session, question);
+  const NumberGaps gaps = answer(session, "the distances cannot be counted",
+                                 [&](DbConnector&) { return load_number_gaps(session, question); });
   const double chance = appearance_chance(question.numbers.size(), wheels_in_draw(session, question));
   context.show(describe(gaps, question, chance));
   if (options.plot) write_plot(context.out, gaps, question, chance);

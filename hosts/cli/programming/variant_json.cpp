@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "automation/member.h"
-#include "hosts/cli/widened.h"
 #include "vestara/foundation/connector.h"
+#include "vestara/study/widened.h"
 
 namespace vestara::host {
 namespace {

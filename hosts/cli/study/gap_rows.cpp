@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/cli/widened.h"
+#include "vestara/study/widened.h"
 
 namespace vestara::host {
 namespace {

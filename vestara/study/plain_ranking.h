@@ -7,7 +7,7 @@
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/frequency/ranking.h"
 
-namespace vestara::host {
+namespace vestara {
 
 /// Every number of the wheels, sorted by its figure, the largest first; equal ones in the order of wheel and number.
 template <class Value>
@@ -22,4 +22,4 @@ std::vector<RankingEntry<Value>> plain_ranking(const WheelGrid<Value>& grid, con
   return ranking;
 }
 
-}  // namespace vestara::host
+}  // namespace vestara

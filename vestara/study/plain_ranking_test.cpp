@@ -1,8 +1,8 @@
-#include "hosts/cli/study/plain_ranking.h"
+#include "vestara/study/plain_ranking.h"
 
 #include <gtest/gtest.h>
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 TEST(PlainRanking, SortsEveryNumberOfTheWheels) {
@@ -27,4 +27,4 @@ TEST(PlainRanking, SortsEveryNumberOfTheWheels) {
 }
 
 }  // namespace
-}  // namespace vestara::host
+}  // namespace vestara

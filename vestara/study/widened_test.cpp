@@ -1,10 +1,10 @@
-#include "hosts/cli/widened.h"
+#include "vestara/study/widened.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 TEST(Widened, MeansItsDigits) {
@@ -23,4 +23,4 @@ TEST(Widened, MeansItsDigits) {
 }
 
 }  // namespace
-}  // namespace vestara::host
+}  // namespace vestara

@@ -1,13 +1,12 @@
-#include "hosts/cli/study/frequency_figures.h"
+#include "vestara/study/frequency_figures.h"
 
 #include <algorithm>
 
-#include "hosts/cli/library_failure.h"
-#include "hosts/cli/widened.h"
 #include "vestara/foundation/wheels.h"
 #include "vestara/frequency/loads.h"
+#include "vestara/study/widened.h"
 
-namespace vestara::host {
+namespace vestara {
 namespace {
 
 /// Appends the entries that are in use: the number is 0 or less behind them.
@@ -33,24 +32,19 @@ void sort_ranking(Figures<Value>& figures) {
 
 /// Asks as often as the range needs: `take` gets the wheels and what `load` answers for them.
 template <class Load, class Take>
-void load_each(const ArchiveSession& session, const DrawRange& range, const char* otherwise, Load load, Take take) {
-  PreloadRuoteAlias(session.connector());
-  for (const WheelSelection& wheels : wheel_loads(range)) {
-    const DrawSelection selection = selection_of({wheels, range.from, range.to});
-    take(wheels, answer(session, otherwise, [&](DbConnector& connector) { return load(connector, selection); }));
-  }
+void load_each(const Archive& archive, const DrawRange& range, Load load, Take take) {
+  PreloadRuoteAlias(archive.connector());
+  for (const WheelSelection& wheels : wheel_loads(range))
+    take(wheels, load(*archive.connector(), selection_of({wheels, range.from, range.to})));
 }
-
-constexpr const char* no_counts = "the frequencies cannot be counted";
 
 int32_t as_it_is(int32_t value) { return value; }
 
 template <class Load>
-Figures<int32_t> whole_figures(const ArchiveSession& session, const DrawRange& range, int32_t none,
-                               const char* otherwise, Load load) {
+Figures<int32_t> whole_figures(const Archive& archive, const DrawRange& range, int32_t none, Load load) {
   Figures<int32_t> figures;
   figures.grid.fill(none);
-  load_each(session, range, otherwise, load, [&](const WheelSelection& wheels, const auto& loaded) {
+  load_each(archive, range, load, [&](const WheelSelection& wheels, const auto& loaded) {
     append_ranking(figures, loaded.ranking, as_it_is);
     copy_grid(figures.grid, wheels, loaded.grid, as_it_is);
   });
@@ -60,28 +54,27 @@ Figures<int32_t> whole_figures(const ArchiveSession& session, const DrawRange& r
 
 }  // namespace
 
-Figures<int32_t> load_delays(const ArchiveSession& session, const DrawRange& range) {
+Figures<int32_t> delay_figures(const Archive& archive, const DrawRange& range) {
   constexpr int32_t never = -1;
-  return whole_figures(session, range, never, "the delays cannot be counted",
-                       [](DbConnector& connector, const DrawSelection& selection) {
-                         return vestara::load_delays(connector, selection);
-                       });
-}
-
-Figures<int32_t> load_counts(const ArchiveSession& session, const DrawRange& range) {
-  return whole_figures(session, range, 0, no_counts, [](DbConnector& connector, const DrawSelection& selection) {
-    return vestara::load_counts(connector, selection);
+  return whole_figures(archive, range, never, [](DbConnector& connector, const DrawSelection& selection) {
+    return load_delays(connector, selection);
   });
 }
 
-AverageFigures load_averages(const ArchiveSession& session, const DrawRange& range) {
+Figures<int32_t> count_figures(const Archive& archive, const DrawRange& range) {
+  return whole_figures(archive, range, 0, [](DbConnector& connector, const DrawSelection& selection) {
+    return load_counts(connector, selection);
+  });
+}
+
+AverageFigures average_figures(const Archive& archive, const DrawRange& range) {
   AverageFigures figures;
   figures.percent.grid.fill(0);
   figures.times.fill(0);
   const auto load = [](DbConnector& connector, const DrawSelection& selection) {
-    return vestara::load_averages(connector, selection);
+    return load_averages(connector, selection);
   };
-  load_each(session, range, no_counts, load, [&](const WheelSelection& wheels, const Averages& averages) {
+  load_each(archive, range, load, [&](const WheelSelection& wheels, const Averages& averages) {
     append_ranking(figures.percent, averages.ranking, widened);
     copy_grid(figures.percent.grid, wheels, averages.grid, widened);
     copy_grid(figures.times, wheels, averages.times, as_it_is);
@@ -90,4 +83,4 @@ AverageFigures load_averages(const ArchiveSession& session, const DrawRange& ran
   return figures;
 }
 
-}  // namespace vestara::host
+}  // namespace vestara

@@ -1,9 +1,9 @@
-#include "hosts/cli/widened.h"
+#include "vestara/study/widened.h"
 
 #include <array>
 #include <charconv>
 
-namespace vestara::host {
+namespace vestara {
 
 double widened(float number) {
   std::array<char, 32> text{};
@@ -13,4 +13,4 @@ double widened(float number) {
   return wide;
 }
 
-}  // namespace vestara::host
+}  // namespace vestara

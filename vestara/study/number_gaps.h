@@ -4,13 +4,13 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/cli/archive/archive_session.h"
-#include "vestara/draws/draw_range.h"
+#include "vestara/foundation/export.h"
+#include "vestara/keeping/archive.h"
 
-namespace vestara::host {
+namespace vestara {
 
 /// Whose distances are asked for, and in which draws. Days count from 1899-12-30.
-struct GapQuestion {
+struct NumberGapQuestion {
   std::vector<int16_t> numbers;  ///< one, or two in ascending order
   int16_t wheel = 0;             ///< enumerator; 0 for all
   bool without_national = false;
@@ -20,8 +20,8 @@ struct GapQuestion {
   bool is_pair() const { return numbers.size() == 2; }
 };
 
-/// The distances between the appearances of a number or a pair, newest first. They count draws
-/// of the wheel, or dates when it is of all wheels.
+/// The distances between the appearances of a number or a pair, newest first. They count draws of the wheel,
+/// or dates when it is of all wheels.
 struct NumberGaps {
   int64_t appearances = 0;
   std::optional<int64_t> current_delay;  ///< draws since the last appearance; nothing without one
@@ -38,10 +38,10 @@ struct NumberGaps {
   std::vector<int32_t> days;
 };
 
-/// Failure (database) when the library could not count them.
-NumberGaps load_gaps(const ArchiveSession& session, const GapQuestion& question);
+/// Raises what the loads of vestara/distances raise; Failure (database) when the archive cannot be read.
+VESTARA_API NumberGaps load_number_gaps(const Archive& archive, const NumberGapQuestion& question);
 
-/// The draws that they are taken from.
-DrawRange range_of(const GapQuestion& question);
+/// Wheels in a draw of the question: one, or as many as a date of its period had in the mean. Failure (database).
+VESTARA_API double wheels_in_draw(const Archive& archive, const NumberGapQuestion& question);
 
-}  // namespace vestara::host
+}  // namespace vestara
