@@ -20,9 +20,9 @@ ExitCode run_command(int argc, const char* const* argv, std::istream& in, std::o
   out.flush();
   // A reader that has seen enough is no error.
   if (!out && errno != EPIPE)
-    throw Failure(ExitCode::file, std::string("the results cannot be written: ") +
-                                      (errno == EBADF ? "standard output is closed" : std::strerror(errno)) +
-                                      "; standard output must take them");
+    throw Failure(FailureKind::file, std::string("the results cannot be written: ") +
+                                         (errno == EBADF ? "standard output is closed" : std::strerror(errno)) +
+                                         "; standard output must take them");
   return code;
 }
 
@@ -40,7 +40,7 @@ int run(int argc, const char* const* argv, std::istream& in, std::ostream& out, 
   ExitCode code = ExitCode::ok;
   try {
     code = run_command(argc, argv, in, out, err);
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     const bool is_of_database = failure.kind() == FailureKind::database;
     say(err, failure.description() + (is_of_database ? shortage_of_files() : std::string()));
     code = exit_code(failure.kind());

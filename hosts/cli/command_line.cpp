@@ -94,19 +94,19 @@ std::string names_of_options(const CLI::App& program, const CLI::App* command) {
 
 Failure unknown_command(const std::string& name, const std::vector<std::string>& known) {
   const std::string near = near_names(name, known);
-  return {ExitCode::usage, "command " + shown(name) + " is unknown; known are " + name_list(known) +
-                               (near.empty() ? "" : "\ndid you mean " + near + "?")};
+  return {FailureKind::argument, "command " + shown(name) + " is unknown; known are " + name_list(known) +
+                                     (near.empty() ? "" : "\ndid you mean " + near + "?")};
 }
 
 Failure unexpected(const CLI::App& program, const CLI::App* command, const std::string& argument) {
   const bool is_option = argument.size() > 1 && argument.front() == '-';
   if (is_option)
-    return {ExitCode::usage,
+    return {FailureKind::argument,
             "option " + shown(argument) + " is unknown here; known are " + names_of_options(program, command)};
   const CLI::App& place = command ? *command : program;
   const std::vector<std::string> known = names_behind(place);
   if (!known.empty()) return unknown_command(argument, known);
-  return {ExitCode::usage,
+  return {FailureKind::argument,
           "argument " + shown(argument) + " is one too many; see vestara " + name_of(place) + " --help"};
 }
 
@@ -116,8 +116,8 @@ Failure usage_failure(const CLI::App& program, const CLI::ParseError& error) {
   if (!rest.empty()) return unexpected(program, command, rest.front());
   const CLI::App& place = command ? *command : program;
   const std::vector<std::string> known = names_behind(place);
-  if (!known.empty()) return {ExitCode::usage, "no command was given; commands are " + name_list(known)};
-  return {ExitCode::usage, std::string(error.what()) + "; see vestara " + name_of(place) + " --help"};
+  if (!known.empty()) return {FailureKind::argument, "no command was given; commands are " + name_list(known)};
+  return {FailureKind::argument, std::string(error.what()) + "; see vestara " + name_of(place) + " --help"};
 }
 
 /// A text that was asked for: the help or the version.

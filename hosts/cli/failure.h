@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "vestara/foundation/failure.h"
 
 namespace vestara::host {
@@ -17,7 +15,7 @@ enum class ExitCode : int {
   interrupted = 130,
 };
 
-/// The exit code of a failure.
+/// What a command that ended with a failure of this kind tells the caller.
 constexpr ExitCode exit_code(FailureKind kind) {
   switch (kind) {
     case FailureKind::argument:
@@ -34,27 +32,5 @@ constexpr ExitCode exit_code(FailureKind kind) {
   }
   return ExitCode::database;
 }
-
-/// Ends a command with an exit code, which is that of a kind of failure.
-class Failure : public vestara::Failure {
- public:
-  Failure(ExitCode code, const std::string& text) : vestara::Failure(kind_of(code), text) {}
-
- private:
-  static constexpr FailureKind kind_of(ExitCode code) {
-    switch (code) {
-      case ExitCode::usage:
-        return FailureKind::argument;
-      case ExitCode::nothing_found:
-        return FailureKind::nothing_found;
-      case ExitCode::file:
-        return FailureKind::file;
-      case ExitCode::interrupted:
-        return FailureKind::interrupted;
-      default:
-        return FailureKind::database;
-    }
-  }
-};
 
 }  // namespace vestara::host

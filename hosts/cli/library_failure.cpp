@@ -9,7 +9,7 @@ void fail_answer(const ArchiveSession& session, const std::string& what, const a
   if (!session.connector()->LastError().empty()) session.fail("the archive cannot be read");
   std::string entry = "vestara: " + what;
   WriteErrLog(entry, error);
-  throw Failure(ExitCode::database,
+  throw Failure(FailureKind::database,
                 what + ": a draw has a wheel or a number that there is not; " + log_path() + " names the error");
 }
 

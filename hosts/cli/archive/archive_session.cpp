@@ -13,14 +13,14 @@ void make_folder(const std::filesystem::path& file) {
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
   if (!error) return;
-  throw Failure(ExitCode::database, "the folder " + file.parent_path().string() +
-                                        " cannot be made: " + error.message() + "; or give --db sqlite:PATH");
+  throw Failure(FailureKind::database, "the folder " + file.parent_path().string() +
+                                           " cannot be made: " + error.message() + "; or give --db sqlite:PATH");
 }
 
 Archive archive_at(const std::string& url) {
   const auto connector = automation::make<dorvane::DbConnector>();
   if (connector->Open(url)) return {connector, [url] { return archive_at(url); }};
-  throw Failure(ExitCode::database, "the archive cannot be opened: " + connector->LastError());
+  throw Failure(FailureKind::database, "the archive cannot be opened: " + connector->LastError());
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ bool ArchiveSession::may_exist(const std::string& database) {
 ArchiveSession ArchiveSession::for_reading(const std::string& database) {
   const std::string url = archive_url(database);
   if (!may_exist(database))
-    throw Failure(ExitCode::database, "the archive " + *file_of(url) + " is missing; vestara import FILE makes one");
+    throw Failure(FailureKind::database, "the archive " + *file_of(url) + " is missing; vestara import FILE makes one");
   return ArchiveSession(existing_only(url));
 }
 

@@ -106,7 +106,7 @@ TEST_F(Waiting, ACopyLooksAgainWhetherItsTargetIsEmpty) {
     const LateCommit writer(other, [&] { insert_draws(other, one_draw); });
     copy_archive(from, to, HeldRows::refuse, err);
     ADD_FAILURE();
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_EQ(failure.kind(), FailureKind::argument) << failure.what();
   }
   EXPECT_EQ(draws(to), 1);
@@ -149,7 +149,7 @@ TEST_F(Sessions, ACopyHearsAnInterruptAfterItsLastRow) {
   try {
     copy_archive(from, to, HeldRows::replace, err);
     ADD_FAILURE();
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_EQ(failure.kind(), FailureKind::interrupted);
   }
   EXPECT_EQ(draws(to), 1);

@@ -65,7 +65,7 @@ std::filesystem::path usual_archive_file() {
   if (!folder.is_absolute()) {
     const std::filesystem::path home = environment("HOME");
     if (!home.is_absolute())
-      throw Failure(ExitCode::usage, "no archive is named and HOME is not set; give --db sqlite:PATH");
+      throw Failure(FailureKind::argument, "no archive is named and HOME is not set; give --db sqlite:PATH");
     folder = home / ".local" / "share";
   }
   return folder / "vestara" / "archive.sqlite";

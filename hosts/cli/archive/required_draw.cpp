@@ -9,7 +9,7 @@ namespace vestara::host {
 int32_t some_rows_of_day(const Archive& archive, int32_t day) {
   const int32_t rows = rows_of_day(archive, day);
   if (rows != 0) return rows;
-  throw Failure(ExitCode::nothing_found,
+  throw Failure(FailureKind::nothing_found,
                 "the archive holds no draw of " + shown_day(day) + "; vestara draw show --back 1 shows the newest");
 }
 

@@ -59,7 +59,7 @@ StoredSystem system_with_id(const ArchiveSession& session, int32_t id) {
   catalogue.ActiveConnection(session.connector());
   const auto systems = read_rows(session, catalogue.GetSistemiLista(id));
   if (!systems.empty()) return systems.front();
-  throw Failure(ExitCode::nothing_found,
+  throw Failure(FailureKind::nothing_found,
                 "no system is saved as " + std::to_string(id) + "; vestara system list shows those that are");
 }
 

@@ -65,7 +65,7 @@ TEST_F(StoredSystems, AnUnknownId) {
   try {
     system_with_id(session_, 2);
     FAIL();
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_EQ(failure.kind(), FailureKind::nothing_found);
     EXPECT_STREQ(failure.what(), "no system is saved as 2; vestara system list shows those that are");
   }

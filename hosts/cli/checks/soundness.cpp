@@ -15,14 +15,14 @@ Findings file_findings(const Archive& archive) {
 
 void require_sound(const Archive& archive, const std::string& name) {
   const auto lines = archive.connector()->CheckFile();
-  if (!lines.empty()) throw Failure(ExitCode::database, name + " is damaged, nothing was changed: " + lines.front());
+  if (!lines.empty()) throw Failure(FailureKind::database, name + " is damaged, nothing was changed: " + lines.front());
   require_tables(archive, name, "used");
 }
 
 void require_tables(const Archive& archive, const std::string& name, const std::string& purpose) {
   if (archive.has_tables()) return;
-  throw Failure(ExitCode::database, "the archive " + name + " cannot be " + purpose + ": " + missing_tables(archive) +
-                                        "; vestara doctor says more");
+  throw Failure(FailureKind::database, "the archive " + name + " cannot be " + purpose + ": " +
+                                           missing_tables(archive) + "; vestara doctor says more");
 }
 
 }  // namespace vestara::host

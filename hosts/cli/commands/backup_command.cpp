@@ -31,7 +31,7 @@ void copy_pages(const std::string& url, const std::string& path) {
   try {
     dorvane::back_up(url, path);
   } catch (const automation::RunTimeError& error) {
-    throw Failure(ExitCode::database, "the backup could not be written: " + error.description());
+    throw Failure(FailureKind::database, "the backup could not be written: " + error.description());
   }
 }
 

@@ -7,7 +7,7 @@ namespace vestara::host {
 
 void require_other_archive(const std::string& file, const std::string& url) {
   if (same_archive(sqlite_url(file), url))
-    throw Failure(ExitCode::usage, file + " is the archive itself; name another file");
+    throw Failure(FailureKind::argument, file + " is the archive itself; name another file");
 }
 
 Report backup_report(const std::string& result, const std::string& url, const std::string& file) {

@@ -69,7 +69,7 @@ struct Call {
 
 InvokeKind kind_of(const CallOptions& options) {
   if (options.get + options.put + options.putref > 1)
-    throw Failure(ExitCode::usage, "--get, --put and --putref exclude each other; give one of them");
+    throw Failure(FailureKind::argument, "--get, --put and --putref exclude each other; give one of them");
   if (options.put) return InvokeKind::put;
   if (options.putref) return InvokeKind::putref;
   return options.get ? InvokeKind::get : InvokeKind::method;
@@ -80,7 +80,7 @@ Call call_of(const CallOptions& options) {
   for (const std::string& setting : options.settings) {
     const auto sign = setting.find('=');
     if (sign == std::string::npos || sign == 0)
-      throw Failure(ExitCode::usage, "--set " + shown(setting) + " assigns nothing; write NAME=VALUE");
+      throw Failure(FailureKind::argument, "--set " + shown(setting) + " assigns nothing; write NAME=VALUE");
     call.settings.emplace_back(setting.substr(0, sign), setting.substr(sign + 1));
   }
   if (!options.limit.empty()) call.most_rows = count_value("--limit", options.limit);
@@ -94,9 +94,9 @@ const Member& known_row(const Object& object, const std::string& member, InvokeK
     if (names.empty() || names.back() != row.name) names.emplace_back(row.name);
   const std::string near = near_names(member, names);
   const std::string identifier = object.description().identifier();
-  throw Failure(ExitCode::usage, "member " + shown(member) + " is unknown to " + identifier +
-                                     (near.empty() ? "" : "; near are " + near) + "; vestara describe " + identifier +
-                                     " lists all");
+  throw Failure(FailureKind::argument, "member " + shown(member) + " is unknown to " + identifier +
+                                           (near.empty() ? "" : "; near are " + near) + "; vestara describe " +
+                                           identifier + " lists all");
 }
 
 /// Members on a path are found when it is followed; a plain name is looked up before anything happens.
@@ -178,7 +178,7 @@ ExitCode run_call(const CallOptions& options, const Context& context) {
   try {
     if (session) object = connected(object, *session);
     write(context.out, outcome_of(*object, call));
-  } catch (const vestara::Failure&) {
+  } catch (const Failure&) {
     throw;
   } catch (const automation::RunTimeError& error) {
     write(context.out, error_json(error, object->description().identifier()));

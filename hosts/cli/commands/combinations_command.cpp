@@ -45,7 +45,7 @@ Choice choice_of(const CombinationsOptions& options) {
   check_size(choice.numbers, choice.size);
   if (options.first.empty()) return choice;
   if (options.count_only)
-    throw Failure(ExitCode::usage, "--count-only and --first exclude each other; give one of them");
+    throw Failure(FailureKind::argument, "--count-only and --first exclude each other; give one of them");
   choice.first = count_value("--first", options.first);
   return choice;
 }
@@ -63,10 +63,10 @@ uint64_t wanted_of(const Choice& choice) {
   const ExactCount count = combination_count(choice.numbers.count, choice.size);
   if (choice.first) return count < *choice.first ? static_cast<uint64_t>(count) : *choice.first;
   if (count <= static_cast<uint32_t>(std::numeric_limits<int32_t>::max())) return static_cast<uint64_t>(count);
-  throw Failure(ExitCode::usage, std::to_string(choice.size) + " of " + std::to_string(choice.numbers.count) +
-                                     " numbers make " + digits_of(count) + " combinations, more than the " +
-                                     std::to_string(std::numeric_limits<int32_t>::max()) +
-                                     " that can be listed; give --first N for some of them, or --count-only");
+  throw Failure(FailureKind::argument, std::to_string(choice.size) + " of " + std::to_string(choice.numbers.count) +
+                                           " numbers make " + digits_of(count) + " combinations, more than the " +
+                                           std::to_string(std::numeric_limits<int32_t>::max()) +
+                                           " that can be listed; give --first N for some of them, or --count-only");
 }
 
 /// Returns how many were written: fewer than wanted when somebody stopped it, or took no more.
@@ -103,7 +103,7 @@ ExitCode write_combinations(const Choice& choice, uint64_t wanted, const Context
     return ExitCode::ok;
   }
   stream.break_off();
-  throw Failure(ExitCode::interrupted,
+  throw Failure(FailureKind::interrupted,
                 "interrupted after " + std::to_string(listed) + " of " + std::to_string(wanted) + " combinations");
 }
 

@@ -34,7 +34,7 @@ Report summary(const CopyOptions& options, const std::vector<CopiedTable>& table
 
 ExitCode run_copy(const CopyOptions& options, const Context& context) {
   if (same_archive(options.from, options.to))
-    throw Failure(ExitCode::usage, "--from and --to are the same archive; give two");
+    throw Failure(FailureKind::argument, "--from and --to are the same archive; give two");
   const ArchiveSession from = ArchiveSession::for_reading(options.from);
   require_tables(from, shown_url(options.from), "copied from");
   const ArchiveSession to = ArchiveSession::for_import(options.to);

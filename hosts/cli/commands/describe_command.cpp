@@ -47,7 +47,7 @@ Report list_of(const std::vector<RegisteredClass>& classes) {
 
 ExitCode run_describe(const DescribeOptions& options, const Context& context) {
   if (options.all && !options.class_name.empty())
-    throw Failure(ExitCode::usage, "--all does not go with CLASS; give one of them");
+    throw Failure(FailureKind::argument, "--all does not go with CLASS; give one of them");
   OutputStyle style = context.style();
   if (options.json) style.format = OutputFormat::json;
   if (options.class_name.empty() && !options.all) {

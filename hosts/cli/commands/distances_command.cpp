@@ -96,7 +96,8 @@ Gaps gaps_of(const ArchiveSession& session, const GapList& distances, const std:
 
 ExitCode run_distances(const DistancesOptions& options, const Context& context) {
   if (options.plot && context.settings.format != OutputFormat::table)
-    throw Failure(ExitCode::usage, "--plot goes with --format table only; the other forms carry the gaps themselves");
+    throw Failure(FailureKind::argument,
+                  "--plot goes with --format table only; the other forms carry the gaps themselves");
   const auto [numbers, hits, draws] = search_request(options.words);
   const ArchiveSession session = context.open_archive();
   const vestara::GapQuestion question{numbers.text, hits, selection_of(draws), date_order(options.oldest_first)};

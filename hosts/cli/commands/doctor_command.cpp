@@ -19,8 +19,8 @@ namespace {
 ArchiveSession connect(const Context& context, const std::string& url) {
   try {
     return context.open_archive();
-  } catch (const vestara::Failure& failure) {
-    throw vestara::Failure(failure.kind(), std::string(failure.what()) + " (" + shown_url(url) + ")");
+  } catch (const Failure& failure) {
+    throw Failure(failure.kind(), std::string(failure.what()) + " (" + shown_url(url) + ")");
   }
 }
 

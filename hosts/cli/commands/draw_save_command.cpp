@@ -63,10 +63,11 @@ std::vector<DrawRow> rows_by_option(const DrawSaveOptions& options, int32_t day)
 std::vector<DrawRow> rows_given(const DrawSaveOptions& options, int32_t day) {
   std::vector<DrawRow> rows = rows_by_option(options, day);
   if ((rows.empty() ? 0 : 1) + (options.numbers.empty() ? 0 : 1) + (options.file.empty() ? 0 : 1) > 1)
-    throw Failure(ExitCode::usage, "numbers are given in two ways; give them by wheel, or --numbers, or --file");
+    throw Failure(FailureKind::argument, "numbers are given in two ways; give them by wheel, or --numbers, or --file");
   if (!options.numbers.empty()) rows = read_draw_line(options.numbers, day);
   if (!options.file.empty()) return rows_in_file(options.file, day);
-  if (rows.empty()) throw Failure(ExitCode::usage, "no numbers are given; give them by wheel, or --numbers, or --file");
+  if (rows.empty())
+    throw Failure(FailureKind::argument, "no numbers are given; give them by wheel, or --numbers, or --file");
   return rows;
 }
 
@@ -106,8 +107,8 @@ Saved store(const ArchiveSession& session, const DrawToSave& draw, int32_t expec
   Transaction transaction(session);
   const Saved saved{draw.contest ? *draw.contest : position_in_year(session, draw.day), rows_of_day(session, draw.day)};
   if (saved.replaced > expected && draw.consent == Consent::ask)
-    throw Failure(ExitCode::database, "another program stored " + rows_in_words(saved.replaced, draw.day) +
-                                          " meanwhile, nothing was changed; --yes replaces them");
+    throw Failure(FailureKind::database, "another program stored " + rows_in_words(saved.replaced, draw.day) +
+                                             " meanwhile, nothing was changed; --yes replaces them");
   std::vector<DrawRow> rows = draw.rows;
   for (DrawRow& row : rows) row.contest = saved.contest;
   delete_draws(session, draw.day);

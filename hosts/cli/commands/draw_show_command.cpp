@@ -35,7 +35,7 @@ struct WhichDraw {
 
 WhichDraw which_draw(const DrawShowOptions& options) {
   if (options.date.empty() == options.back.empty())
-    throw Failure(ExitCode::usage, "which draw? give either DATE or --back N; --back 1 is the newest");
+    throw Failure(FailureKind::argument, "which draw? give either DATE or --back N; --back 1 is the newest");
   if (!options.date.empty()) return {day_value("DATE", options.date)};
   return {std::nullopt, whole_value("--back", options.back, 1, std::numeric_limits<int32_t>::max())};
 }
@@ -46,9 +46,9 @@ int32_t day_of_draw(const ArchiveSession& session, cLotto& lotto, int32_t back) 
   const auto draws = lotto.LoadLottoEstr();
   require_answered(session, static_cast<bool>(draws));
   if (draws->record_count() < back)
-    throw Failure(ExitCode::nothing_found, "the archive does not go back " +
-                                               counted(static_cast<size_t>(back), "draw") +
-                                               "; vestara archive says what it holds");
+    throw Failure(FailureKind::nothing_found, "the archive does not go back " +
+                                                  counted(static_cast<size_t>(back), "draw") +
+                                                  "; vestara archive says what it holds");
   draws->move(back - 1);
   const auto date = automation::date_in(draws->value(draws->column("dtEstr")));
   if (!date) session.fail("the archive holds a draw without a date; vestara doctor names it");

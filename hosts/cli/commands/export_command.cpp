@@ -25,8 +25,8 @@ void add_export(CLI::App& app, ExportOptions& options) {
 ContestColumn contest_column(const ExportOptions& options, DrawFormat format) {
   if (!options.contest) return ContestColumn::absent;
   if (format == DrawFormat::csv) return ContestColumn::present;
-  throw Failure(ExitCode::usage, "--contest does not go with --as " + std::string(format_name(format)) +
-                                     "; it adds a column to CSV, update files always have the number");
+  throw Failure(FailureKind::argument, "--contest does not go with --as " + std::string(format_name(format)) +
+                                           "; it adds a column to CSV, update files always have the number");
 }
 
 ExitCode run_export(const ExportOptions& options, const Context& context) {

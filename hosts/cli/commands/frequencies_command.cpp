@@ -42,7 +42,7 @@ void check_together(const FrequenciesOptions& options) {
     refuse("--numbers", {{"--average", options.average}, {"--all-levels", options.all_levels}},
            "it lists the counts of all numbers");
   if (!options.average && options.per_wheel)
-    throw Failure(ExitCode::usage, "--per-wheel goes with --average only; counts are those of the wheel anyway");
+    throw Failure(FailureKind::argument, "--per-wheel goes with --average only; counts are those of the wheel anyway");
 }
 
 /// What is counted, and how it is shown.

@@ -38,8 +38,8 @@ void add_gaps(CLI::App& app, GapsOptions& options) {
 /// One number, or two in ascending order.
 std::vector<int16_t> number_or_pair(const NumberList& list) {
   if (list.count > 2)
-    throw Failure(ExitCode::usage, "NUMBERS: these are " + std::to_string(list.count) +
-                                       "; distances are kept of single numbers and of pairs, give one or two");
+    throw Failure(FailureKind::argument, "NUMBERS: these are " + std::to_string(list.count) +
+                                             "; distances are kept of single numbers and of pairs, give one or two");
   std::vector<int16_t> numbers;
   for (const std::string_view number : automation::split(list.text, ','))
     numbers.push_back(static_cast<int16_t>(automation::leading_number(number)));
@@ -49,8 +49,8 @@ std::vector<int16_t> number_or_pair(const NumberList& list) {
 
 int16_t wheel_value(const std::string& text) {
   if (const auto wheel = wheel_named(text)) return *wheel;
-  throw Failure(ExitCode::usage, "--wheel " + shown(text) + " is not known; wheels are " + wheel_choices() +
-                                     "; without it, all of them together");
+  throw Failure(FailureKind::argument, "--wheel " + shown(text) + " is not known; wheels are " + wheel_choices() +
+                                           "; without it, all of them together");
 }
 
 NumberGapQuestion gap_question(const GapsOptions& options, OutputFormat format) {
@@ -61,7 +61,7 @@ NumberGapQuestion gap_question(const GapsOptions& options, OutputFormat format) 
     question.wheel = wheel_value(options.wheel);
   }
   if (options.plot && format != OutputFormat::table)
-    throw Failure(ExitCode::usage,
+    throw Failure(FailureKind::argument,
                   "--plot goes with --format table only; the other forms carry the distances themselves");
   question.without_national = options.without_national;
   question.from = day_bound("--from", options.from);

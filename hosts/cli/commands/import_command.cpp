@@ -88,7 +88,7 @@ ImportPlan plan_to_come(const Context& context, const std::vector<DrawRow>& rows
 }
 
 void refuse_loss(const ImportPlan& plan, const ImportRules& rules, const std::string& file) {
-  if (plan.action == ImportAction::refuse) throw Failure(ExitCode::file, refusal_text(plan, rules.mode, file));
+  if (plan.action == ImportAction::refuse) throw Failure(FailureKind::file, refusal_text(plan, rules.mode, file));
 }
 
 void ask_before_replacing(Consent consent, const ImportRules& rules, const std::vector<DrawRow>& rows,
@@ -119,7 +119,7 @@ void say(std::ostream& err, const ImportPlan& plan, const std::string& verb) {
 
 ExitCode run_import(const ImportOptions& options, const Context& context) {
   if (options.add && options.replace)
-    throw Failure(ExitCode::usage, "--add and --replace exclude each other; give one of them");
+    throw Failure(FailureKind::argument, "--add and --replace exclude each other; give one of them");
   const std::string name = source_name(options.file);
   const DrawFile file = parse_draw_file(read_source(options.file), name);
   refuse_rejected(file, name);

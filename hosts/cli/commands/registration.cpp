@@ -43,7 +43,7 @@ ExitCode change_registration(RegisterClasses change, const RegistrationOptions& 
   try {
     context.show(for_all_libraries(change, options, done));
   } catch (const automation::RunTimeError& error) {
-    throw Failure(ExitCode::file,
+    throw Failure(FailureKind::file,
                   error.description() + (options.scope == Scope::system ? "; the system's folder takes an administrator"
                                                                         : "; XDG_DATA_HOME names another folder"));
   }

@@ -27,7 +27,7 @@ void add_restore(CLI::App& app, RestoreOptions& options) {
 ArchiveSession open_backup(const std::string& file) {
   std::error_code unreachable;
   if (!std::filesystem::is_regular_file(file, unreachable))
-    throw Failure(ExitCode::file, file + " is no file; name one that vestara backup FILE wrote");
+    throw Failure(FailureKind::file, file + " is no file; name one that vestara backup FILE wrote");
   ArchiveSession backup = ArchiveSession::for_reading(sqlite_url(file) + "?mode=ro");
   require_sound(backup, file);
   return backup;

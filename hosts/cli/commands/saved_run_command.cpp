@@ -16,8 +16,8 @@ void add_saved_run(CLI::App& app, SavedRunOptions& options) { add_search_id(app,
 SearchRequest request_with_id(const StoredSearch& stored, int32_t id) {
   try {
     return request_of(stored);
-  } catch (const vestara::Failure& failure) {
-    throw Failure(ExitCode::database, "saved search " + std::to_string(id) + " cannot be run: " + failure.what());
+  } catch (const Failure& failure) {
+    throw Failure(FailureKind::database, "saved search " + std::to_string(id) + " cannot be run: " + failure.what());
   }
 }
 

@@ -14,7 +14,7 @@ int32_t search_id(const std::string& text) { return whole_value("ID", text, 0, l
 StoredSearch search_with_id(const ArchiveSession& session, int32_t id) {
   const auto searches = stored_searches(session, id);
   if (!searches.empty()) return searches.front();
-  throw Failure(ExitCode::nothing_found,
+  throw Failure(FailureKind::nothing_found,
                 "no search is saved as " + std::to_string(id) + "; vestara saved list shows those that are");
 }
 

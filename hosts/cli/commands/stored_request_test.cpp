@@ -24,7 +24,7 @@ std::string meaning(const StoredSearch& search) {
     return options.numbers.text + " " + std::to_string(options.hits) + " " +
            (options.draws.wheels.all ? "all" : options.draws.wheels.codes) + " " + day(options.draws.from) + ".." +
            day(options.draws.to);
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     const std::string what = failure.what();
     return "wrong: " + what.substr(0, what.find("; "));
   }

@@ -58,12 +58,12 @@ std::string combinations_to_convert(const Conversion& conversion, const Context&
 std::string numbers_to_replace(const Conversion& conversion, const std::string& combinations) {
   std::string numbers = cSistemi().GetCombiNumbers(combinations);
   if (numbers.empty())
-    throw Failure(ExitCode::database, name_of_system(conversion) + " cannot be converted, see " + log_path());
+    throw Failure(FailureKind::database, name_of_system(conversion) + " cannot be converted, see " + log_path());
   const size_t count = length_of(numbers);
   if (count == conversion.numbers.count) return numbers;
-  throw Failure(ExitCode::usage, name_of_system(conversion) + " has " + counted(count, "different number") +
-                                     ", --numbers gives " + std::to_string(conversion.numbers.count) +
-                                     "; give one for each of " + numbers);
+  throw Failure(FailureKind::argument, name_of_system(conversion) + " has " + counted(count, "different number") +
+                                           ", --numbers gives " + std::to_string(conversion.numbers.count) +
+                                           "; give one for each of " + numbers);
 }
 
 ExitCode run_system_convert(const SystemConvertOptions& options, const Context& context) {
@@ -74,7 +74,7 @@ ExitCode run_system_convert(const SystemConvertOptions& options, const Context& 
   std::string after;
   cSistemi().GetSisNumsConvert(before, conversion.numbers.text, after);
   if (after.empty())
-    throw Failure(ExitCode::database, name_of_system(conversion) + " cannot be converted, see " + log_path());
+    throw Failure(FailureKind::database, name_of_system(conversion) + " cannot be converted, see " + log_path());
   if (!options.output.empty()) {
     write_system_file(options.output, context.out, after);
     return ExitCode::ok;

@@ -44,15 +44,16 @@ KnownSet set_named(const std::string& name) {
     if (automation::equal_ignoring_case(name, set.name)) return set;
     names.append(names.empty() ? "one of " : ", ").append(set.name);
   }
-  throw Failure(ExitCode::usage, "SET " + shown(name) + " is not known; " + names);
+  throw Failure(FailureKind::argument, "SET " + shown(name) + " is not known; " + names);
 }
 
 void check_plain(const KnownSet& set, int16_t number) {
   const bool is_tens = set.set == NumberSet::tens;
   if ((number >= set.least && number <= set.most) || (is_tens && number == number_count)) return;
-  throw Failure(ExitCode::usage, std::string(set.name) + " " + std::to_string(number) +
-                                     " has no whole list in 1 to 90; with --strict N is " + std::to_string(set.least) +
-                                     " to " + std::to_string(set.most) + (is_tens ? ", or 90" : ""));
+  throw Failure(FailureKind::argument, std::string(set.name) + " " + std::to_string(number) +
+                                           " has no whole list in 1 to 90; with --strict N is " +
+                                           std::to_string(set.least) + " to " + std::to_string(set.most) +
+                                           (is_tens ? ", or 90" : ""));
 }
 
 SetQuestion set_question(const SystemGenerateOptions& options) {
@@ -60,7 +61,7 @@ SetQuestion set_question(const SystemGenerateOptions& options) {
   SetQuestion question{set.set, 0, options.strict ? Reach::plain : Reach::library};
   const bool takes_number = set.most != 0;
   if (options.number.empty() == takes_number)
-    throw Failure(ExitCode::usage,
+    throw Failure(FailureKind::argument,
                   takes_number ? std::string(set.name) + " needs a number; as in vestara system generate " +
                                      std::string(set.name) + " 1"
                                : std::string(set.name) + " takes no number; leave " + shown(options.number) + " out");

@@ -14,10 +14,10 @@ constexpr int32_t most_chosen = 12;                // the factorial of 13 does n
 constexpr uint64_t most_text = uint64_t{1} << 30;  // bytes
 
 Failure too_much(const IntegralSystem& system, const std::string& limit) {
-  return {ExitCode::usage, std::to_string(system.size) + " of " + std::to_string(system.numbers.count) +
-                               " numbers make " + digits_of(combination_count(system.numbers.count, system.size)) +
-                               " combinations, " + limit +
-                               "; vestara combinations lists them one by one, all or --first N of them"};
+  return {FailureKind::argument,
+          std::to_string(system.size) + " of " + std::to_string(system.numbers.count) + " numbers make " +
+              digits_of(combination_count(system.numbers.count, system.size)) + " combinations, " + limit +
+              "; vestara combinations lists them one by one, all or --first N of them"};
 }
 
 }  // namespace

@@ -37,12 +37,12 @@ IntegralSystem system_of(const SystemIntegralOptions& options) {
   IntegralSystem system{numbers_value(options.numbers), whole_value("--size", options.size, 1, number_count)};
   check_size(system.numbers, system.size);
   if (options.count_only && !options.output.empty())
-    throw Failure(ExitCode::usage, "--count-only and --output exclude each other; give one of them");
+    throw Failure(FailureKind::argument, "--count-only and --output exclude each other; give one of them");
   return system;
 }
 
 Failure interrupted(uint64_t listed, uint64_t wanted) {
-  return {ExitCode::interrupted,
+  return {FailureKind::interrupted,
           "interrupted after " + std::to_string(listed) + " of " + std::to_string(wanted) + " combinations"};
 }
 
@@ -52,7 +52,7 @@ std::string text_of(const IntegralSystem& system, uint64_t wanted) {
       cSistemi().CombinazioniIntegraliString(system.numbers.text, static_cast<int16_t>(system.size), count);
   if (!text.empty() && static_cast<uint64_t>(count) == wanted) return text;
   if (Interruption::requested()) throw interrupted(0, wanted);
-  throw Failure(ExitCode::raised, "the combinations could not be made, see " + log_path());
+  throw Failure(FailureKind::nothing_found, "the combinations could not be made, see " + log_path());
 }
 
 int32_t widest_of(const NumberList& numbers) {

@@ -45,7 +45,7 @@ TEST(SystemIntegral, Limits) {
     std::string refusal;
     try {
       check_integral({numbers_up_to(row.numbers), row.size});
-    } catch (const vestara::Failure& failure) {
+    } catch (const Failure& failure) {
       EXPECT_EQ(failure.kind(), FailureKind::argument);
       refusal = failure.what();
       EXPECT_NE(refusal.find("; vestara combinations "), std::string::npos);

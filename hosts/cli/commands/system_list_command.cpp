@@ -35,7 +35,8 @@ void check_kind(const std::string& kind) {
   const bool is_word = std::all_of(kind.begin(), kind.end(), [](unsigned char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
   });
-  if (!is_word) throw Failure(ExitCode::usage, "--kind " + shown(kind) + " cannot be; give letters, as in U or S");
+  if (!is_word)
+    throw Failure(FailureKind::argument, "--kind " + shown(kind) + " cannot be; give letters, as in U or S");
 }
 
 SystemFilter filter_of(const SystemListOptions& options) {

@@ -33,14 +33,14 @@ RandomQuestion random_question(const SystemRandomOptions& options) {
                                 whole_value("--from", options.from, 0, largest),
                                 whole_value("--to", options.to, 0, largest), options.repeat, options.sorted};
   if (question.least > question.most)
-    throw Failure(ExitCode::usage, "--from " + std::to_string(question.least) + " is larger than --to " +
-                                       std::to_string(question.most) + "; the smaller number comes first");
+    throw Failure(FailureKind::argument, "--from " + std::to_string(question.least) + " is larger than --to " +
+                                             std::to_string(question.most) + "; the smaller number comes first");
   const int32_t range = question.most - question.least + 1;
   if (question.repeat || question.count <= range) return question;
-  throw Failure(ExitCode::usage, "--count " + std::to_string(question.count) + ": from " +
-                                     std::to_string(question.least) + " to " + std::to_string(question.most) +
-                                     " there are " + counted(static_cast<size_t>(range), "different number") +
-                                     "; give no more than that, or --repeat");
+  throw Failure(FailureKind::argument, "--count " + std::to_string(question.count) + ": from " +
+                                           std::to_string(question.least) + " to " + std::to_string(question.most) +
+                                           " there are " + counted(static_cast<size_t>(range), "different number") +
+                                           "; give no more than that, or --repeat");
 }
 
 /// Failure (interrupted) when somebody stops it.
@@ -50,7 +50,7 @@ std::string drawn(const RandomQuestion& question) {
     return random_numbers(question);
   } catch (const automation::RunTimeError&) {
     if (!Interruption::requested()) throw;
-    throw Failure(ExitCode::interrupted,
+    throw Failure(FailureKind::interrupted,
                   "interrupted before all of " + std::to_string(question.count) + " numbers were drawn");
   }
 }

@@ -43,12 +43,12 @@ StoredCombinations played(const ArchiveSession& session, int32_t id, const Store
   if (!numbers) return stored;
   const std::string name = "system " + std::to_string(id);
   if (system.kind == Cell("S"))
-    throw Failure(ExitCode::usage, name + " is of kind S and has no positions; leave --numbers out");
+    throw Failure(FailureKind::argument, name + " is of kind S and has no positions; leave --numbers out");
   const auto largest = static_cast<size_t>(largest_position(stored.text));
   if (largest > numbers->count)
-    throw Failure(ExitCode::usage, name + " has positions up to " + std::to_string(largest) + ", --numbers gives " +
-                                       counted(numbers->count, "number") +
-                                       "; give one for each position, or see vestara system convert");
+    throw Failure(FailureKind::argument, name + " has positions up to " + std::to_string(largest) +
+                                             ", --numbers gives " + counted(numbers->count, "number") +
+                                             "; give one for each position, or see vestara system convert");
   return stored_combinations(session, id, numbers->text);
 }
 

@@ -69,7 +69,7 @@ ArchiveSession excerpt_of(const ArchiveSession& session, const DrawRange& window
   try {
     copy_excerpt(session, excerpt, window);
   } catch (const UnfitRow& unfit) {
-    throw Failure(ExitCode::database, unfit.description() + "; vestara doctor says more");
+    throw Failure(FailureKind::database, unfit.description() + "; vestara doctor says more");
   }
   return excerpt;
 }

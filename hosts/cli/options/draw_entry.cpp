@@ -20,8 +20,9 @@ namespace {
 
 Failure unusable(const std::string& why, int32_t day) {
   const size_t wheels = wheels_of_day(day).size();
-  return {ExitCode::usage, "--numbers: " + why + "; give five numbers for each of the " + counted(wheels, "wheel") +
-                               " of " + shown_day(day) + ", or each wheel before its five"};
+  return {FailureKind::argument, "--numbers: " + why + "; give five numbers for each of the " +
+                                     counted(wheels, "wheel") + " of " + shown_day(day) +
+                                     ", or each wheel before its five"};
 }
 
 std::vector<std::string_view> words_of(std::string_view line) {
@@ -88,21 +89,22 @@ std::vector<DrawRow> rows_in_file(const std::string& path, int32_t day) {
   std::copy_if(file.draws.rows.begin(), file.draws.rows.end(), std::back_inserter(rows),
                [&](const DrawRow& row) { return row.day == day; });
   if (!rows.empty()) return rows;
-  throw Failure(ExitCode::file, name + " has no draw of " + shown_day(day) + "; its dates are " +
-                                    shown_day(file.draws.rows.front().day) + " to " +
-                                    shown_day(file.draws.rows.back().day));
+  throw Failure(FailureKind::file, name + " has no draw of " + shown_day(day) + "; its dates are " +
+                                       shown_day(file.draws.rows.front().day) + " to " +
+                                       shown_day(file.draws.rows.back().day));
 }
 
 void require_drawn_wheels(const std::vector<DrawRow>& rows, int32_t day) {
   for (const DrawRow& row : rows)
     if (!is_drawn_on(row.wheel, day))
-      throw Failure(ExitCode::usage, "--" + std::string(wheel_code(row.wheel)) + " does not go with " + shown_day(day) +
-                                         "; its first draw was on " + shown_day(first_draw_day(row.wheel)));
+      throw Failure(FailureKind::argument, "--" + std::string(wheel_code(row.wheel)) + " does not go with " +
+                                               shown_day(day) + "; its first draw was on " +
+                                               shown_day(first_draw_day(row.wheel)));
   if (!is_drawn_on(wheel_count, day)) return;
   const std::string missing = missing_wheels(rows, day, "--");
   if (missing.empty()) return;
-  throw Failure(ExitCode::usage, "not given: " + missing + "; a draw since " + shown_day(first_draw_day(wheel_count)) +
-                                     " has all eleven wheels");
+  throw Failure(FailureKind::argument, "not given: " + missing + "; a draw since " +
+                                           shown_day(first_draw_day(wheel_count)) + " has all eleven wheels");
 }
 
 std::string missing_wheels(const std::vector<DrawRow>& rows, int32_t day, std::string_view prefix) {

@@ -22,7 +22,7 @@ std::string read(const std::string& line, const char* date) {
       for (const int8_t number : row.numbers) text += " " + std::to_string(number);
       text += "|";
     }
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_EQ(failure.kind(), FailureKind::argument);
     const std::string what = failure.what();
     return what.substr(0, what.find(';'));
@@ -89,7 +89,7 @@ TEST(DrawEntry, RefusesWheelsThatThereWereNot) {
     try {
       require_drawn_wheels(rows, day_of(row.date));
       EXPECT_EQ(missing_wheels(rows, day_of(row.date)), row.missing) << row.date;
-    } catch (const vestara::Failure& failure) {
+    } catch (const Failure& failure) {
       refused = failure.what();
     }
     EXPECT_EQ(refused, row.refused);

@@ -19,7 +19,7 @@ template <class Value>
 using Choices = std::vector<std::pair<std::string_view, Value>>;
 
 Failure wrong(const std::string& option, std::string_view text, const std::string& right) {
-  return {ExitCode::usage, option + " " + shown(text) + " is not known; " + right};
+  return {FailureKind::argument, option + " " + shown(text) + " is not known; " + right};
 }
 
 template <class Value>
@@ -44,7 +44,8 @@ constexpr std::string_view number_forms = "numbers are 1 to 90, such as 53 or 5,
 int64_t number_value(std::string_view text) {
   const auto number = whole(text);
   if (!number || *number < 1 || *number > number_count)
-    throw Failure(ExitCode::usage, "NUMBERS: " + shown(text) + " is not one of 1 to 90; " + std::string(number_forms));
+    throw Failure(FailureKind::argument,
+                  "NUMBERS: " + shown(text) + " is not one of 1 to 90; " + std::string(number_forms));
   return *number;
 }
 
@@ -69,7 +70,8 @@ DrawFormat draw_format(const std::string& text) {
 int32_t day_value(const std::string& option, const std::string& text) {
   const auto day = parse_day(text);
   if (!day)
-    throw Failure(ExitCode::usage, option + " " + shown(text) + " is no date; dates are " + std::string(date_forms));
+    throw Failure(FailureKind::argument,
+                  option + " " + shown(text) + " is no date; dates are " + std::string(date_forms));
   return *day;
 }
 
@@ -80,8 +82,8 @@ std::optional<int32_t> day_bound(const std::string& option, const std::string& t
 
 void check_range(std::optional<int32_t> from, std::optional<int32_t> to) {
   if (!from || !to || *from <= *to) return;
-  throw Failure(ExitCode::usage, "--from " + shown_day(*from) + " is later than --to " + shown_day(*to) +
-                                     "; the earlier date comes first");
+  throw Failure(FailureKind::argument, "--from " + shown_day(*from) + " is later than --to " + shown_day(*to) +
+                                           "; the earlier date comes first");
 }
 
 int16_t hits_value(const std::string& text) {
@@ -117,25 +119,26 @@ NumberList numbers_value(const std::vector<std::string>& pieces) {
       if (trimmed.empty()) continue;
       const int64_t number = number_value(trimmed);
       if (std::exchange(taken.at(static_cast<size_t>(number)), true))
-        throw Failure(ExitCode::usage, "NUMBERS: " + std::to_string(number) + " comes twice; give each number once");
+        throw Failure(FailureKind::argument,
+                      "NUMBERS: " + std::to_string(number) + " comes twice; give each number once");
       list.text.append(list.text.empty() ? "" : ",").append(std::to_string(number));
       ++list.count;
     }
   }
-  if (list.count == 0) throw Failure(ExitCode::usage, "NUMBERS: none given; " + std::string(number_forms));
+  if (list.count == 0) throw Failure(FailureKind::argument, "NUMBERS: none given; " + std::string(number_forms));
   return list;
 }
 
 void check_hits(const NumberList& numbers, int16_t hits) {
   if (numbers.count >= static_cast<size_t>(hits)) return;
-  throw Failure(ExitCode::usage, "--hits " + std::to_string(hits) + " cannot come of " +
-                                     counted(numbers.count, "number") + "; give as many numbers as hits");
+  throw Failure(FailureKind::argument, "--hits " + std::to_string(hits) + " cannot come of " +
+                                           counted(numbers.count, "number") + "; give as many numbers as hits");
 }
 
 void check_size(const NumberList& numbers, int32_t size) {
   if (numbers.count >= static_cast<size_t>(size)) return;
-  throw Failure(ExitCode::usage, "--size " + std::to_string(size) + " cannot come of " +
-                                     counted(numbers.count, "number") + "; give as many numbers as that");
+  throw Failure(FailureKind::argument, "--size " + std::to_string(size) + " cannot come of " +
+                                           counted(numbers.count, "number") + "; give as many numbers as that");
 }
 
 std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::string& text) {
@@ -148,29 +151,30 @@ std::array<int8_t, 5> drawn_numbers_value(const std::string& option, const std::
     reason = read_numbers(fields, numbers);
   }
   if (reason.empty()) return numbers;
-  throw Failure(ExitCode::usage,
+  throw Failure(FailureKind::argument,
                 option + " " + shown(text) + ": " + reason + "; a wheel has five different numbers of 1 to 90");
 }
 
 int32_t whole_value(const std::string& option, const std::string& text, int32_t least, int32_t most) {
   const auto number = whole(text);
   if (number && *number >= least && *number <= most) return static_cast<int32_t>(*number);
-  throw Failure(ExitCode::usage, option + " " + shown(text) + " cannot be; give a whole number from " +
-                                     std::to_string(least) + " to " + std::to_string(most));
+  throw Failure(FailureKind::argument, option + " " + shown(text) + " cannot be; give a whole number from " +
+                                           std::to_string(least) + " to " + std::to_string(most));
 }
 
 uint64_t count_value(const std::string& option, const std::string& text) {
   uint64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size())
-    throw Failure(ExitCode::usage, option + " " + shown(text) + " is no whole number; give 0 or more");
+    throw Failure(FailureKind::argument, option + " " + shown(text) + " is no whole number; give 0 or more");
   return number;
 }
 
 void refuse(const std::string& with, std::initializer_list<GivenOption> options, const std::string& reason) {
   for (const auto& [name, given] : options)
     if (given)
-      throw Failure(ExitCode::usage, std::string(name).append(" does not go with ").append(with + "; ").append(reason));
+      throw Failure(FailureKind::argument,
+                    std::string(name).append(" does not go with ").append(with + "; ").append(reason));
 }
 
 }  // namespace vestara::host

@@ -13,7 +13,7 @@ template <class Read>
 std::string outcome(Read&& read) {
   try {
     return read();
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_EQ(failure.kind(), FailureKind::argument);
     const std::string what = failure.what();
     EXPECT_NE(what.find("; "), std::string::npos) << what;

@@ -24,7 +24,7 @@ bool is_device_or_pipe(const std::string& path) {
 }  // namespace
 
 Failure unwritable_file(const std::string& path, int code) {
-  return {ExitCode::file,
+  return {FailureKind::file,
           path + " cannot be written: " + std::strerror(code) + "; name a file in a folder that exists and takes it"};
 }
 

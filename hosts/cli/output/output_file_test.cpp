@@ -26,7 +26,7 @@ ExitCode code_of(const std::function<void()>& body) {
   try {
     body();
     return ExitCode::ok;
-  } catch (const vestara::Failure& failure) {
+  } catch (const Failure& failure) {
     return exit_code(failure.kind());
   }
 }

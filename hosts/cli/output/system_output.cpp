@@ -28,7 +28,7 @@ void write_system_file(const std::string& path, std::ostream& out, std::string_v
     combinations.remove_prefix(std::min(line.size() + line_break.size(), combinations.size()));
     block.append(line).append("\n");
     if (block.size() < block_size && !combinations.empty()) continue;
-    if (Interruption::requested()) throw Failure(ExitCode::interrupted, "interrupted while the file was written");
+    if (Interruption::requested()) throw Failure(FailureKind::interrupted, "interrupted while the file was written");
     file.write(block);
     block.clear();
   }

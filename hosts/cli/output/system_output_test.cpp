@@ -40,7 +40,7 @@ TEST(SystemOutput, AnInterruptLeavesTheFileAsItWas) {
     try {
       write_system_file(place, out, "1,2\r\n3,4");
       ADD_FAILURE() << place;
-    } catch (const vestara::Failure& failure) {
+    } catch (const Failure& failure) {
       EXPECT_EQ(failure.kind(), FailureKind::interrupted);
     }
   }

@@ -76,7 +76,8 @@ CallArguments call_arguments(const Member& row, const std::vector<std::string>& 
   for (const std::string& word : words) {
     const auto named = named_word(row, word);
     if (!named && !arguments.names.empty())
-      throw Failure(ExitCode::usage, "argument " + shown(word) + " stands behind a named one; named ones go last");
+      throw Failure(FailureKind::argument,
+                    "argument " + shown(word) + " stands behind a named one; named ones go last");
     arguments.values.push_back(literal(named ? named->value : word));
     if (named) arguments.names.push_back(named->name);
   }

@@ -52,7 +52,7 @@ TEST(CallArguments, PositionalAndNamed) {
     std::string outcome;
     try {
       outcome = shown_arguments(call_arguments(*member, words));
-    } catch (const vestara::Failure& failure) {
+    } catch (const Failure& failure) {
       outcome = std::string("usage: ") + failure.what();
     }
     EXPECT_EQ(outcome, row.outcome) << row.words;

@@ -32,9 +32,9 @@ Failure unknown_class(const std::string& text, const std::string& reason) {
     names.emplace_back(known.description->name);
   }
   const std::string near = near_names(text, names);
-  return {ExitCode::usage, "class " + shown(text) + " is unknown" + (near.empty() ? "" : "; near are " + near) +
-                               "; vestara classes lists all" +
-                               (text.find('.') == std::string::npos ? "" : "\n  " + reason)};
+  return {FailureKind::argument, "class " + shown(text) + " is unknown" + (near.empty() ? "" : "; near are " + near) +
+                                     "; vestara classes lists all" +
+                                     (text.find('.') == std::string::npos ? "" : "\n  " + reason)};
 }
 
 }  // namespace
@@ -55,9 +55,10 @@ RegisteredClass class_named(const std::string& text) {
 Ref<Object> object_of_class(const std::string& text) {
   const auto known = find_class(text);
   if (known && !known->is_creatable())
-    throw Failure(ExitCode::usage, "objects of " + known->description->identifier() +
-                                       " are only handed out; reach one with --on, as in call DbConnector Name --on "
-                                       "\"GetRecordset('SELECT 1 AS n').Fields.Item(0)\"");
+    throw Failure(FailureKind::argument,
+                  "objects of " + known->description->identifier() +
+                      " are only handed out; reach one with --on, as in call DbConnector Name --on "
+                      "\"GetRecordset('SELECT 1 AS n').Fields.Item(0)\"");
   try {
     return automation::create_object(known ? known->description->identifier() : text);
   } catch (const automation::RunTimeError& error) {

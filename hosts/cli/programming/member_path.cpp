@@ -18,7 +18,7 @@ using automation::Ref;
 using automation::Variant;
 
 [[noreturn]] void refuse(std::string_view text) {
-  throw Failure(ExitCode::usage, shown(text) + " is no way to an object; write it as Fields.Item(0)");
+  throw Failure(FailureKind::argument, shown(text) + " is no way to an object; write it as Fields.Item(0)");
 }
 
 /// The pieces between separators that stand outside of quotes and parentheses. An open quote or parenthesis is

@@ -16,7 +16,7 @@ std::string outcome(const char* path) {
   const std::string result = testing_support::outcome([&]() -> automation::Variant {
     try {
       return follow(connector, path);
-    } catch (const vestara::Failure& failure) {
+    } catch (const Failure& failure) {
       refusal = std::string("usage: ") + failure.what();
       return automation::Empty{};
     }

@@ -19,7 +19,7 @@ bool can_ask(const std::istream& in, const std::ostream& err) { return is_termin
 
 void ask(const std::string& change, std::istream& in, std::ostream& err) {
   err << "vestara: " << automation::shown_text(change) << "? [y/N] " << std::flush;
-  if (!says_yes(in)) throw Failure(ExitCode::usage, "nothing was changed; y or yes does it");
+  if (!says_yes(in)) throw Failure(FailureKind::argument, "nothing was changed; y or yes does it");
 }
 
 }  // namespace
@@ -27,8 +27,8 @@ void ask(const std::string& change, std::istream& in, std::ostream& err) {
 void require_consent(Consent consent, const std::string& change, std::istream& in, std::ostream& err) {
   if (consent == Consent::given) return;
   if (!can_ask(in, err))
-    throw Failure(ExitCode::usage, "there is no terminal to ask whether to " + change +
-                                       ", nothing was changed; --yes does it without asking");
+    throw Failure(FailureKind::argument, "there is no terminal to ask whether to " + change +
+                                             ", nothing was changed; --yes does it without asking");
   ask(change, in, err);
 }
 

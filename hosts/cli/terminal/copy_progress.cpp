@@ -11,7 +11,7 @@ std::vector<CopiedTable> copy_archive(const Archive& from, const Archive& to, He
   return vestara::copy_archive(from, to, held, [&](uint64_t done, uint64_t steps) {
     bar.show(done, steps);
     if (Interruption::requested())
-      throw Failure(ExitCode::interrupted, "interrupted, the archive copied to is what it was");
+      throw Failure(FailureKind::interrupted, "interrupted, the archive copied to is what it was");
   });
 }
 
