@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "vestara/keeping/archive.h"
-#include "vestara/keeping/archive.h"
 
 namespace vestara::host {
 

@@ -9,8 +9,6 @@
 namespace vestara::host {
 namespace {
 
-using Gaps = std::vector<SchemaGap>;
-
 struct KindWords {
   SchemaGap::Kind kind;
   std::string_view what;
@@ -28,7 +26,7 @@ constexpr std::array<KindWords, 4> kinds{{
 }};
 
 /// What is missing of one kind, columns behind their table.
-std::vector<std::string> names_of(const Gaps& gaps, SchemaGap::Kind kind) {
+std::vector<std::string> names_of(const std::vector<SchemaGap>& gaps, SchemaGap::Kind kind) {
   std::vector<std::string> names;
   for (const SchemaGap& gap : gaps)
     if (gap.kind == kind)
@@ -62,7 +60,7 @@ Findings schema_findings(const SchemaFacts& facts) {
 }
 
 std::string missing_tables(const Archive& archive) {
-  const Gaps gaps = archive.connector()->SchemaGaps().value_or(Gaps());
+  const std::vector<SchemaGap> gaps = archive.connector()->SchemaGaps().value_or(std::vector<SchemaGap>());
   std::string text;
   if (const auto tables = names_of(gaps, SchemaGap::Kind::table); !tables.empty()) text = "table " + joined(tables);
   if (const auto columns = names_of(gaps, SchemaGap::Kind::column); !columns.empty())

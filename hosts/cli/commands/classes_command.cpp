@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "automation/member.h"
 #include "automation/registry.h"
 #include "automation/system/shared_object.h"
 #include "automation/text.h"

@@ -5,6 +5,7 @@
 
 #include "hosts/cli/failure.h"
 #include "hosts/cli/output/combinations_head.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/systems/integral.h"
 
 namespace vestara::host {

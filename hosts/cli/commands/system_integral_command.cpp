@@ -11,6 +11,7 @@
 #include "hosts/cli/output/number_stream.h"
 #include "hosts/cli/output/system_output.h"
 #include "hosts/cli/terminal/stoppable_call.h"
+#include "vestara/foundation/combination_lines.h"
 #include "vestara/foundation/error_log.h"
 #include "vestara/foundation/wheel_grid.h"
 #include "vestara/systems/integral.h"
