@@ -8,8 +8,8 @@ if(TARGET vestara_program)
 endif()
 
 # What a C++ host includes, with all that those headers include.
-include(cmake/installed_headers.cmake)
-installed_headers(public_headers "${PROJECT_SOURCE_DIR}")
+include(cmake/marked_headers.cmake)
+marked_headers(public_headers "${PROJECT_SOURCE_DIR}" installed)
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vestara-1/${folder} COMPONENT Development)

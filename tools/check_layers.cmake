@@ -20,6 +20,7 @@ set(layers
     "vestara/files|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/"
     "vestara/keeping|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/"
     "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/ vestara/distances/ vestara/frequency/"
+    "vestara/study/chance|automation/ vestara/foundation/ vestara/draws/ vestara/study/chance/"
     "vestara/archive|automation/ records/ vestara/foundation/ vestara/draws/ vestara/keeping/ vestara/archive/ vestara/statistics/"
     "vestara/statistics|automation/ records/ vestara/foundation/ vestara/statistics/ vestara/distances/"
     "vestara/distances|automation/ records/ vestara/foundation/ vestara/distances/"
@@ -90,14 +91,29 @@ foreach(layer IN LISTS layers)
 endforeach()
 
 # What is installed works alone: installed headers include installed headers. Hosts of other people have no others.
-include("${CMAKE_CURRENT_LIST_DIR}/../cmake/installed_headers.cmake")
-installed_headers(installed "${root}")
+include("${CMAKE_CURRENT_LIST_DIR}/../cmake/marked_headers.cmake")
+marked_headers(installed "${root}" installed)
 foreach(file IN LISTS installed)
   file(STRINGS "${root}/${file}" lines REGEX "^#include \"")
   foreach(line IN LISTS lines)
     string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
     if(NOT included IN_LIST installed)
       message(SEND_ERROR "${file} is installed and includes ${included}, which is not")
+    endif()
+  endforeach()
+endforeach()
+
+# Hosts see of the libraries what is installed and what is marked for them. The interface definitions are made from the
+# member tables; tests look inside.
+marked_headers(for_hosts "${root}" "for hosts")
+file(GLOB_RECURSE files RELATIVE "${root}" "${root}/hosts/*.h" "${root}/hosts/*.cpp")
+list(FILTER files EXCLUDE REGEX "^hosts/idl/|_test\\.cpp$")
+foreach(file IN LISTS files)
+  file(STRINGS "${root}/${file}" lines REGEX "^#include \"(automation|records|vestara|dorvane)/")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
+    if(NOT included IN_LIST installed AND NOT included IN_LIST for_hosts)
+      message(SEND_ERROR "${file} includes ${included}, which is neither installed nor marked for hosts")
     endif()
   endforeach()
 endforeach()

@@ -4,8 +4,8 @@
 #include <numbers>
 
 #include "vestara/foundation/wheel_grid.h"
+#include "vestara/study/chance/hit_chance.h"
 #include "vestara/study/figures.h"
-#include "vestara/study/hit_chance.h"
 
 namespace vestara::study {
 namespace {

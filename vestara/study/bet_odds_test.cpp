@@ -3,8 +3,8 @@
 
 #include <cmath>
 
+#include "vestara/study/chance/hit_chance.h"
 #include "vestara/study/figures.h"
-#include "vestara/study/hit_chance.h"
 
 namespace vestara::study {
 namespace {

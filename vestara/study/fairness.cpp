@@ -3,10 +3,10 @@
 #include <cmath>
 #include <span>
 
+#include "vestara/study/chance/hit_chance.h"
+#include "vestara/study/chance/probability_tails.h"
 #include "vestara/study/draw_counts.h"
 #include "vestara/study/figures.h"
-#include "vestara/study/hit_chance.h"
-#include "vestara/study/probability_tails.h"
 
 namespace vestara::study {
 namespace {

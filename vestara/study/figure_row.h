@@ -5,8 +5,8 @@
 
 #include "vestara/draws/draw_sequence.h"
 #include "vestara/draws/occurrences.h"
+#include "vestara/study/chance/hit_chance.h"
 #include "vestara/study/figures.h"
-#include "vestara/study/hit_chance.h"
 
 namespace vestara::study {
 

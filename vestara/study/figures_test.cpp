@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "vestara/draws/loaded_draws.h"
-#include "vestara/study/hit_chance.h"
+#include "vestara/study/chance/hit_chance.h"
 
 // All figures on six drawings that can be counted by hand.
 

@@ -10,7 +10,7 @@
 #include "vestara/draws/draw_range.h"
 #include "vestara/draws/wheel_names.h"
 #include "vestara/foundation/message_text.h"
-#include "vestara/study/chance.h"
+#include "vestara/study/chance/chance.h"
 #include "vestara/study/number_gaps.h"
 
 namespace vestara::host {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hosts/cli/output/output.h"
-#include "vestara/study/exact_count.h"
+#include "vestara/study/chance/exact_count.h"
 
 namespace vestara::host {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "vestara/study/histogram.h"
+#include "vestara/study/chance/histogram.h"
 
 namespace vestara::host {
 

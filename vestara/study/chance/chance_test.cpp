@@ -1,4 +1,4 @@
-#include "vestara/study/chance.h"
+#include "vestara/study/chance/chance.h"
 
 #include <gtest/gtest.h>
 

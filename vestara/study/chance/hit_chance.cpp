@@ -1,4 +1,4 @@
-#include "vestara/study/hit_chance.h"
+#include "vestara/study/chance/hit_chance.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "vestara/study/exact_count.h"
+#include "vestara/study/chance/exact_count.h"
 
 #include <algorithm>
 

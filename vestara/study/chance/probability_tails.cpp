@@ -1,4 +1,4 @@
-#include "vestara/study/probability_tails.h"
+#include "vestara/study/chance/probability_tails.h"
 
 #include <algorithm>
 #include <cmath>

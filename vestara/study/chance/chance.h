@@ -1,10 +1,10 @@
-#pragma once
+#pragma once  // for hosts
 
 #include <cstddef>
 #include <vector>
 
 #include "vestara/foundation/export.h"
-#include "vestara/study/histogram.h"
+#include "vestara/study/chance/histogram.h"
 
 // What chance alone does, draw by draw without a memory.
 

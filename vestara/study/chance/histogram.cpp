@@ -1,4 +1,4 @@
-#include "vestara/study/histogram.h"
+#include "vestara/study/chance/histogram.h"
 
 #include <algorithm>
 #include <cmath>
