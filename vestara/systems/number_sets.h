@@ -11,8 +11,8 @@ namespace vestara {
 // The sets of numbers that players start a system from, as lists "1,11,21". Nothing is checked against the 90 numbers.
 // Error 6 where a step leaves its range.
 
-inline constexpr std::string_view twins = "11,22,33,44,55,66,77,88";
-inline constexpr std::string_view reversibles = "12,21,13,31,14,41,15,51,16,61,17,71,18,81";
+inline constexpr std::string_view twin_numbers = "11,22,33,44,55,66,77,88";
+inline constexpr std::string_view reversible_numbers = "12,21,13,31,14,41,15,51,16,61,17,71,18,81";
 
 /// Numbers with the same last digit, ten apart, up to 90.
 VESTARA_API std::string same_ending(int16_t first);

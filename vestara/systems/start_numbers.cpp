@@ -31,9 +31,9 @@ std::string within_the_game(const std::string& numbers) {
 std::string library_list(NumberSet set, int16_t number) {
   switch (set) {
     case NumberSet::twins:
-      return std::string(twins);
+      return std::string(twin_numbers);
     case NumberSet::reversibles:
-      return std::string(reversibles);
+      return std::string(reversible_numbers);
     case NumberSet::ending:
       return same_ending(number);
     case NumberSet::fibonacci:

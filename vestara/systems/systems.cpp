@@ -16,8 +16,8 @@ namespace vestara {
 
 void cSistemi::ActiveConnection(automation::Ref<DbConnector> connector) { connector_ = std::move(connector); }
 
-std::string cSistemi::SysGemelli2Str() const { return std::string(twins); }
-std::string cSistemi::SysVertibili2Str() const { return std::string(reversibles); }
+std::string cSistemi::SysGemelli2Str() const { return std::string(twin_numbers); }
+std::string cSistemi::SysVertibili2Str() const { return std::string(reversible_numbers); }
 
 std::string cSistemi::SysCadenze2Str(int16_t num) const {
   return trapped("cSistemi.SysCadenze2Str()", std::string(), [&] { return same_ending(num); });

@@ -17,22 +17,20 @@ struct RowCheck {
   std::string selection;  ///< a SELECT that every engine takes; the first column is unique enough to sort
 };
 
-constexpr int drawn = 5;
-
 std::string number(int place) { return "estr" + std::to_string(place); }
 
 std::string out_of_range() {
   std::string condition;
-  for (int i = 1; i <= drawn; ++i) condition += (i == 1 ? "" : " OR ") + number(i) + "<0 OR " + number(i) + ">90";
+  for (int i = 1; i <= drawn_count; ++i) condition += (i == 1 ? "" : " OR ") + number(i) + "<0 OR " + number(i) + ">90";
   return condition;
 }
 
 /// 0 and Null are numbers that were not drawn, they may come as often as they like.
 std::string number_twice() {
   std::string condition;
-  for (int i = 1; i < drawn; ++i) {
+  for (int i = 1; i < drawn_count; ++i) {
     condition += (i == 1 ? "(" : " OR (") + number(i) + ">0 AND (";
-    for (int j = i + 1; j <= drawn; ++j) condition += (j == i + 1 ? "" : " OR ") + number(i) + "=" + number(j);
+    for (int j = i + 1; j <= drawn_count; ++j) condition += (j == i + 1 ? "" : " OR ") + number(i) + "=" + number(j);
     condition += "))";
   }
   return condition;
