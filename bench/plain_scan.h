@@ -137,10 +137,23 @@ inline int32_t plain_fours(const std::vector<PlainRow>& rows) {
   return largest;
 }
 
-/// Rows that hold two of ten numbers.
-inline int32_t plain_search(const std::vector<PlainRow>& rows, uint64_t low, uint64_t high) {
-  int32_t found = 0;
-  for (const PlainRow& row : rows) found += std::popcount(row.low & low) + std::popcount(row.high & high) >= 2 ? 1 : 0;
+struct PlainFind {
+  const PlainRow* row;
+  std::vector<uint8_t> numbers;
+};
+
+/// Rows that hold two of ten numbers, with what they hold, newest first.
+inline std::vector<PlainFind> plain_search(const std::vector<PlainRow>& rows, uint64_t low, uint64_t high) {
+  std::vector<PlainFind> found;
+  for (const PlainRow& row : rows) {
+    if (std::popcount(row.low & low) + std::popcount(row.high & high) < 2) continue;
+    PlainFind& find = found.emplace_back(PlainFind{&row, {}});
+    for (const uint8_t number : row.sorted)
+      if ((number <= 64 ? low >> (number - 1U) : high >> (number - 65U)) & 1U) find.numbers.push_back(number);
+  }
+  std::sort(found.begin(), found.end(), [](const PlainFind& left, const PlainFind& right) {
+    return left.row->day != right.row->day ? left.row->day > right.row->day : left.row->wheel < right.row->wheel;
+  });
   return found;
 }
 

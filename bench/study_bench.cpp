@@ -82,7 +82,7 @@ void measure_figures(const std::string& size, const Draws& draws) {
   bench::compare(
       "study search, " + size, 2,
       [&] {
-        if (bench::plain_search(rows, mask.low, mask.high) == 0) bench::stop("nothing found");
+        if (bench::plain_search(rows, mask.low, mask.high).empty()) bench::stop("nothing found");
       },
       [&] {
         if (study::search_drawings(draws, question).empty()) bench::stop("nothing found");

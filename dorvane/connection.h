@@ -55,6 +55,8 @@ class Connection {
 
   /// Where the archive's changes stand; nothing where the engine cannot tell cheaply. Marks of two connections differ.
   virtual std::optional<vestara::ChangeMark> change_mark() { return std::nullopt; }
+  /// As the connector's.
+  virtual bool hand_over_draws(const vestara::TakeDraw&) { return false; }
 
   /// False once the engine is out of reach: nothing runs any more.
   virtual bool is_alive() const = 0;

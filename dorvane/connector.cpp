@@ -209,6 +209,15 @@ std::optional<vestara::ChangeMark> DbConnector::change_mark() {
   return result_of([&] { return connection_->change_mark(); }, std::optional<vestara::ChangeMark>());
 }
 
+bool DbConnector::hand_over_draws(const vestara::TakeDraw& take) {
+  try {
+    leave_elsewhere();
+    return connection_ && connection_->hand_over_draws(take);
+  } catch (const RunTimeError&) {
+    return false;  // the record set that is asked for next says why
+  }
+}
+
 void DbConnector::BeginTrans() {
   raising([&] {
     if (connection().has_changes()) throw changes_are_open();

@@ -106,6 +106,7 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   void RollbackTrans() override;
   vestara::RowInserter* row_inserter() override { return this; }
   std::optional<vestara::ChangeMark> change_mark() override;
+  bool hand_over_draws(const vestara::TakeDraw& take) override;
 
  private:
   bool InsertRows(const vestara::NewRows& rows) override;

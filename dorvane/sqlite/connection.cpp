@@ -9,6 +9,7 @@
 #include "automation/text.h"
 #include "dorvane/result_names.h"
 #include "dorvane/sqlite/dialect.h"
+#include "dorvane/sqlite/draw_handover.h"
 #include "dorvane/sqlite/errors.h"
 #include "dorvane/sqlite/result.h"
 #include "dorvane/statement.h"
@@ -64,6 +65,18 @@ void SqliteConnection::count_a_change() {
 std::optional<vestara::ChangeMark> SqliteConnection::change_mark() {
   read_anew_if_changed();
   return vestara::ChangeMark{own_changes_, static_cast<uint64_t>(session_.single_number("PRAGMA data_version"))};
+}
+
+bool SqliteConnection::hand_over_draws(const vestara::TakeDraw& take) {
+  transaction_.require_not_lost();
+  // Without locks only what was read at once, and perhaps again, was read of one archive.
+  if (frozen_) return false;
+  repair_before_read();
+  StatementClock clock(settings_.reading_limit);
+  const RunningClock running(session_.running_clock(), clock);
+  const Statement statement = session_.prepare(handover_statement, Permission::anything);
+  DrawHandover handover(session_.draw_handover(), take);
+  return sqlite3_step(statement.get()) == SQLITE_ROW && handover.is_complete();
 }
 
 SqliteConnection::~SqliteConnection() {

@@ -40,6 +40,7 @@ class SqliteConnection final : public Connection {
   std::vector<std::string> check_file() override;
   bool has_changes() const override { return transaction_.has_changes(); }
   std::optional<vestara::ChangeMark> change_mark() override;
+  bool hand_over_draws(const vestara::TakeDraw& take) override;
   bool is_alive() const override { return true; }
   /// Nothing is closed: closing a file would give its journal and its locks up in the other process's name.
   void leave() noexcept override {}

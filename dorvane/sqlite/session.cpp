@@ -5,6 +5,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "dorvane/sqlite/dialect.h"
+#include "dorvane/sqlite/draw_handover.h"
 #include "dorvane/sqlite/errors.h"
 #include "dorvane/sqlite/like.h"
 #include "dorvane/statement.h"
@@ -16,6 +17,7 @@ void Session::attach(Database database, const FileSettings& settings) {
   reading_limit_ = settings.reading_limit;
   // First of all: whatever looks at the file may have to wait for another program.
   sqlite3_busy_timeout(database_.get(), settings.timeout);
+  install_draw_handover(database_.get(), handover_);
   close_side_doors();
   install_like(database_.get());
   sqlite3_set_authorizer(database_.get(), &Session::authorize, this);

@@ -13,6 +13,8 @@
 
 namespace dorvane::sqlite {
 
+class DrawHandover;
+
 /// What a statement may do while it is prepared and stepped.
 enum class Permission : uint8_t { read, change, anything };
 
@@ -47,6 +49,8 @@ class Session {
 
   /// Where the clock of the running statement is to be put; null while none runs.
   StatementClock*& running_clock() { return running_; }
+  /// Where the handover of the running statement is to be put; null while none runs.
+  DrawHandover*& draw_handover() { return handover_; }
 
   /// Gives statements a permission for as long as it lives: stepping one can prepare further ones.
   class Permitting {
@@ -73,6 +77,7 @@ class Session {
   Permission permission_ = Permission::read;
   std::set<std::string, std::less<>> refused_functions_;
   StatementClock* running_ = nullptr;
+  DrawHandover* handover_ = nullptr;
   int reading_limit_ = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "tests/conformance/back_end.h"
+#include "tests/support/connectors.h"
 #include "tests/support/values.h"
 #include "vestara/draws/archive_draws.h"
 #include "vestara/draws/wheel_set.h"
@@ -55,6 +56,30 @@ TEST_P(LoadedDrawsTest, AreThoseOfTheArchive) {
       all += expected.size();
     }
     ASSERT_EQ(loaded->rows(), all) << seed;
+  }
+}
+
+/// Rows, in words.
+std::string described(const vestara::LoadedDraws& draws) {
+  std::string text;
+  for (size_t row = 0; row < draws.rows(); ++row) {
+    text += std::to_string(draws.day(row)) + " " + std::to_string(draws.contest(row).value_or(-1));
+    for (const uint8_t number : draws.numbers(row)) text += " " + std::to_string(number);
+    text += "\n";
+  }
+  return text;
+}
+
+TEST_P(LoadedDrawsTest, AreTheSameThroughARecordSet) {
+  for (uint64_t seed = 1; seed <= seeds() / 10; ++seed) {
+    testing_support::Random random(seed);
+    testing_support::ArchiveShape shape = testing_support::random_shape(random);
+    shape.null_number = 0;
+    shape.highest_number = 90;
+    store(testing_support::random_archive(random, shape));
+    // A connector that records hands nothing over.
+    const auto by_record_set = automation::make<testing_support::RecordingConnector>(connector_);
+    ASSERT_EQ(described(*vestara::load_draws(connector_)), described(*vestara::load_draws(by_record_set))) << seed;
   }
 }
 

@@ -89,6 +89,36 @@ class ArchiveReader {
   NumberColumns numbers_;
 };
 
+/// Draws as an engine hands them over. What a record set would read in another way is not taken.
+class StoredDrawReader {
+ public:
+  explicit StoredDrawReader(LoadedDraws::ByWheel& draws) : draws_(draws) {}
+
+  bool take(const StoredDraw& stored) {
+    if (none_drawn(stored.numbers)) return true;
+    const std::optional<DrawnNumbers> drawn = drawn_numbers(stored.numbers);
+    const int32_t wheel = wheel_of_code(stored.wheel);
+    if (!drawn || wheel == 0 || !read_day(stored.date)) return false;
+    draws_[static_cast<size_t>(wheel - 1)].push_back({day_, stored.contest, *drawn});
+    return true;
+  }
+
+ private:
+  /// Most dates are the one before: the wheels of a date stand together.
+  bool read_day(std::string_view text) {
+    if (text == date_) return true;
+    const std::optional<automation::Date> date = automation::parse_iso(text);
+    if (!date || date->has_time()) return false;
+    date_ = text;
+    day_ = date->day();
+    return true;
+  }
+
+  LoadedDraws::ByWheel& draws_;
+  std::string date_ = "none";
+  int32_t day_ = 0;
+};
+
 RunTimeError cannot_read(DbConnector& connector) {
   const std::string reason = reason_of(connector);
   return automation::failure(
@@ -106,7 +136,11 @@ std::string reason_of(DbConnector& connector) {
 
 std::shared_ptr<const LoadedDraws> load_draws(const automation::Ref<DbConnector>& connector) {
   LoadedDraws::ByWheel draws;
-  const bool was_read = walk_rows(required(connector), every_draw_statement, [&](RecordSet& rows) {
+  StoredDrawReader stored(draws);
+  if (required(connector).hand_over_draws([&](const StoredDraw& draw) { return stored.take(draw); }))
+    return std::make_shared<const LoadedDraws>(std::move(draws));
+  draws = {};
+  const bool was_read = walk_rows(*connector, every_draw_statement, [&](RecordSet& rows) {
     ArchiveReader reader(rows);
     for (; !rows.at_end(); rows.move_next()) reader.add_to(draws);
   });

@@ -1,7 +1,9 @@
 #pragma once  // installed
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -70,6 +72,16 @@ class VESTARA_API RowInserter {
   RowInserter() = default;
 };
 
+/// A row of the draws as an engine holds it. The views last as long as the call that gets them.
+struct StoredDraw {
+  std::string_view date;
+  std::string_view wheel;
+  std::optional<int32_t> contest;    ///< nothing for Null
+  std::array<int32_t, 5> numbers{};  ///< in the order they were drawn, 0 for Null
+};
+/// False ends the walk.
+using TakeDraw = std::function<bool(const StoredDraw& draw)>;
+
 /// The operations that the library needs of a database. One statement a call, complete text, no parameters.
 /// Results carry the failures: False, or nothing; why is the connector's own to tell. Only the transaction
 /// calls, which have no result, raise an error when the database refuses them.
@@ -97,6 +109,10 @@ class VESTARA_API DbConnector : public automation::Object {
   virtual RowInserter* row_inserter() { return nullptr; }
   /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. No member of hosts.
   virtual std::optional<ChangeMark> change_mark() { return std::nullopt; }
+  /// Hands every draw over while the engine walks them, in any order; nothing is kept in between. True when all were
+  /// taken. Otherwise a record set of the same rows tells everything, and why it cannot: the connector has no such way,
+  /// a value has another type than its column, `take` refused, the engine failed. No member of hosts.
+  virtual bool hand_over_draws(const TakeDraw&) { return false; }
 };
 
 /// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that
