@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "tests/support/values.h"
 
 namespace records {
 namespace {
@@ -40,6 +41,7 @@ TEST(ColumnStore, GivesBackWhatItTook) {
       {"the ends of 32 bits", plain, {-2147483647 - 1, 2147483647}, {-2147483647 - 1, 2147483647}},
       {"Null first", plain, {Null{}, Null{}, 7}, {Null{}, Null{}, 7}},
       {"only Null", plain, {Null{}, Null{}}, {Null{}, Null{}}},
+      {"Null, then real", plain, {Null{}, Null{}, 2.5, 1.5}, {Null{}, Null{}, 2.5, 1.5}},
       {"whole then real", plain, {1, Null{}, 2.5}, {1.0, Null{}, 2.5}},
       {"text", plain, {"BA", "BA", "", "a longer text", "BA"}, {"BA", "BA", "", "a longer text", "BA"}},
       {"Null text", plain, {Null{}, "x"}, {Null{}, "x"}},
@@ -88,6 +90,15 @@ TEST(ColumnStore, ReadsNumbersThroughTheirText) {
     FAIL();
   } catch (const automation::RunTimeError& error) {
     EXPECT_EQ(error.number(), 94);
+  }
+}
+
+TEST(ColumnStore, NullIsNoNumberWhateverTheColumnHolds) {
+  for (const Variant& other : std::vector<Variant>{7, 2.5, "1871-01-07", "x", Null{}}) {
+    ColumnStore column(TextReading::iso_dates);
+    for (const Variant& value : {other, Variant(Null{}), other}) append(column, value);
+    EXPECT_EQ(testing_support::outcome([&] { return Variant(column.whole_number(1)); }), "error 94");
+    EXPECT_EQ(testing_support::outcome([&] { return Variant(std::string(column.text(1))); }), "error 94");
   }
 }
 

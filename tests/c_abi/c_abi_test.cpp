@@ -37,6 +37,17 @@ TEST_F(CAbi, EveryKindGoesThereAndBack) {
   }
 }
 
+// Hosts have a True of their own, -1 among them.
+TEST_F(CAbi, EveryNumberButZeroIsTrue) {
+  for (const int32_t given : {1, -1, 2, 256, -2147483647}) {
+    au_value argument = number(AU_BOOLEAN, given);
+    Value result;
+    ASSERT_EQ(echo(argument, result), AU_OK) << given;
+    EXPECT_EQ(result.kind, AU_BOOLEAN) << given;
+    EXPECT_EQ(result.as.number, 1) << given;
+  }
+}
+
 TEST_F(CAbi, WholeNumbersOfSixteenBitsAreChecked) {
   const struct {
     int32_t given;

@@ -100,5 +100,16 @@ TEST_P(ServerSessionsTest, AnArchiveThatIsReadOnlyTakesNoChange) {
   EXPECT_EQ(one("SELECT count(*) FROM ruote"), "10");
 }
 
+/// Of the one server that looks for tables along a path.
+class SearchPathTest : public BackEnd {};
+
+INSTANTIATE_TEST_SUITE_P(Engines, SearchPathTest, testing::Values(Engine::postgresql), engine_name);
+
+TEST_P(SearchPathTest, ATableOfTheSessionStandsBehindThatOfTheArchive) {
+  ASSERT_TRUE(execute("CREATE TEMPORARY TABLE ruote(enumeratore INT)")) << connector_->LastError();
+  EXPECT_EQ(one("SELECT count(*) FROM ruote"), "11");
+  EXPECT_EQ(one("SELECT count(*) FROM pg_temp.ruote"), "0");
+}
+
 }  // namespace
 }  // namespace conformance

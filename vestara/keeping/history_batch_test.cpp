@@ -84,6 +84,26 @@ TEST(HistoryBatch, RowsAreValuesUnlessOnlyATextCanSayThem) {
   }
 }
 
+TEST(HistoryBatch, ADayThatGoesOnBehindAStatementIsKeptAnew) {
+  const auto connector = make<InsertingConnector>();
+  HistoryBatch records(*connector);
+  records.add(record("7", "02/01/2026", "BA"));
+  EXPECT_TRUE(records.send());
+  records.add(record("7", "02/01/2026", "NA"));
+  records.add(record("8", "09/01/2026", "BA"));
+  EXPECT_TRUE(records.send());
+  const int32_t day = automation::Date::from_civil(2026, 1, 2)->day();
+  HistoryBatch rows(*connector);
+  rows.add(DrawRow{day, 7, 1, {1, 2, 3, 4, 5}});
+  EXPECT_TRUE(rows.send());
+  rows.add(DrawRow{day, 7, 6, {1, 2, 3, 4, 5}});
+  rows.add(DrawRow{day + 7, 8, 1, {1, 2, 3, 4, 5}});
+  EXPECT_TRUE(rows.send());
+  const std::string first = "values of storico 7 '2026-01-02' 'BA' 1 2 3 4 5";
+  const std::string next = "values of storico 7 '2026-01-02' 'NA' 1 2 3 4 5 8 '2026-01-09' 'BA' 1 2 3 4 5";
+  EXPECT_EQ(connector->calls, (Calls{first, next, first, next}));
+}
+
 TEST(HistoryBatch, AConnectorOfAHostGetsTheText) {
   const auto recorder = make<testing_support::RecordingConnector>(make<testing_support::ScriptedConnector>());
   HistoryBatch batch(*recorder);

@@ -48,6 +48,15 @@ TEST_F(StoredSystems, FiltersMeanWhatTheySay) {
     EXPECT_EQ(found(row.filter), row.ids) << row.filter.title;
 }
 
+// Where the key is no primary key, rows come as they were put in.
+TEST_F(StoredSystems, AreInTheOrderOfTheirIdsWhateverThatOfTheTable) {
+  run("DROP TABLE tSistemi");
+  run("CREATE TABLE tSistemi(idSis INT,titolo TEXT,descrizione TEXT,numeri TEXT,qtaNumeri INT,nGiocate INT,"
+      "kColonne INT,garanzia INT,sisTipo TEXT)");
+  for (const int32_t id : {5, 2, 11, 3}) add(id, "", "U", "1,2");
+  EXPECT_EQ(found({}), "2 3 5 11");
+}
+
 TEST_F(StoredSystems, CombinationsWithAndWithoutPositions) {
   add(1, "", "U", "2,1");
   add(2, "", "S", "2,1");

@@ -197,6 +197,7 @@ TEST_F(NumberCommands, SayWhatWouldBeRight) {
         {"gaps 1 --wheel BA,VE", "--wheel \"BA,VE\" is not known; wheels are BA, "},
         {"gaps 1 --wheel BA --all", "--all does not go with --wheel; it names the only one\n"},
         {"gaps 1 --wheel BA --without-rn", "--without-rn does not go with --wheel; "},
+        {"gaps 1 --from 2005-01-02 --to 2005-01-01", "--from 2005-01-02 is later than --to "},
         {"gaps 1 --plot --format json", "--plot goes with --format table only; "}}) {
     const Outcome outcome = run(row.arguments);
     EXPECT_EQ(outcome.code, 2) << row.arguments;

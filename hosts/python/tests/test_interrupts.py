@@ -105,6 +105,18 @@ class Interrupts(InFolder):
         self.assertRaises(KeyboardInterrupt, self.lotto(connector).UpdateTblStorico)
         self.assertEqual(len(connector.statements), 10)
 
+    def test_every_call_leaves_the_hook_of_the_process_in_its_place(self) -> None:
+        hook = sys.unraisablehook
+        lotto = self.lotto(archive())
+        lotto.FileUpdate = update_file(self.folder, DRAWS[:5])
+        for handler, ends in ((Counting, None), (Interrupting, KeyboardInterrupt), (Leaving, SystemExit)):
+            with self.subTest(handler=handler.__name__), WithEvents(lotto, handler()):
+                if ends is None:
+                    self.assertTrue(lotto.UpdateTblStorico())
+                else:
+                    self.assertRaises(ends, lotto.UpdateTblStorico)
+                self.assertIs(sys.unraisablehook, hook)
+
     def test_leaving_the_program(self) -> None:
         lotto = self.lotto(archive())
         handler = WithEvents(lotto, Leaving)

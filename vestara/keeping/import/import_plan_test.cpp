@@ -119,6 +119,13 @@ TEST(ImportPlan, AManualDrawGivesWayWhole) {
   EXPECT_EQ(plan.cleared, std::vector<int32_t>{7});
 }
 
+TEST(ImportPlan, AWheelThatAManualDrawLacksIsStoredOnce) {
+  const ImportPlan plan =
+      plan_import({{row(7)}, {}}, {7}, {row(7), row(7, 8, 1, 2)}, ImportMode::add, MissingManual::lose);
+  EXPECT_EQ(in_words(plan), "add 2 stored, 0 removed; added 1, rewritten 0, gone 0, kept 0");
+  EXPECT_EQ(plan.cleared, std::vector<int32_t>{7});
+}
+
 TEST(ImportPlan, ContestNumbersCountTheDatesOfBoth) {
   const ImportPlan plan =
       plan_import({{row(7, 1, 3), row(14, 1, 4)}, {}}, {}, {row(10, 1, 0), row(21, 1, 0), row(28, 1, 9)},
