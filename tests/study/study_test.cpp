@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/error.h"
-#include "automation/system/file.h"
 #include "automation/registry.h"
+#include "automation/system/file.h"
 #include "tests/study/random_history.h"
 #include "tests/study/random_question.h"
 #include "tests/study/study_archive.h"
