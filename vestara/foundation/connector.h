@@ -37,7 +37,7 @@ struct RowValue {
   enum class Kind : uint8_t { null, whole, text };
 
   static RowValue of(int64_t number) { return {Kind::whole, number, {}}; }
-  /// The text itself, nothing doubled. It must outlive the call that gets the value.
+  /// The text itself, without doubled quotes. It must outlive the call that gets the value.
   static RowValue of(std::string_view text) { return {Kind::text, 0, text}; }
 
   Kind kind = Kind::null;
@@ -49,13 +49,12 @@ struct RowValue {
 struct NewRows {
   std::string_view table;
   std::span<const std::string_view> columns;
-  std::span<const RowValue> values;  ///< row behind row, each as long as `columns`
+  std::span<const RowValue> values;  ///< row after row, each as long as `columns`
 
   size_t rows() const { return columns.empty() ? 0 : values.size() / columns.size(); }
 };
 
-/// What a connector can do besides: take rows as values, without a statement's text. A connector of a host cannot; it
-/// gets the text.
+/// Takes rows as values, without a statement's text. Not every connector can: a host's own gets the text.
 class VESTARA_API RowInserter {
  public:
   RowInserter(const RowInserter&) = delete;
@@ -70,9 +69,9 @@ class VESTARA_API RowInserter {
   RowInserter() = default;
 };
 
-/// The operations that the library needs of a database. One statement a call, complete text, no parameters.
-/// Results carry the failures: False, or nothing; why is the connector's own to tell. Only the transaction
-/// calls, which have no result, raise an error when the database refuses them.
+/// The operations that the library needs of a database. One statement a call, complete text, no parameters. A call that
+/// fails returns False, or nothing; the connector may say why (LastError). Only the transaction calls, which have no
+/// result, raise an error when the database refuses them.
 class VESTARA_API DbConnector : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "DbConnector";
@@ -95,12 +94,13 @@ class VESTARA_API DbConnector : public automation::Object {
 
   /// Itself, where it takes rows as values.
   virtual RowInserter* row_inserter() { return nullptr; }
-  /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. No member of hosts.
+  /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. Hosts cannot call it by
+  /// name.
   virtual std::optional<ChangeMark> change_mark() { return std::nullopt; }
 };
 
-/// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that
-/// a host brings need not be.
+/// A connector that can also open, make and check an archive. The one that comes with the library can; one that a host
+/// brings need not.
 class VESTARA_API ArchiveConnector : public DbConnector {
  public:
   /// Opens an archive by URL and changes nothing in it. One that was open is closed first.
