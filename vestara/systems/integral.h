@@ -19,7 +19,8 @@ VESTARA_API double integral_count(int16_t items, int16_t chosen);
 /// each line.
 VESTARA_API std::string integral_lines(std::span<const std::string_view> items, int16_t chosen, int32_t count);
 
-/// The same combinations as bit masks, bit 0 standing for the first item: for at most 32 items, error 9 for more.
+/// The same combinations as bit masks, bit 0 standing for the first item. Error 9 for more than 32 items and for a
+/// `chosen` outside 1 to `items`.
 VESTARA_API std::vector<uint32_t> integral_masks(int16_t items, int16_t chosen);
 
 }  // namespace vestara

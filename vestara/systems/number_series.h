@@ -16,8 +16,8 @@ inline constexpr int32_t most_random_numbers = 1 << 24;
 automation::Array random_series(int32_t count, int32_t least, int32_t most, Repetition repetition);
 
 /// Sorts the elements of a one-dimensional array by the 32-bit numbers that they convert to, ascending; equal ones keep
-/// their order. Errors: 13 for an element that is no number, and for what is no array. The exchanges made before it met
-/// that element stay. A single element is not looked at.
+/// their order. Errors: 13 for an element that is no number, and for what is no array; 9 for an array that has not one
+/// dimension. The exchanges made before it met such an element stay. A single element is not looked at.
 void sort_by_number(automation::Variant& array);
 
 }  // namespace vestara

@@ -50,7 +50,7 @@ class VESTARA_API cSistemi final : public automation::Object {
   void GetRndNumber(automation::InOut<automation::Array> serieOUT, int32_t kNum, int32_t minNum, int32_t maxNum,
                     bool bRepeat) const;
   /// Sorts an array by the numbers that its elements convert to. Traps nothing: error 13 for an element that is no
-  /// number and for what is no array.
+  /// number and for what is no array, 9 for an array that has not one dimension.
   void ArrNumbersSort(automation::InOut<automation::Variant> pvarArray) const;
 
   /// All combinations of `iNumeroElementi` of the numbers, which are used as they stand; `nCombi` becomes their count,
