@@ -69,9 +69,9 @@ class VESTARA_API RowInserter {
   RowInserter() = default;
 };
 
-/// The operations that the library needs of a database. One statement a call, complete text, no parameters. A call that
-/// fails returns False, or nothing; the connector may say why (LastError). Only the transaction calls, which have no
-/// result, raise an error when the database refuses them.
+/// The operations that the library needs of a database. One statement a call, complete text, no parameters.
+/// Results carry the failures: False, or nothing. The connector may say why (LastError). Only the transaction calls,
+/// which have no result, raise an error when the database refuses them.
 class VESTARA_API DbConnector : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "DbConnector";
@@ -94,8 +94,7 @@ class VESTARA_API DbConnector : public automation::Object {
 
   /// Itself, where it takes rows as values.
   virtual RowInserter* row_inserter() { return nullptr; }
-  /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. Hosts cannot call it by
-  /// name.
+  /// The mark of this moment; nothing when the connector cannot tell, or no archive is open. No member of hosts.
   virtual std::optional<ChangeMark> change_mark() { return std::nullopt; }
 };
 

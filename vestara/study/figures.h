@@ -159,8 +159,8 @@ struct FairnessTest {
 ///   sum      mean of the sums of the five
 ///   serial   correlation of a sum with the next
 ///   gaps     draws without a number between two with it, in classes of six, against what so many draws can show
-/// A wheel without draws has its rows too, with nothing in them. A selection without any draws has no rows. Sources:
-/// Joe 1993 (numbers), Genest, Lockhart and Stephens 2002 (pairs).
+/// A wheel without draws has its rows too, with nothing in them; a selection without any draws has none.
+/// Sources: Joe 1993 (numbers), Genest, Lockhart and Stephens 2002 (pairs).
 VESTARA_API std::vector<FairnessTest> fairness_tests(const Draws& draws, const Selection& selection);
 
 struct BetOdds {
