@@ -28,7 +28,7 @@ AUTOMATION_API Date to_date(const Variant& value);
 /// without Set stores.
 AUTOMATION_API Variant to_plain(const Variant& value);
 
-/// The date of a value that is one: a Date, or a text that reads as a date. Numbers are none.
+/// The date of a value that is one: a Date, or a text that reads as a date. Nothing for any other, a number too.
 AUTOMATION_API std::optional<Date> date_in(const Variant& value);
 
 /// True for numbers, Booleans, Empty and texts that read as a number whole.
@@ -36,7 +36,8 @@ AUTOMATION_API bool is_numeric(const Variant& value);
 /// The number that the whole text reads as: sign, digits, a decimal point, an exponent; blanks around it.
 AUTOMATION_API std::optional<double> parse_number(std::string_view text);
 
-/// Blanks skipped, an optional sign, digits up to anything else; 0 when there are none. Error 6 beyond 16 bits.
+/// The whole number at the front of a text: blanks, an optional sign, digits. 0 when there are no digits. Error 6
+/// beyond 16 bits.
 AUTOMATION_API int16_t leading_number(std::string_view text);
 /// The number at the front of a text, a decimal point and an exponent included; 0 when there is none.
 AUTOMATION_API double leading_double(std::string_view text);

@@ -39,7 +39,7 @@ class AUTOMATION_API Date {
   /// The whole day, counted from 1899-12-30.
   int32_t day() const { return static_cast<int32_t>(serial_); }
   bool has_time() const { return serial_ != static_cast<double>(day()); }
-  /// The parts.
+  /// The same moment in parts.
   CivilTime civil() const;
 
   std::partial_ordering operator<=>(const Date& other) const;

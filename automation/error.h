@@ -20,16 +20,16 @@ enum class FailureKind : uint8_t {
   interrupted,    ///< the user stopped it
 };
 
-/// What a database's refusal means for what comes next.
+/// Why a database refused, as far as a caller can do something about it.
 enum class Refusal : uint8_t {
   statement,   ///< this statement only
   permission,  ///< the user may not do this, or the database or the connection takes no changes
   missing,     ///< a table or column is not there
-  busy,        ///< another program's change was not over in time, or met this one head-on
+  busy,        ///< another program's change took too long, or each waited for the other (a deadlock)
   too_long,    ///< the statement took longer than it may
   full,        ///< no room left
   connection,  ///< the database is out of reach
-  no_session,  ///< the connection did not come about
+  no_session,  ///< the connection could not be made
 };
 
 /// What a database was asked when it refused.
@@ -39,7 +39,7 @@ struct ErrorContext {
   Refusal refusal = Refusal::statement;
 };
 
-/// The platform's run-time error: a number with its text. Trapped at the edge of a class or handed to the host.
+/// The platform's run-time error: a number with its text. A member traps it or hands it to the host.
 class AUTOMATION_API RunTimeError : public std::exception {
  public:
   /// `source` names the class that raised the error; empty when nobody said.
@@ -55,7 +55,7 @@ class AUTOMATION_API RunTimeError : public std::exception {
   const ErrorContext* context() const { return context_.get(); }
   const char* what() const noexcept override { return description_.c_str(); }
 
-  /// The same error with more text behind its own.
+  /// The same error with more text after its own.
   RunTimeError continued(std::string_view text) const;
   /// The same error as one of kind database, with what the engine was asked.
   RunTimeError with_context(ErrorContext context) const;
@@ -80,8 +80,8 @@ inline constexpr int32_t unspecified_failure = -2147467259;
 /// wrong, where, and what would be right.
 AUTOMATION_API RunTimeError failure(FailureKind kind, std::string text);
 
-// One maker for each number that is raised, with the platform's text. Some take a sentence that says more, which then
-// stands in place of it.
+// Each of these makes the error of one number, with the platform's text. Some take a sentence that says more, which
+// takes the place of that text.
 
 AUTOMATION_API RunTimeError invalid_call(std::string sentence = {});       // 5
 AUTOMATION_API RunTimeError overflow();                                    // 6

@@ -12,17 +12,18 @@ namespace automation {
 
 struct Event;
 
-/// The outgoing side of an object: several sinks, called in the order in which they connected.
+/// The events of an object. Its sinks are called in the order in which they connected.
 class AUTOMATION_API EventSource {
  public:
   using Sink = std::function<void(const Event& event, std::span<const Variant> arguments)>;
 
-  /// A cookie for disconnect, never 0. May be called from inside an event: the new sink hears the next one.
+  /// Returns a cookie, the number for `disconnect`: never 0. May be called from inside an event: the new sink gets the
+  /// next one.
   int32_t connect(Sink sink);
   /// True when the sink was connected. May be called from inside an event, also by the sink itself.
   bool disconnect(int32_t cookie);
 
-  /// Calls every sink. What a sink raises ends that sink's turn and nothing else.
+  /// Calls every sink. An error that a sink raises ends the call of that sink; the next sink is called all the same.
   void raise(const Event& event, std::span<const Variant> arguments = {});
 
   bool has_sinks() const { return !connections_.empty(); }

@@ -72,7 +72,7 @@ struct Parameter {
   ValueType type = ValueType::variant;
   std::string_view class_name;  ///< of an object parameter
   bool optional = false;
-  bool missable = false;  ///< required by the interface, yet a call that leaves it out is served
+  bool missable = false;  ///< not optional in the interface, yet a call may leave it out
   DefaultValue default_value;
   Passing passing = Passing::by_reference;  ///< as the interface declares it
   bool writes_back = false;                 ///< a call may change the caller's variable
@@ -113,7 +113,7 @@ struct Member {
   ValueType result = ValueType::nothing;
   std::string_view result_class;  ///< of an object result
   std::string_view help;
-  Thunk thunk = nullptr;  ///< takes exactly one converted-in-place Variant per parameter
+  Thunk thunk = nullptr;  ///< runs the member; takes one Variant per parameter and converts it in place
 
   std::span<const Parameter> parameters() const { return {parameter_rows.data(), parameter_count}; }
 };

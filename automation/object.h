@@ -16,8 +16,8 @@ struct ClassDescription;
 template <class T>
 class Ref;
 
-/// What a late-bound caller wants of a member. A method and a property get are interchangeable, and so are
-/// the two forms of assignment.
+/// What a caller by name wants of a member. A method and a property get are interchangeable, and so are the two forms
+/// of assignment.
 enum class InvokeKind : uint8_t { method, get, put, putref };
 
 /// Base of everything that hosts hold: counted, and callable by name. An object may also live on the stack,
@@ -55,7 +55,7 @@ class AUTOMATION_API Object {
 
   /// Where sinks connect; null when the class raises no events.
   virtual EventSource* event_source() { return nullptr; }
-  /// The object as its host knows it: a wrapper around a host's own object gives that one.
+  /// The object as its host knows it: itself, or the host's own object that this one stands for.
   virtual Ref<Object> host_object();
 
  private:

@@ -12,10 +12,10 @@
 //   1. the folder of libraries (not of class files) that the product's own variable names (product.h)
 //   2. the folders of class files that AUTOMATION_CLASS_PATH names, joined by ":"
 //   3. the user's data folder (XDG_DATA_HOME or ~/.local/share) and the system's (XDG_DATA_DIRS or /usr/local/share,
-//      /usr/share), each with "automation-classes" behind it
+//      /usr/share), each with "automation-classes" added
 //   4. the folder of this library itself: a build tree, or an installation that nobody registered
-// A class file names code that will run. So 2 and 3 take absolute paths only, and a class file is refused that anybody
-// but the user and root may have written: by its own owner and mode or by those of the folder that it lies in.
+// A class file names code that will run. So 2 and 3 take absolute paths only. A class file that somebody else than the
+// user or root may have written is refused, by its own owner and mode or by those of the folder that it lies in.
 
 namespace automation {
 
@@ -38,9 +38,9 @@ AUTOMATION_API std::vector<std::string> register_library(const void* address, Sc
 /// Removes them; a file that is not there is no error.
 AUTOMATION_API std::vector<std::string> unregister_library(const void* address, Scope scope);
 
+enum class Registering : bool { remove, write };
 /// The body of a library's own entry points: 0 when it worked, else the number of the error. `address` lies inside the
 /// library.
-enum class Registering : bool { remove, write };
 AUTOMATION_API int32_t register_from_entry_point(const void* address, Scope scope, Registering what) noexcept;
 
 }  // namespace automation

@@ -14,7 +14,7 @@ namespace automation {
 
 struct ClassDescription;
 
-/// A class of the surface.
+/// A class that hosts can see.
 struct RegisteredClass {
   const ClassDescription* description;
   Ref<Object> (*create)();  ///< null for a class whose objects members hand out and nobody creates
@@ -26,7 +26,7 @@ struct RegisteredClass {
 /// same identifier is ignored.
 AUTOMATION_API void register_class(RegisteredClass entry);
 
-/// Creates an object by its programmatic identifier, without regard to case; a version behind it (".1") is accepted. A
+/// Creates an object by its programmatic identifier, without regard to case; a version after it (".1") is accepted. A
 /// class that no loaded library has is looked for where classes are registered (registration.h), and its library is
 /// loaded. Error 429, naming the places, when there is none.
 AUTOMATION_API Ref<Object> create_object(std::string_view identifier);
@@ -34,7 +34,7 @@ AUTOMATION_API Ref<Object> create_object(std::string_view identifier);
 /// The classes of the loaded libraries that hosts create by name, in the order in which they were registered.
 AUTOMATION_API std::vector<RegisteredClass> loaded_classes();
 
-/// The same, and behind them the classes that members hand out.
+/// The same, and after them the classes that members hand out.
 AUTOMATION_API std::vector<RegisteredClass> described_classes();
 
 /// The entry of an object's class. One that nobody registered is not creatable.

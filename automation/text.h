@@ -18,7 +18,7 @@ inline bool is_digit(char c) { return c >= '0' && c <= '9'; }
 AUTOMATION_API std::vector<std::string_view> split(std::string_view text, char separator);
 AUTOMATION_API std::vector<std::string_view> split(std::string_view text, std::string_view separator);
 
-/// The pieces one behind the other, nothing between.
+/// The pieces one after the other, nothing between.
 AUTOMATION_API std::string concatenated(std::initializer_list<std::string_view> pieces);
 
 /// Compares ASCII letters without regard to case, all other bytes as they are.

@@ -21,7 +21,7 @@ class Variant;
 struct Empty {
   bool operator==(const Empty&) const = default;
 };
-/// A value that is known to be unknown, as databases have it.
+/// The unknown value of databases.
 struct Null {
   bool operator==(const Null&) const = default;
 };

@@ -45,7 +45,7 @@ class Connection {
   virtual void commit() = 0;
   virtual void rollback() = 0;
 
-  /// Creates tables, indexes and wheels that are missing.
+  /// Creates the tables, indexes and wheels that are missing.
   virtual void create_schema() = 0;
   /// The tables, columns, indexes and wheels that are missing.
   virtual std::vector<vestara::SchemaGap> check_schema() = 0;
@@ -53,7 +53,8 @@ class Connection {
   /// no way to look.
   virtual std::vector<std::string> check_file() { return {}; }
 
-  /// Where the archive's changes stand; nothing where the engine cannot tell cheaply. Marks of two connections differ.
+  /// The change mark of this moment; nothing where the engine cannot tell it without a statement. Marks of two
+  /// connections differ.
   virtual std::optional<vestara::ChangeMark> change_mark() { return std::nullopt; }
   /// As the connector's.
   virtual bool hand_over_draws(const vestara::TakeDraw&) { return false; }
@@ -61,8 +62,9 @@ class Connection {
   /// False once the engine is out of reach: nothing runs any more.
   virtual bool is_alive() const = 0;
 
-  /// In a process that was forked from the one that opened the connection, before the object is given up there: lets
-  /// go of what the two processes share without a word to the engine. The object must not be used or destroyed after.
+  /// Called in a process that was forked from the one that opened the connection, before the object is given up there.
+  /// Lets go of what the two processes share and tells the engine nothing. The object must not be used or destroyed
+  /// after.
   virtual void leave() noexcept = 0;
 
  private:
@@ -72,11 +74,14 @@ class Connection {
 /// Opens the engine that the URL names; the archive itself is not changed. Raises RunTimeError when it cannot.
 std::unique_ptr<Connection> open_connection(const Url& url);
 
-/// An engine of this library: it joins by an object of this type in its own folder.
+/// Makes an engine known: each has one object of this type, a constant in the connection.cpp of its folder, and the
+/// scheme of a URL finds it. What an engine's connection must do is said at `Connection`; one with a server fills in
+/// `ServerConnection` (server_connection.h).
 class Engine {
  public:
   using Open = std::unique_ptr<Connection> (*)(const Url& url);
-  /// `example` is a URL that shows the form. All three live as long as the program.
+  /// `example` is a URL that shows the form, for messages. All three live as long as the program. `open` gets a URL of
+  /// this scheme and raises RunTimeError when it cannot open the archive.
   Engine(std::string_view scheme, std::string_view example, Open open);
 };
 

@@ -51,10 +51,10 @@ class FailureNote;
 /// An archive in a folder that the user may not write to can be read; what another program has written but not yet
 /// brought into the file is then out of reach, and Open says so.
 ///
-/// A lost connection stays lost until the next Open, and so does what was not yet kept. A connection belongs to the
-/// process that opened it: in one that was forked from it the archive counts as closed, LastError says so, and the
-/// end of the object there touches nothing. Every call runs on the host's thread. Failures are results; LastError says
-/// why.
+/// A lost connection stays lost until the next Open; changes that were not committed are gone. A connection belongs to
+/// the process that opened it. In a process that was forked from it the archive counts as closed, LastError says so,
+/// and the end of the object touches nothing. Every call runs on the host's thread. Failures are results; LastError
+/// says why.
 ///
 /// A record set of the embedded database reads on as it is walked: the first hundred rows are there before
 /// OpenRecordset and GetRecordset answer, and a failure among them is False or nothing. A later one is raised by the
@@ -70,14 +70,14 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   static const automation::ClassDescription& surface();
   const automation::ClassDescription& description() const override { return surface(); }
 
-  /// Opens the archive and changes nothing in it. An empty URL is the environment variable VESTARA_DB. A
-  /// connection that was open is closed first, whatever comes of the new one.
+  /// Opens the archive and changes nothing in it. An empty URL stands for the one in the environment variable
+  /// VESTARA_DB. A connection that was open is closed first, also when the new one cannot be opened.
   bool Open(const std::string& url) override;
-  /// Rolls an open transaction back and closes. When changes go with it, LastError and an entry of the error log say
-  /// so; the end of the object leaves such an entry too. Record sets that were handed out stay usable.
+  /// Rolls an open transaction back and closes. When changes are lost by that, LastError and an entry of the error log
+  /// say so; the end of the object writes such an entry too. Record sets that were handed out stay usable.
   void Close() override;
-  /// Why the last failing call failed, in one line; "" when none failed since Open, and that took nothing back. Never
-  /// a password.
+  /// Why the last failing call failed, in one line; "" when none failed since Open. After an Open that took changes of
+  /// the connection before it back it says so. Never holds a password.
   std::string LastError() const override;
   std::shared_ptr<const automation::RunTimeError> LastFailure() const override;
   /// Creates the tables, indexes and wheels that are missing; what is there stays as it is.
@@ -98,8 +98,8 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   bool ExecuteSql(std::string_view statement) override;
   int32_t GetMaxId(std::string_view table, std::string_view column) override;
   automation::Ref<vestara::RecordSet> GetRecordset(std::string_view statement) override;
-  /// Raises an error when the open transaction has changed something: CommitTrans keeps it, RollbackTrans takes it
-  /// back. One that has not begins anew.
+  /// Raises an error when a transaction is open that has changed something: CommitTrans keeps the changes,
+  /// RollbackTrans takes them back. An open one without changes begins anew.
   void BeginTrans() override;
   /// Raises an error when the transaction could not be kept: it is then rolled back.
   void CommitTrans() override;
@@ -118,7 +118,7 @@ class DORVANE_API DbConnector final : public vestara::ArchiveConnector, private 
   void raising(Body&& body);
   /// Raises when no archive is open, or another process opened it.
   Connection& connection();
-  /// A connection that belongs to another process counts as closed here.
+  /// Gives up a connection that belongs to another process; the archive counts as closed here.
   void leave_elsewhere() noexcept;
   bool close_at(const char* place) noexcept;
 

@@ -9,14 +9,14 @@
 namespace dorvane {
 
 /// Why the last failing call of a connector failed. Record sets note their failures here too and may outlive the
-/// connector. To note one raises nothing: where there is no memory for it, the shortage itself is noted.
+/// connector. To note a failure raises nothing: where there is no memory for it, the shortage itself is noted.
 class FailureNote {
  public:
   FailureNote();
 
   void note(const automation::RunTimeError& error) noexcept;
   void note_shortage() noexcept { error_ = shortage_; }
-  /// An error that is none of ours.
+  /// Notes an error that is no RunTimeError.
   void note_unforeseen(const std::exception& error) noexcept;
   void clear() noexcept { error_ = nullptr; }
 

@@ -2,8 +2,8 @@
 
 namespace dorvane {
 
-/// The process in which something came to be. A fork copies the memory of a connection, but neither its locks nor its
-/// right to speak to the server: what belongs to one process is none of the other's.
+/// The process in which an object was made. A fork copies the memory of a connection, but neither its locks nor its
+/// right to speak to the server: the copy must not be used.
 class HomeProcess {
  public:
   HomeProcess() : generation_(generation()) {}

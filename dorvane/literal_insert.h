@@ -8,7 +8,7 @@
 namespace dorvane {
 
 /// True for "INSERT INTO table(columns) VALUES(literals),…" (REPLACE and INSERT OR … alike): numbers with their sign,
-/// texts, NULL, no comment, nothing behind the last tuple.
+/// texts, NULL, no comment, nothing after the last tuple.
 bool inserts_literals(std::string_view statement, const Syntax& syntax);
 
 /// Raises RunTimeError 5 when a statement of another form inserts into a table of the archive. So what an update file

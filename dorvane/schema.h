@@ -17,7 +17,7 @@ std::string_view column_spelling(std::string_view name);
 /// An engine's type for a column, with what holds for the column alone.
 using ColumnType = std::string (*)(const vestara::ArchiveTable& table, const vestara::TableColumn& column);
 
-/// "id INTEGER PRIMARY KEY, dtEstr DATE_TEXT, …": every column of a table behind its name.
+/// "id INTEGER PRIMARY KEY, dtEstr DATE_TEXT, …": every column of a table after its name.
 std::string column_definitions(const vestara::ArchiveTable& table, ColumnType type_of);
 
 /// Creates an index where it is missing, on an engine whose indexes hold the row's key anyway. `table` is the engine's

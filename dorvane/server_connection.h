@@ -45,7 +45,7 @@ class ServerConnection : public Connection {
   ServerConnection(const Dialect& dialect, Access access)
       : dialect_(dialect), guard_(dialect.prohibitions), access_(access) {}
 
-  /// What this server has besides the engine's own, in lower case.
+  /// Names, in lower case, of functions that this server has beyond those that the engine always has; they are refused.
   void refuse_functions(const std::vector<std::string>& names) { guard_.refuse_functions(names); }
 
   /// Runs one statement that needs no answer; returns how many rows it changed, or could have. Raises ServerError.
@@ -56,7 +56,7 @@ class ServerConnection : public Connection {
   enum class OnRefusal : uint8_t { lose_transaction, keep_transaction };
   /// The same for a host's statement, which can then change nothing whatever its text.
   virtual ServerRows reading_rows(std::string_view statement, OnRefusal) { return rows(statement); }
-  /// Begins a transaction that may write at the server.
+  /// Begins, at the server, a transaction that may write.
   virtual void start() { run("START TRANSACTION READ WRITE"); }
   /// Commits it at the server. Raises when the server rolled it back instead.
   virtual void keep() { run("COMMIT"); }
@@ -68,7 +68,7 @@ class ServerConnection : public Connection {
   /// Runs such a statement while no transaction is open.
   virtual void define(std::string_view statement);
 
-  /// The statement that adds missing wheels; where `take_schema_lock` keeps nobody away, it passes over what another
+  /// The statement that adds missing wheels. Where `take_schema_lock` locks nothing, it passes over wheels that another
   /// program added meanwhile.
   virtual std::string wheels_insertion() const;
 
@@ -83,15 +83,15 @@ class ServerConnection : public Connection {
   /// when the old ones were high.
   virtual void before_emptied_is_kept() {}
   /// Called once a change that deleted all draws is committed, outside every transaction. A failure is ignored: the
-  /// change is kept already. PostgreSQL cleans the table; MariaDB sets the next key behind the largest.
+  /// change is kept already. PostgreSQL cleans the table; MariaDB sets the next key above the largest.
   virtual void after_emptied_was_kept() {}
   /// Called by `check_file` for each table of the archive that is there, outside every transaction where tables are not
   /// transactional: a line for everything that is wrong in it. MariaDB has its tables checked.
   virtual std::vector<std::string> damage_of(std::string_view) { return {}; }
-  /// Called by `create_schema`: the statements that put the next keys behind rows whose keys another program chose.
+  /// Called by `create_schema`: the statements that raise the next keys above those that another program chose.
   virtual std::vector<std::string> key_repairs() { return {}; }
 
-  /// A setting that makes statements like ours faster, which not every server of the protocol knows.
+  /// Makes a setting that speeds up the library's statements. A server that does not know it is left as it is.
   void prefer(std::string_view setting);
 
   /// The first column of the first row, 0 when there is none.

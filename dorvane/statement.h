@@ -21,7 +21,7 @@ std::string rewrite_like(std::string_view statement, const Syntax& syntax, std::
 
 /// So much of a statement is shown in a message.
 inline constexpr size_t shown_statement = 160;
-/// "; in: SELECT …": the beginning of a statement, as it stands behind a reason; "" for an empty one.
+/// "; in: SELECT …": the beginning of a statement, as it stands after a reason; "" for an empty one.
 std::string in_statement(std::string_view statement);
 
 /// Error 5 of an engine that cannot take a statement: "sqlite: the statement is empty". `why` reads as in "is empty".

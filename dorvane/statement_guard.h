@@ -10,7 +10,7 @@
 
 namespace dorvane {
 
-/// What one engine's statements may not hold, besides what none may. All in lower case.
+/// What the statements of one engine may not hold, beyond what no engine's may. All in lower case.
 struct Prohibitions {
   const Syntax& syntax;
   /// Words that no reading statement has, where they are no quoted names.
@@ -21,8 +21,8 @@ struct Prohibitions {
   std::span<const std::string_view> names;
 };
 
-/// What of a host's text reaches the engine. Texts come from files and from people who search, so that what is refused
-/// here is refused in any spelling. Both calls raise RunTimeError 5.
+/// Decides which statements of a host reach the engine. Texts come from files and from people who search: what is
+/// refused here is refused in any spelling. Both calls raise RunTimeError 5.
 ///
 /// One rule for all engines. Reading: one SELECT, WITH or VALUES. Changing: one INSERT, UPDATE, DELETE or REPLACE (or
 /// WITH before it), a reading statement, or CREATE, ALTER or DROP of tables, indexes, views and triggers. No
@@ -31,7 +31,7 @@ class StatementGuard {
  public:
   explicit StatementGuard(const Prohibitions& prohibitions);
 
-  /// What one server has besides, in lower case.
+  /// Names, in lower case, of functions that one server has beyond those of `Prohibitions`; they are refused too.
   void refuse_functions(const std::vector<std::string>& names) { functions_.insert(names.begin(), names.end()); }
 
   void require_reading(std::string_view statement) const;

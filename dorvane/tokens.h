@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
-// Statement text cut as the engine that will run it cuts it: what is a text or a comment to one of them is code to
-// another.
+// Cuts a statement into tokens as the engine does that will run it. What is a text or a comment to one engine is code
+// to another.
 
 namespace dorvane {
 
-/// What differs between the engines' readings. '…' is a literal and "…" a quoted name everywhere, a mark inside
+/// How the engines read statements differently. '…' is a literal and "…" a quoted name everywhere, a mark inside
 /// doubled; a backslash is a character like any other.
 struct Syntax {
   bool backtick_names = false;          ///< `…` is a quoted name

@@ -8,8 +8,8 @@
 namespace dorvane {
 
 /// Where a connection's transaction stands: none, open or lost. The connection begins and ends transactions at its
-/// engine and notes here what it did. A transaction is lost when its engine gave it up, or never began it: nothing runs
-/// then until the next transaction call, so that no change slips in alone.
+/// engine and notes here what it did. A transaction is lost when its engine rolled it back, or never began it. No
+/// statement runs then until the next transaction call, so that no part of a change is stored alone.
 class TransactionState {
  public:
   bool is_none() const { return at_ == At::none; }

@@ -45,7 +45,7 @@ class AUTOMATION_API ColumnStore {
   explicit ColumnStore(TextReading reading) : reading_(reading) {}
 
   void append_null();
-  /// Inlined where it is called from another library, once for every cell of a table.
+  /// Stands in the header so that other libraries inline it: they call it once for every cell of a table.
   void append_whole(int64_t value) {
     const auto narrow = static_cast<int32_t>(value);
     if (form_ != Form::whole || narrow != value) return append_other_whole(value);

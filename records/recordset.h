@@ -15,23 +15,24 @@ struct Column {
   int32_t index = 0;
 };
 
-/// The rows of a reading statement: static, on the client's side, scrollable. The cursor stands on a row, before
-/// the first or behind the last. A closed record set raises 3704 from every call but `is_open` and `close`.
-/// A record set belongs to the thread of its connector; one that is complete may go to another thread by itself.
+/// The rows of a reading statement: static, on the client's side, scrollable. The cursor stands on a row, before the
+/// first or after the last. A closed record set raises 3704 from every call but `is_open` and `close`. A record set
+/// belongs to the thread of its connector. One that is complete may go to another thread without it.
 class AUTOMATION_API RecordSet : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "Recordset";
 
-  virtual bool at_end() = 0;    ///< behind the last row (EOF); also when there are no rows
+  virtual bool at_end() = 0;    ///< after the last row (EOF); also when there are no rows
   virtual bool at_start() = 0;  ///< before the first row (BOF); also when there are no rows
 
   virtual void move_first() = 0;
   virtual void move_last() = 0;
-  /// Error 3021 when the cursor stands behind the last row already.
+  /// Error 3021 when the cursor stands after the last row already.
   virtual void move_next() = 0;
   /// Error 3021 when the cursor stands before the first row already.
   virtual void move_previous() = 0;
-  /// Moves by `rows`, backwards when negative; stops one row outside. Error 3021 from outside further out.
+  /// Moves by `rows`, backwards when negative, and stops one row outside. Error 3021 when the cursor stands outside
+  /// already and would go further out.
   virtual void move(int32_t rows) = 0;
 
   /// The exact number of rows, wherever the cursor is.

@@ -26,7 +26,7 @@ class AUTOMATION_API RowSource {
   RowSource(const RowSource&) = delete;
   RowSource& operator=(const RowSource&) = delete;
   virtual ~RowSource() = default;
-  /// Appends one value to every column; False behind the last row.
+  /// Appends one value to every column; False after the last row.
   virtual bool fetch(std::vector<ColumnStore>& columns) = 0;
   /// Called once, by the set that takes the source over, before its first row; the set lets the source go before its
   /// own end. Does nothing where it is not overridden. A connection learns here which sets still read from it.
@@ -39,13 +39,13 @@ struct ColumnHeader {
   TextReading reading = TextReading::plain;
 };
 
-/// A static record set that is filled as it is walked: rows are fetched when the cursor gets there, all of them
-/// when something needs the whole. Who owns the source completes the set before anything could change what it would
+/// A static record set that is filled as it is walked. Rows are fetched when the cursor gets there, and all of them
+/// when a call needs all. The owner of the source calls `complete` before anything changes what the set would still
 /// read.
 class AUTOMATION_API StaticRecordSet final : public RecordSet {
  public:
   StaticRecordSet(std::vector<ColumnHeader> headers, std::unique_ptr<RowSource> source);
-  /// Of rows that are all there: a header for each column, and the columns equally long.
+  /// A set whose rows are all there: a header for each column, and the columns equally long.
   StaticRecordSet(std::vector<ColumnHeader> headers, std::vector<ColumnStore> columns);
   ~StaticRecordSet() override;
 
@@ -79,10 +79,10 @@ class AUTOMATION_API StaticRecordSet final : public RecordSet {
   bool is_open() override { return open_; }
   void close() override;
 
-  // What hosts call by name and the interface does not have.
+  // Members that hosts call by name and RecordSet does not have.
   int32_t state() const;
   automation::Ref<Fields> fields();
-  /// Up to `most` rows from the cursor on (all when negative), and moves behind them. Error 3021 before the first row.
+  /// Up to `most` rows from the cursor on (all when negative), and moves past them. Error 3021 before the first row.
   automation::Array get_rows(int32_t most);
 
  private:
@@ -108,7 +108,7 @@ class AUTOMATION_API StaticRecordSet final : public RecordSet {
   std::optional<automation::RunTimeError> failure_;
   OnFailure on_failure_;
   int64_t rows_ = 0;
-  int64_t position_ = 0;  ///< -1 before the first row, rows_ behind the last
+  int64_t position_ = 0;  ///< -1 before the first row, rows_ after the last
   bool open_ = true;
 };
 

@@ -13,9 +13,9 @@
  *
  * Threads: each function may be called on any thread, at the same time as others. An object, with what it was given and
  * what it handed out (its connector, its record sets), belongs to one thread at a time; another thread may have it
- * between two calls. Objects that do not share these are independent. au_retain and au_release may meet other calls.
+ * between two calls. Objects that do not share these are independent. au_retain and au_release may run beside any call.
  *
- * Text is UTF-8, with a length and, where this library made it, a NUL behind it.
+ * Text is UTF-8, with a length and, where this library made it, a NUL after it.
  */
 
 #include <stddef.h>
@@ -37,7 +37,7 @@ extern "C" {
 /* The version of the loaded library. */
 AU_API uint32_t au_abi_version(void);
 
-/* What a call came to. Everything but AU_OK left no result; au_last_error says why. */
+/* The outcome of a call. Only AU_OK has a result; au_last_error says why there is none. */
 typedef int32_t au_status;
 enum {
   AU_OK = 0,
@@ -143,7 +143,7 @@ AU_API au_status au_describe(au_object* object, au_value* json);
  * every other object. Since 1.1. */
 AU_API au_status au_first_item(au_object* object, int32_t* index);
 /* The surfaces of the loaded libraries: the class at a place from 0 on, first those that au_create_object makes, then
- * those that members hand out. Its JSON text is that of au_describe. Error 9 behind the last. Since 1.1. */
+ * those that members hand out. Its JSON text is that of au_describe. Error 9 after the last. Since 1.1. */
 AU_API au_status au_class_at(size_t place, au_value* json);
 
 /* ---- Arrays ---- */
@@ -158,20 +158,21 @@ AU_API au_status au_make_array(au_value* value, au_kind element, const au_bound*
 /* Dimensions, at most `room` bounds, and the number of elements. Any pointer may be null. */
 AU_API au_status au_array_shape(const au_value* array, size_t* dimensions, au_bound* bounds, size_t room,
                                 size_t* count);
-/* Elements counted from 0 with the first index running fastest. Error 9 behind the last. */
+/* Elements counted from 0 with the first index running fastest. Error 9 after the last. */
 AU_API au_status au_array_get(const au_value* array, size_t place, au_value* element);
 AU_API au_status au_array_put(au_value* array, size_t place, const au_value* element);
 /* Many elements at once: `count` of them from `first`, `stride` apart. Numbers, Booleans and dates into `numbers`
  * (others are 0), every element's kind into `kinds`. Either may be null. */
 AU_API au_status au_array_numbers(const au_value* array, size_t first, size_t stride, size_t count, double* numbers,
                                   uint8_t* kinds);
-/* The texts of those elements, one behind the other, and their lengths (0 for what is no text). */
+/* The texts of those elements, one after the other, and their lengths (0 for what is no text). */
 AU_API au_status au_array_texts(const au_value* array, size_t first, size_t stride, size_t count, au_value* joined,
                                 size_t* lengths);
 
 /* ---- Events ---- */
 
-/* Called for every event of an object. The arguments belong to the library. A failure ends this sink's turn only. */
+/* Called for every event of an object. The arguments belong to the library. A failure does not keep the event from the
+ * other sinks. */
 typedef au_status (*au_event_sink)(void* host, int32_t event, const char* name, const au_value* arguments,
                                    size_t count);
 /* A cookie for au_unadvise. Error 445 when the object raises no events. */

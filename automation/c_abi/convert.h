@@ -25,7 +25,7 @@ void take_back(au_object* handle);
 /// A further count for a handle that the host holds already.
 void share(au_object* handle);
 
-/// Misuse for a kind that there is not, or a text without bytes.
+/// Misuse for a kind that does not exist, or a text without bytes.
 Variant from_value(const au_value& value);
 /// True when the value is this one already; compared in place, without a copy of its text or array.
 bool holds(const au_value& value, const Variant& wanted);
@@ -34,8 +34,8 @@ void to_value(const Variant& source, au_value& target);
 /// The array in a value. Misuse when it holds none.
 Array& array_of(const au_value& value);
 
-/// What a host's callback is given: the values of the arguments, one behind the other, and `more` empty ones behind
-/// them. All are given back at the end, also when one cannot be made.
+/// What a host's callback is given: the values of the arguments, one after the other, and `more` empty ones after them.
+/// All are given back at the end, also when one cannot be made.
 class Values {
  public:
   explicit Values(std::span<const Variant> arguments, size_t more = 0);

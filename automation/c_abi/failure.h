@@ -21,7 +21,7 @@ au_status keep_failure(au_status status, const RunTimeError& error) noexcept;
 RunTimeError kept_failure();
 void forget_failure() noexcept;
 
-/// Runs a body; nothing that it throws gets past here.
+/// Runs a body; no error leaves this function.
 template <class Body>
 au_status guarded(Body&& body) noexcept {
   try {

@@ -8,9 +8,9 @@
 
 namespace automation {
 
-/// Appends to a file in one write, so that what several threads or processes append stands one behind the other. A
-/// missing file is made. One that would grow beyond `largest` bytes is renamed first, ".1" behind its name, in the
-/// place of an earlier one. Only a regular file is written, never what a symbolic link points to; nothing waits. False
+/// Appends to a file in one write, so that what several threads or processes append stands one after the other. A
+/// missing file is made. One that would grow beyond `largest` bytes is renamed first, ".1" after its name, in the place
+/// of an earlier one. Only a regular file is written, never what a symbolic link points to. The call never waits. False
 /// when nothing was written.
 AUTOMATION_API bool append_to_file(const std::string& path, std::string_view bytes, int64_t largest) noexcept;
 

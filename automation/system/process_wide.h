@@ -5,8 +5,8 @@
 
 namespace automation {
 
-/// A value that all threads of the process share. Nobody sees it while it changes: readers get a copy, and whatever
-/// they call with it runs outside the lock.
+/// A value that all threads of the process share. No thread sees it half changed: readers get a copy, and whatever they
+/// call with it runs outside the lock.
 template <class Value>
 class ProcessWide {
  public:

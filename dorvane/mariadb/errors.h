@@ -13,7 +13,7 @@ Refusal refusal_of(unsigned code);
 /// The error that the session reported last.
 ServerError last_failure(MYSQL* session, std::string_view statement = {});
 
-/// The error of a session that did not come about.
+/// The error of a session that could not be opened.
 ServerError connection_failure(MYSQL* session);
 
 /// True when the server rolled the whole transaction back, not the statement alone.

@@ -13,7 +13,7 @@ Refusal refusal_of(std::string_view state);
 /// The error that a refused statement came back with.
 ServerError failure(PGconn* session, const PGresult* result, std::string_view statement);
 
-/// The error of a session that did not come about.
+/// The error of a session that could not be opened.
 ServerError connection_failure(PGconn* session);
 
 }  // namespace dorvane::postgresql

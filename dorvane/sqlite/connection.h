@@ -42,14 +42,14 @@ class SqliteConnection final : public Connection {
   std::optional<vestara::ChangeMark> change_mark() override;
   bool hand_over_draws(const vestara::TakeDraw& take) override;
   bool is_alive() const override { return true; }
-  /// Nothing is closed: closing a file would give its journal and its locks up in the other process's name.
+  /// Closes nothing: to close a file would give up the journal and the locks of the other process.
   void leave() noexcept override {}
 
  private:
   void open();
   void count_a_change();
   void read_anew_if_changed();
-  /// Runs a body that reads, again where the file was changed while nothing kept changes away.
+  /// Runs a body that reads, and once more where the file was changed meanwhile (`frozen_`).
   template <class Body>
   auto steadily(Body&& body);
   automation::Ref<records::StaticRecordSet> started(std::string_view statement);

@@ -14,13 +14,13 @@ namespace dorvane::sqlite {
 
 inline constexpr Syntax syntax{.backtick_names = true, .bracket_names = true};
 
-/// What statements may read and call the engine is asked itself, when it prepares them.
+/// Empty: the engine itself decides what a statement may read and call, when it prepares it (session.h).
 extern const Prohibitions prohibitions;
 
 /// A statement as the engine takes it: doubled backslashes inside literals made one. Nothing else is touched.
 std::string translate(std::string_view statement);
 
-/// Of the functions that the engine does not call harmless: it computes and no more.
+/// True for a function that does no more than compute, among those that the engine does not call harmless.
 bool only_computes(std::string_view function);
 
 /// Dates are text to SQLite. A column is read as dates when its declared type says so or is unknown, or when it
@@ -32,8 +32,7 @@ std::string table_statement(const vestara::ArchiveTable& table);
 /// Creates an index where it is missing.
 std::string index_statement(const vestara::ArchiveIndex& index);
 
-/// An index that the wholesale emptying of the draws never touches: its presence says that the draws' own indexes
-/// belong to the file.
+/// An index that stays when the draws are all deleted. Where it is there, the draws' own indexes belong to the file.
 const vestara::ArchiveIndex& lasting_index();
 
 }  // namespace dorvane::sqlite

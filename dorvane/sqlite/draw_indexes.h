@@ -6,27 +6,29 @@
 
 namespace dorvane::sqlite {
 
-/// The indexes of the draws in one file. Filling the table without them and building them once is twice as fast, so
-/// that they go when the draws are all deleted. From then on they are owed: they come back before the next read, with
-/// the commit, or with the end of the connection. A file without them is a right, slow archive.
+/// The indexes of the draws in one file. To fill the table without them and build them once is twice as fast: they are
+/// dropped when the draws are all deleted. From then on they are owed: they are made again before the next read, with
+/// the commit, or with the end of the connection. A file without them gives the same answers, only slower.
 class DrawIndexes {
  public:
   explicit DrawIndexes(Session& session) : session_(session) {}
 
   bool are_owed() const { return owed_; }
 
-  /// Called once the file is open: they are owed where another connection did not get to make them.
+  /// Called once the file is open. The indexes are owed where another connection ended before it made them.
   void look();
-  /// Runs the statement that deletes all draws; the indexes go with them where they are the file's own.
+  /// Runs the statement that deletes all draws; the indexes are dropped with them where they are the file's own.
   void empty_draws(std::string_view statement);
   /// Makes them all, and the statistics that plans come from.
   void create();
   /// The same as one change; they are owed no longer.
   void rebuild();
-  /// Called when they were created, or could not be: the next import or CreateSchema makes them then.
+  /// Called when they were created. Called also when they could not be: the next import or CreateSchema makes them
+  /// then.
   void owe_nothing() { owed_ = false; }
 
-  /// Called when a transaction begins, and when it was taken back: with its changes goes what it came to owe.
+  /// The first is called when a transaction begins. The second is called when it was rolled back: what is owed is then
+  /// again what was owed at its beginning.
   void transaction_begins() { owed_at_begin_ = owed_; }
   void transaction_was_taken_back() { owed_ = owed_at_begin_; }
 

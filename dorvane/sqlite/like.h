@@ -10,7 +10,7 @@ namespace dorvane::sqlite {
 /// Both are UTF-8.
 bool is_like(std::string_view text, std::string_view pattern);
 
-/// Makes it the engine's LIKE, where no escape character is given.
+/// Makes `is_like` the engine's LIKE, where a statement gives no escape character.
 void install_like(sqlite3* database);
 
 }  // namespace dorvane::sqlite

@@ -26,7 +26,7 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// Takes a file over, in place of the one before, and has a first real look at it.
+  /// Takes a file over, in place of the one before, and reads from it for the first time.
   void attach(Database database, const FileSettings& settings);
 
   sqlite3* database() const { return database_.get(); }
@@ -43,11 +43,11 @@ class Session {
   /// The first column of every row, where it is not Null; within the time that a reader has.
   std::vector<std::string> column_of(std::string_view statement);
 
-  /// Runs a body whose changes come to stay together or not at all, inside the open transaction or one of its own.
+  /// Runs a body whose changes are kept together or not at all, inside the open transaction or one of its own.
   template <class Body>
   void atomically(Body&& body);
 
-  /// Where the clock of the running statement is to be put; null while none runs.
+  /// The clock of the running statement, for whoever sets it; null while none runs.
   StatementClock*& running_clock() { return running_; }
   /// Where the handover of the running statement is to be put; null while none runs.
   DrawHandover*& draw_handover() { return handover_; }
@@ -69,7 +69,7 @@ class Session {
  private:
   static int authorize(void* self, int action, const char*, const char* second, const char*, const char*);
   static int tick(void* self);
-  /// Nothing of the engine's that a statement could leave the archive by.
+  /// Switches off everything by which a statement could reach anything but the archive.
   void close_side_doors();
 
   Database database_;

@@ -14,16 +14,16 @@ namespace vestara::host {
 /// Where `vestara --help` lists a command, in this order.
 enum class Group { draws, questions, bets, archive, programming };
 
-/// What is left to do when the words of a command are read. Failure when it cannot be done.
+/// What a command does once its words were read. Failure when it cannot be done.
 using Run = std::function<ExitCode(const Context&)>;
 
-/// A command: `vestara doctor`, or `vestara draw show` behind `vestara draw`. Each is a constant in a file of its own
-/// in hosts/cli/commands and becomes part of the program by its line in commands.cpp.
+/// A command: `vestara doctor`, or `vestara draw show` under `vestara draw`. Each is a constant in a file of its own in
+/// hosts/cli/commands and becomes part of the program by its line in commands.cpp.
 struct Command {
   std::string_view name;
   Group group;
   std::string_view help;     ///< one line
-  std::string_view example;  ///< a whole command line, and behind an empty line what else there is to know
+  std::string_view example;  ///< a whole command line, and after an empty line what else there is to know
   /// Adds the options and says what is done with them, see `bound`; null for a command that only stands before others.
   Run (*bind)(CLI::App& app);
   std::span<const Command* const> inner = {};  ///< the commands that it stands before

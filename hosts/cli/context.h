@@ -27,7 +27,7 @@ struct Context {
 
   OutputStyle style() const { return {settings.format, wants_colour(settings.colour, out)}; }
   void show(const Report& report) const { write_report(out, report, style()); }
-  /// Says a sentence behind the program's name.
+  /// Says a sentence after the program's name.
   void remark(const std::string& sentence) const { err << "vestara: " << sentence << "\n"; }
   /// See `vestara::host::require_consent`.
   void require_consent(Consent consent, const std::string& change) const;

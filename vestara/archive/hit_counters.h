@@ -10,7 +10,7 @@ namespace vestara {
 /// Rows of the counting statement by how many of the searched numbers they hold, 0 to 5.
 using HitCountTable = std::array<int32_t, 6>;
 
-/// Walks all rows and goes back to the first. Errors: 9 for a row with fewer than 0 or more than 5 hits, 94 Null.
+/// Walks all rows and goes back to the first. Errors: 9 for a row with fewer than 0 or more than 5 hits, 94 for Null.
 HitCountTable tally_hits(RecordSet& rows);
 
 /// Error 6 beyond 32 bits.

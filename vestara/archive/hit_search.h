@@ -11,8 +11,11 @@
 #include "vestara/foundation/selection.h"
 #include "vestara/foundation/wheel_grid.h"
 
-// The hit search as a function. Each call gives a whole answer or raises: a failure of kind database when the connector
-// refused a statement, what the connector raises, and the errors named below.
+// The hit search as functions for C++ hosts and the command line. Each call gives a whole answer or raises: a failure
+// of kind database when the connector refused a statement, what the connector raises, and the errors named below.
+//
+// LoadLottoEstr of cLotto is the same search for hosts that call by name. It makes the same question, but runs the two
+// statements itself: it hands the rows of the second one to its host.
 
 namespace vestara {
 
@@ -20,7 +23,7 @@ enum class DrawChoice : bool { hits, all_draws };
 
 /// What a hit search asks for.
 struct SearchQuestion {
-  std::string numbers;      ///< "5,12", as they go into the IN lists
+  std::string numbers;      ///< "5,12", as the statement's IN lists take them
   int16_t least_hits = 1;   ///< numbers that a row must hold
   DrawSelection selection;  ///< the wheels are not looked at when all draws are asked for
   DrawChoice draws = DrawChoice::hits;
@@ -54,8 +57,8 @@ struct Hits {
   std::vector<HitDate> dates;  ///< in the order of the question, one for each draw
 };
 
-/// Two statements: the rows, then their draws. Errors 9 and 94 for a row whose count of hits makes no sense, 6 for more
-/// combinations than 32 bits count.
+/// Runs two statements (search_text.h): one gives the rows, the other their draws. Errors 9 and 94 for a row whose
+/// count of hits makes no sense, 6 for more combinations than 32 bits count.
 VESTARA_API Hits find_hits(DbConnector& connector, const SearchQuestion& question);
 
 /// Which draw dates to count.
@@ -67,7 +70,7 @@ struct DrawCountQuestion {
 
 /// Draw dates of a period that hold a number, on one wheel or on any. Error 9 for a wheel outside 1..12.
 VESTARA_API int32_t count_draws(DbConnector& connector, const DrawCountQuestion& question);
-/// For a class that tells a refused statement from none: False for it, which leaves `into` as it is.
+/// The same for a class: False for a refused statement, which leaves `into` as it is.
 bool count_draws(DbConnector& connector, const DrawCountQuestion& question, int32_t& into);
 
 }  // namespace vestara

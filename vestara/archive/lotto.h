@@ -72,10 +72,11 @@ class VESTARA_API cLotto final : public automation::Object {
   int32_t ContaEstrazioniStorico(const automation::Variant& dtDa = automation::Missing{},
                                  const automation::Variant& dtA = automation::Missing{}, int16_t Ruota = all_wheels);
 
-  /// Finds the draws in which at least `combinazioneTipo` of the numbers `sNum` ("5,12,33") came out on one wheel,
-  /// fills the counters and returns one row per draw (dtEstr, concorsoNumero); nothing when a statement was
-  /// refused. Without numbers, or with `bTutteLeEstrazioni`, it lists all draws (concorsoNumero, dtEstr) and the
-  /// flag comes back True. `sRuote` are aliases ("BA,NA"), "" is every wheel, and so is `bTutteLeRuote`.
+  /// Finds the draws in which at least `combinazioneTipo` of the numbers `sNum` ("5,12,33") came out on one wheel. One
+  /// statement fills the counters. A second one returns one row per draw (dtEstr, concorsoNumero); nothing when it was
+  /// refused. Each has a trap of its own: when the first fails, the counters stay at 0. Without numbers, or with
+  /// `bTutteLeEstrazioni`, it lists all draws (concorsoNumero, dtEstr) and the flag comes back True. `sRuote` are
+  /// aliases ("BA,NA"), "" is every wheel, and so is `bTutteLeRuote`.
   automation::Ref<RecordSet> LoadLottoEstr(const std::string& sNum = {}, int16_t combinazioneTipo = 0,
                                            const std::string& sRuote = {},
                                            const automation::Variant& dtDa = automation::Missing{},
@@ -87,8 +88,10 @@ class VESTARA_API cLotto final : public automation::Object {
   /// there is none. Runs a listing of all draws, which replaces the last search.
   automation::Variant GetDataEstrazioneDaConta(int32_t nEstrazioniPrec,
                                                const automation::Variant& daDataNow = automation::Missing{});
-  /// Stores a draw in place of all rows of its date, in one transaction. False when a statement was refused: a wheel
-  /// without five numbers leaves the archive as it was.
+  /// Stores a draw in place of all rows of its date, in one transaction. False when a row was refused, one of a wheel
+  /// without five numbers too: the archive is then as it was. False also when the removal of the old rows was refused:
+  /// the transaction then stays open, with nothing changed in it, which is the contract's. An error that a host's own
+  /// connector raises in the middle leaves the transaction open too: the host takes it back.
   bool SalvaEstrazione(const automation::Ref<cEstrazione>& c_estr);
   /// Removes the rows of a date; True also when there were none.
   bool DelEstrazione(const automation::Variant& dt);
@@ -96,7 +99,7 @@ class VESTARA_API cLotto final : public automation::Object {
   automation::Ref<cEstrazione> GetEstrazioneDaData(const automation::Variant& dtEstr);
 
   /// The saved search with this key, or every one for -1, newest first; nothing when it could not be read. The two
-  /// dates are accepted and not looked at, on purpose.
+  /// dates are accepted and not looked at, which is the contract's.
   automation::Ref<RecordSet> GetRicerchePersonalizzate(int32_t idRicerca = 0,
                                                        const automation::Variant& dtSaveDa = automation::Missing{},
                                                        const automation::Variant& dtSaveA = automation::Missing{});
@@ -115,9 +118,10 @@ class VESTARA_API cLotto final : public automation::Object {
   automation::Variant GetMaxDateStorico();
   automation::Variant GetMinDateStorico();
 
-  /// Replaces the archive by the records of `FileUpdate`, raising LoadingStart, LoadingProgress after each
-  /// statement, LoadingEnd. False for an empty file (nothing is touched, no LoadingEnd) and after any failure;
-  /// there is no transaction: the host's own spans the call. With DbType 2 only whole thousands are written.
+  /// Replaces the archive by the records of `FileUpdate`, raising LoadingStart, LoadingProgress after each statement,
+  /// LoadingEnd. False for an empty file (nothing is touched, no LoadingEnd) and after any failure. There is no
+  /// transaction, which is the contract's: what was removed and written before a failure stays so. A host begins its
+  /// own and takes it back. With DbType 2 only whole thousands are written, which is the contract's too.
   bool UpdateTblStorico();
 
   /// LoadingStart(), LoadingProgress(recPos, recCount), LoadingEnd().
@@ -139,7 +143,7 @@ class VESTARA_API cLotto final : public automation::Object {
     bool all_draws = false;
   };
 
-  /// A search as the host gave it. The texts are those of the call.
+  /// A search as the host gave it. It refers to the texts and bounds of the call.
   struct Asked {
     const std::string& numbers;
     int16_t combination;
@@ -151,12 +155,15 @@ class VESTARA_API cLotto final : public automation::Object {
     DateOrder order;
 
     DrawChoice draws() const { return all_draws || numbers.empty() ? DrawChoice::all_draws : DrawChoice::hits; }
-    /// Reads the bounds, which may be objects of the host's: what they raise is the error of the pass that reads them.
+    /// Reads the bounds, which may be objects of the host's: the trap of the statement that needs them gets their
+    /// errors.
     SearchQuestion question(const WheelFilter& filter) const;
   };
 
   DbConnector& connector() const;
+  /// Runs the first statement of a search and fills what `last_` has of it.
   void count_rows(const Asked& asked, const WheelFilter& wheels);
+  /// Runs the second: its rows are the result of the search.
   automation::Ref<RecordSet> hit_dates(const Asked& asked, const WheelFilter& wheels);
   void fill_statistics();
   automation::Variant bound_of_archive(const std::string& statement, std::string_view field);

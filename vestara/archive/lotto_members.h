@@ -4,7 +4,7 @@
 
 namespace vestara {
 
-// The outgoing interface of cLotto. Raised by the history import only.
+// The events of cLotto. Only the history import raises them.
 extern const automation::Event loading_start;
 extern const automation::Event loading_progress;  ///< recPos, recCount
 extern const automation::Event loading_end;

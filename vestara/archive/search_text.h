@@ -8,7 +8,8 @@
 
 namespace vestara {
 
-// Blanks and capitals of the two statements are uneven; they are part of the texts and stay as they are.
+// The two statements of a hit search. Their blanks and capitals are uneven. They are the contract's and stay as they
+// are.
 
 /// One row per archive row that matches, with its count of hits ("s2.numeriTrovati"); one per draw when all
 /// draws are asked for.

@@ -11,10 +11,10 @@ namespace vestara {
 enum class Deviation : bool { of_population, of_sample };
 enum class EmptyElements : bool { count_as_zero, are_skipped };
 
-/// The standard deviation of the numbers in a one-dimensional array, from their sum and the sum of their squares;
-/// 0.1 in place of 0, and for a sample of one, on purpose. Elements that are not numeric are skipped when they
-/// convert to a number at all (a date). Errors: 13 for a text and for what is no array, 94 for Null, 6 for an array
-/// without numbers, 5 when rounding makes the sum of squares the smaller.
+/// The standard deviation of the numbers in a one-dimensional array, from their sum and the sum of their squares; 0.1
+/// in place of 0, and for a sample of one: both are the contract's. Elements that are not numeric are skipped when they
+/// convert to a number at all (a date). A sum below zero, which rounding can leave, counts as 0. Errors: 13 for a text
+/// and for what is no array, 94 for Null, 6 for an array without numbers or for sums that are too large.
 double standard_deviation(const automation::Variant& numbers, Deviation deviation, EmptyElements empty);
 
 /// The same of whole numbers, 0 where they are equal. Error 6 for no numbers, and for a sample of one.

@@ -12,8 +12,8 @@
 
 namespace vestara {
 
-/// Places of numbers and of pairs in a group of lists, and of the group of a wheel. Error 9 for what there is not:
-/// numbers run from 1 to 90, pairs from 1..89 with 2..90, wheels from 1 to 11.
+// Places of numbers and of pairs in a group of lists, and of the group of a wheel. Error 9 outside: numbers run from 1
+// to 90, pairs from 1..89 with 2..90, wheels from 1 to 11.
 inline constexpr size_t number_places = 90;
 size_t number_place(int32_t number);
 /// Pairs of a number with itself have a place, those with the larger number first none: `no_place`.
@@ -22,9 +22,9 @@ inline constexpr size_t no_place = SIZE_MAX;
 size_t pair_place(int32_t first, int32_t second);
 size_t wheel_group(int32_t wheel);
 
-/// Lists of the distances between successive appearances: `places` in a group, one group a wheel or one for all.
-/// A load clears them, writes draw by draw and ends, which puts every list in one piece. They can be read at any time;
-/// what a load that failed wrote stays.
+/// Lists of the distances between successive appearances: `places` in a group, one group a wheel or one for all. A load
+/// clears them, writes draw by draw and calls `end_load`, which puts every list in one piece. They can be read at any
+/// time. What a load that failed wrote stays.
 class VESTARA_API DistanceLists {
  public:
   DistanceLists(size_t groups, size_t places) : lists_(groups * places), places_(places) {}
@@ -93,7 +93,7 @@ enum class Recorded : bool { numbers, pairs };
 
 // The lists, asked of the database. A distance counts draws from one appearance to the next: 1 for neighbours. Each
 // function gives whole lists or raises: a failure of kind database when the connector refused the statement, error 9
-// for a number or a wheel that there is not, what the connector raises. The forms with `into` are for a class that
+// for a number or a wheel that does not exist, what the connector raises. The forms with `into` are for a class that
 // shows what a load that failed wrote: they fill lists that were cleared, and give False when the statement was
 // refused.
 

@@ -18,7 +18,7 @@ namespace vestara {
 
 /// Which hits the gaps lie between.
 struct GapQuestion {
-  std::string numbers;     ///< "5,12", as they go into the IN lists
+  std::string numbers;     ///< "5,12", as the statement's IN lists take them
   int16_t least_hits = 1;  ///< numbers that a row must hold
   DrawSelection draws;     ///< the period of the gaps, and the wheels that hits count on
   DateOrder order = DateOrder::newest_first;
@@ -48,8 +48,8 @@ struct Gap {
   }
 };
 
-/// The gaps between successive hits, in the order of the walk that met them. Each ends at a hit, but for the last
-/// one when the walk went on behind the last hit. Items count from 1; error 9 outside. 24 bytes an item.
+/// The gaps between successive hits, in the order of the walk that met them. Each ends at a hit, but for the last one
+/// when the walk went on after the last hit. Items count from 1; error 9 outside. 24 bytes an item.
 class VESTARA_API GapList {
  public:
   /// Forgets the items; the next ones are met in this order.
@@ -66,7 +66,7 @@ class VESTARA_API GapList {
   /// Days between the two hits; nothing when a side is open.
   std::optional<int32_t> days(int32_t index) const { return gap(index).days(); }
   Gap gap(int32_t index) const;
-  /// True for the gap behind the last hit, which no hit ends.
+  /// True for the gap after the last hit, which no hit ends.
   bool is_trailing(int32_t index) const { return item(index).is_trailing; }
 
  private:
@@ -100,10 +100,10 @@ struct GapAggregates {
   int32_t least_days = 0;
   int32_t most_days = 0;
 };
-/// Open gaps count with their draws, the trailing one included: on purpose. The list has items.
+/// Open gaps count with their draws, the trailing one included, which is the contract's. The list has items.
 VESTARA_API GapAggregates aggregates_of(const GapList& gaps);
 
-/// Adds the gaps that the rows of a gap statement tell. What was added before an error stays.
+/// Adds the gaps that the rows of a gap statement (gap_text.h) hold. What was added before an error stays.
 void walk_gaps(RecordSet& rows, GapList& gaps);
 
 /// The gaps between the hits of a question, in the order of its walk. Raises a failure of kind database when the

@@ -48,8 +48,8 @@ class VESTARA_API cDistanze final : public automation::Object {
   automation::Variant combinazione(int32_t Index) const;
   automation::Variant ConcorsoNumero(int32_t Index) const;
 
-  // Aggregates of the last load that gave an item: one that gave none leaves them, on purpose. Draws are those of
-  // every item, the open ones included; days those of the gaps with two hits.
+  // Aggregates of the last load that gave an item. A load that gave none leaves them, which is the contract's. Draws
+  // are those of every item, the open ones included; days are those of the gaps with two hits.
   float GetAVGDistance() const { return aggregates_.mean_draws; }
   float GetAVGDistanceDays() const { return aggregates_.mean_days; }
   int32_t GetMinDistance() const { return aggregates_.least_draws; }
@@ -60,10 +60,10 @@ class VESTARA_API cDistanze final : public automation::Object {
   automation::Ref<DbConnector> ActiveConnection() const { return connector_; }
   void ActiveConnection(automation::Ref<DbConnector> connector);
 
-  /// Finds the gaps of the numbers `sNum` ("5,12,33"), `combinazioneTipo` of which make a hit, on the wheels
-  /// `sRuote` ("BA,NA", "" for all). `bTutteLeRuote` drops the wheels only together with `bTutteLeEstrazioni`, which
-  /// comes back True when there are no numbers. `bSortASC` walks from the oldest draw forward, and
-  /// comes back as the direction that ran.
+  /// Finds the gaps of the numbers `sNum` ("5,12,33"), `combinazioneTipo` of which make a hit, on the wheels `sRuote`
+  /// ("BA,NA", "" for all). `bTutteLeEstrazioni` comes back True when there are no numbers. `bTutteLeRuote` leaves the
+  /// wheels aside only together with it. `bSortASC` walks from the oldest draw forward, and comes back as the direction
+  /// that ran.
   void LoadDistanze(const std::string& sNum = {}, int16_t combinazioneTipo = 0, const std::string& sRuote = {},
                     const automation::Variant& dtDa = automation::Missing{},
                     const automation::Variant& dtA = automation::Missing{},

@@ -16,8 +16,8 @@
 namespace vestara {
 
 /// The distances, in draws, between successive appearances of every number and of every pair, on each wheel and over
-/// all wheels together. Each of the four loads fills lists of its own and clears only those; it gives False when its
-/// statement was refused or after an error, with an entry in the error log for the latter.
+/// all wheels together. Each of the four loads fills lists of its own and clears only those. It gives False when its
+/// statement was refused, and after an error, which also gets an entry in the error log.
 ///
 /// Element 0 of a list counts the draws of the period before the first appearance that the walk met: with
 /// `bSortASC` False that is the current delay. A host must not start another load while one yields to it.
@@ -31,7 +31,8 @@ class VESTARA_API cDistanze2 final : public automation::Object {
   static const automation::ClassDescription& surface();
   const automation::ClassDescription& description() const override { return surface(); }
 
-  /// Stores the connector and fills the wheel tables, which fails, with an entry, for none.
+  /// Stores the connector and fills the wheel tables. Without a connector the tables cannot be filled: an entry says
+  /// so.
   void ActiveConnection(automation::Ref<DbConnector> connector);
 
   /// Pairs on each wheel; `sRuoteAlias` is "BA,NA", "" for all.
@@ -55,9 +56,9 @@ class VESTARA_API cDistanze2 final : public automation::Object {
   automation::Array GetDistanzeAmbi(int32_t iNum1, int32_t iNum2, int32_t ruotaEnum = 0) const;
   automation::Array GetDistanzeSingleNumber(int32_t iNum, int32_t ruotaEnum = 0) const;
 
-  // Mean, smallest and largest distance, element 0 left out; the smallest is 99999 at most. -1 for what never came
-  // out; 0 after an error, of which a single appearance is one. Either leaves `valMin` and `valMax` alone. `Ruota` is
-  // an enumerator or an alias.
+  // Mean, smallest and largest distance, element 0 left out; the smallest is 99999 at most. -1 for what never came out.
+  // 0 after an error; a single appearance is an error. Either leaves `valMin` and `valMax` as they are. `Ruota` is an
+  // enumerator or an alias.
   double GetDistanzeAVG1(int32_t num, const automation::Variant& Ruota, automation::InOut<double> valMin = {},
                          automation::InOut<double> valMax = {}) const;
   double GetDistanzeAVG2Ambi(int32_t num1, int32_t num2, const automation::Variant& Ruota,

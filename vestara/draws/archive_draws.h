@@ -13,10 +13,10 @@ namespace vestara {
 
 class LoadedDraws;
 
-/// Reads all draws by one statement. A row whose five numbers are 0 or Null says that the wheel was not drawn and is
-/// no draw. Raises an error that names the row where something else is no draw: an unknown wheel, no date, numbers that
-/// are not five different ones from 1 to 90; and the connector's own reason where it refuses the statement. Error 91
-/// without a connector.
+/// Reads all draws by one statement. A row whose five numbers are 0 or Null says that the wheel was not drawn; it is
+/// left out. Any other row that is no draw raises an error that names it: an unknown wheel, no date, numbers that are
+/// not five different ones from 1 to 90. A refused statement raises the connector's own reason. Error 91 without a
+/// connector.
 VESTARA_API std::shared_ptr<const LoadedDraws> load_draws(const automation::Ref<DbConnector>& connector);
 
 /// Why the connector's last call failed, where it has a LastError; "" otherwise.
@@ -29,9 +29,9 @@ class ArchiveDraws {
   explicit ArchiveDraws(automation::Ref<DbConnector> connector) : connector_(std::move(connector)) {}
 
   const automation::Ref<DbConnector>& connector() const { return connector_; }
-  /// The draws as they are now. Errors of `load_draws`; what was read before stays then.
+  /// The draws as they are now. Raises the errors of `load_draws`; what was read before stays then.
   VESTARA_API std::shared_ptr<const LoadedDraws> current();
-  /// Draws that are asked for from now on are read anew.
+  /// The next `current` reads the draws again.
   void refresh() { draws_ = nullptr; }
 
  private:

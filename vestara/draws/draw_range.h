@@ -30,14 +30,14 @@ VESTARA_API automation::Variant date_bound(std::optional<int32_t> day);
 /// The same draws as a typed function takes them.
 VESTARA_API DrawSelection selection_of(const DrawRange& range);
 
-/// " WHERE " and what the draws of a range fulfil, or nothing when there is no condition.
+/// " WHERE " and the condition that the draws of a range meet; "" when there is none.
 VESTARA_API std::string range_condition(const DrawRange& range);
 
 /// The enumerators of the chosen wheels, in order.
 VESTARA_API std::vector<int16_t> chosen_wheels(const WheelSelection& wheels);
 
-/// The wheel lists that cFrequenza is asked with, one after the other: with several wheels it applies the period to
-/// the first one only, so that each is then asked for by itself.
+/// The wheel lists to ask cFrequenza with, one after the other. With several wheels it applies the period to the first
+/// one only: each wheel is then asked for by itself.
 VESTARA_API std::vector<WheelSelection> wheel_loads(const DrawRange& range);
 
 /// What to tell about that; empty when one load will do.

@@ -33,7 +33,7 @@ class VESTARA_API DrawSequence {
     const auto place = static_cast<size_t>(draw);
     return by_dates_ ? dates_[place] : loaded_->day(runs_.front().first + place);
   }
-  /// How many draws have so many wheels: with [w] for w wheels, 1 to 11.
+  /// How many draws have how many wheels: [w] counts those with w wheels, 1 to 11.
   const std::array<int32_t, wheel_count + 1>& draws_by_wheels() const { return draws_by_wheels_; }
 
   const LoadedDraws& loaded() const { return *loaded_; }

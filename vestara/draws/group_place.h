@@ -6,9 +6,9 @@
 
 #include "vestara/foundation/wheel_grid.h"
 
-// Every group of one to five numbers has a place among all groups of its size, from 0: (1,2), (1,3) … (89,90). Groups
-// that compare as numbers compare as their places. Source: the combinatorial number system, which counts the groups
-// that come later: the sum of C(90-n, i) over the numbers n, the largest with i = 1.
+// Every group of one to five numbers has a place among all groups of its size, from 0: (1,2), (1,3) … (89,90). Places
+// are in the order of the groups' numbers. Source: the combinatorial number system, which counts the groups that come
+// later: the sum of C(90-n, i) over the numbers n, the largest with i = 1.
 
 namespace vestara {
 
@@ -39,7 +39,7 @@ constexpr uint32_t group_place(const DrawnNumbers& numbers, size_t size) {
   return place;
 }
 
-/// The group of `size` numbers at a place, ascending; zeros behind them.
+/// The group of `size` numbers at a place, ascending; zeros after them.
 constexpr DrawnNumbers group_at(uint32_t place, size_t size) {
   DrawnNumbers numbers{};
   uint32_t later = choices(number_count, size) - 1 - place;

@@ -12,7 +12,7 @@ struct Occurrences {
   int32_t record = 0;        ///< length of the longest run
   int32_t record_first = 0;  ///< first draw of that run, of the earliest of equally long ones
 
-  /// The thing occurs in a draw, which is none before the latest. A second time in one draw counts for nothing.
+  /// The thing occurs in a draw: in the latest one or a later one. A second time in one draw counts for nothing.
   void occur(int32_t draw) {
     if (draw == last) return;
     end_run(draw);

@@ -9,7 +9,7 @@
 
 namespace vestara {
 
-/// The text behind a byte-order mark, when there is one.
+/// The text after a byte-order mark, when there is one.
 std::string_view without_mark(std::string_view text);
 /// Takes one line off the front, without its line break: LF, CR LF or CR.
 std::string_view take_line(std::string_view& rest);

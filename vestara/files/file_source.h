@@ -13,7 +13,7 @@ inline constexpr const char* standard_input = "-";
 
 /// Bytes that a file may have, and what a packed one may hold: 256 MiB.
 inline constexpr size_t largest_input = size_t{256} << 20;
-/// Names that limit.
+/// The failure for a larger file; it names the limit.
 VESTARA_API Failure too_large(const std::string& name);
 
 /// How the file is called in messages.

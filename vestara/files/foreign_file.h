@@ -5,13 +5,13 @@
 
 namespace vestara {
 
-/// What a file is that holds no draws in a form that is read here.
+/// A known kind of file that is no file of draws.
 struct ForeignKind {
   std::string_view name;    ///< "a PDF document"
   std::string_view remedy;  ///< what would be right
 };
 
-/// Nothing when the beginning is not that of a kind that is known.
+/// The kind of a file by its first bytes; nothing when they are of none of these kinds.
 std::optional<ForeignKind> foreign_kind(std::string_view bytes);
 
 }  // namespace vestara

@@ -31,7 +31,7 @@ VESTARA_API SystemFile parse_system_file(std::string_view text, const std::strin
 /// The same for the file behind a path, "-" being standard input.
 VESTARA_API SystemFile read_system_file(const std::string& path);
 
-/// The first twenty notes, a line each, every one behind a line break; then how many more there are.
+/// The first twenty notes, a line each, every one after a line break; then how many more there are.
 VESTARA_API std::string listed_notes(const std::vector<LineNote>& notes);
 
 }  // namespace vestara

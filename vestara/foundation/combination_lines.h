@@ -11,7 +11,7 @@ namespace vestara {
 
 inline constexpr std::string_view line_break = "\r\n";
 
-/// The single combinations of such a text, in order. An empty text has one, which is empty.
+/// The single combinations of such a text, in order, pointing into it. An empty text has none.
 VESTARA_API std::vector<std::string_view> combination_lines(std::string_view combinations);
 
 }  // namespace vestara

@@ -17,7 +17,7 @@ class VESTARA_API CombinationWalk {
 
   /// Places of the things chosen, ascending, counted from 1.
   std::span<const int32_t> places() const { return places_; }
-  /// False behind the last one, which stays.
+  /// False after the last one, which stays.
   bool advance();
   /// The first of the places, counted from 0, that the last advance changed.
   size_t changed_from() const { return changed_from_; }

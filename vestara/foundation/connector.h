@@ -39,7 +39,7 @@ struct RowValue {
   enum class Kind : uint8_t { null, whole, text };
 
   static RowValue of(int64_t number) { return {Kind::whole, number, {}}; }
-  /// The text itself, nothing doubled. It must outlive the call that gets the value.
+  /// The text itself, without doubled quotes. It must outlive the call that gets the value.
   static RowValue of(std::string_view text) { return {Kind::text, 0, text}; }
 
   Kind kind = Kind::null;
@@ -51,13 +51,12 @@ struct RowValue {
 struct NewRows {
   std::string_view table;
   std::span<const std::string_view> columns;
-  std::span<const RowValue> values;  ///< row behind row, each as long as `columns`
+  std::span<const RowValue> values;  ///< row after row, each as long as `columns`
 
   size_t rows() const { return columns.empty() ? 0 : values.size() / columns.size(); }
 };
 
-/// What a connector can do besides: take rows as values, without a statement's text. A connector of a host cannot; it
-/// gets the text.
+/// Takes rows as values, without a statement's text. Not every connector can: a host's own gets the text.
 class VESTARA_API RowInserter {
  public:
   RowInserter(const RowInserter&) = delete;
@@ -83,8 +82,8 @@ struct StoredDraw {
 using TakeDraw = std::function<bool(const StoredDraw& draw)>;
 
 /// The operations that the library needs of a database. One statement a call, complete text, no parameters.
-/// Results carry the failures: False, or nothing; why is the connector's own to tell. Only the transaction
-/// calls, which have no result, raise an error when the database refuses them.
+/// Results carry the failures: False, or nothing. The connector may say why (LastError). Only the transaction calls,
+/// which have no result, raise an error when the database refuses them.
 class VESTARA_API DbConnector : public automation::Object {
  public:
   static constexpr std::string_view contract_name = "DbConnector";
@@ -115,8 +114,8 @@ class VESTARA_API DbConnector : public automation::Object {
   virtual bool hand_over_draws(const TakeDraw&) { return false; }
 };
 
-/// What the connector of an archive can do besides. The one that comes with the library is such a connector; one that
-/// a host brings need not be.
+/// A connector that can also open, make and check an archive. The one that comes with the library can; one that a host
+/// brings need not.
 class VESTARA_API ArchiveConnector : public DbConnector {
  public:
   /// Opens an archive by URL and changes nothing in it. One that was open is closed first.

@@ -16,14 +16,14 @@
 namespace vestara {
 
 /// Appends one entry to the error log: an empty line, then time and label, description, number. Each entry goes out in
-/// one write, the file is closed between them, and only a regular file is written. A log of 4 MiB is renamed, ".1"
-/// behind its name, and a new one begun. A log that cannot be written loses the entry and nothing else.
+/// one write, and the file is closed between them. Only a regular file is written. A log of 4 MiB is renamed, ".1"
+/// after its name, and a new one is begun. Where the log cannot be written the entry is lost, and no error is raised.
 ///
 /// `label` comes back as the formatted entry, without the line break before it.
 VESTARA_API void WriteErrLog(std::string& label, const automation::RunTimeError& error) noexcept;
 
-/// The entry of one moment, without the line breaks around it. What label and description hold of line breaks and other
-/// orders becomes "?"; a very long text is cut.
+/// The entry of one moment, without the line breaks around it. Line breaks and control characters in label and
+/// description become "?". A very long text is cut.
 VESTARA_API std::string log_entry(std::string_view label, const automation::RunTimeError& error,
                                   automation::Date moment);
 

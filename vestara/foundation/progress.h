@@ -5,8 +5,8 @@
 
 namespace vestara {
 
-/// Is told how far a long piece of work is, now and then: so many steps of so many. What it throws ends the work, which
-/// then leaves nothing behind.
+/// Called now and then during a long piece of work: `done` of `steps` steps are over. An error that it throws ends the
+/// work, which is then taken back.
 using Progress = std::function<void(uint64_t done, uint64_t steps)>;
 
 }  // namespace vestara

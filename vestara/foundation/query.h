@@ -9,7 +9,7 @@
 namespace vestara {
 
 /// What a typed function raises when the connector refused its statement: a failure of kind database that names `what`
-/// was asked for. Why is the connector's own to tell; that of dorvane says it in LastError.
+/// was asked for. The connector may say why; that of dorvane does in LastError.
 automation::RunTimeError statement_refused(std::string_view what);
 
 /// The connector that a member needs. Error 91 when none was given.

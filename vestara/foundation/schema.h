@@ -6,12 +6,12 @@
 #include <string_view>
 
 // What an archive consists of: tables, their columns and keys, indexes, wheels. Everything that makes an archive,
-// checks it, copies it or repairs its keys takes the names from here. These are facts only; there is nothing to link.
+// checks it, copies it or repairs its keys takes the names from here. The header has facts alone, no function to link.
 // Databases match the names without regard to case.
 
 namespace vestara {
 
-/// How the back end takes rows: the host sets it as DbType of cLotto, only the history import looks at it.
+/// How the database takes rows. The host sets it as DbType of cLotto; only the history import looks at it.
 enum class DatabaseType : int16_t {
   one_row_per_insert = 1,
   many_rows_per_insert = 2,
@@ -49,7 +49,7 @@ struct ArchiveTable {
   constexpr std::string_view key() const { return columns.front().name; }
 };
 
-/// Columns that more is known of than their kind.
+/// Columns that code refers to by name.
 namespace known_column {
 inline constexpr std::string_view draw_day = "dtEstr";
 inline constexpr std::string_view draw_wheel = "ruota";
@@ -114,12 +114,12 @@ struct SortedColumn {
   SortOrder order = SortOrder::ascending;
 };
 
-/// Derived data: without an index answers are the same, only slower.
+/// An index is derived data: without it answers are the same, only slower.
 struct ArchiveIndex {
   std::string_view name;
   const ArchiveTable* table;
   std::span<const SortedColumn> sorted;
-  /// What is read besides, so that a search needs the index alone.
+  /// Further columns that a search reads, so that it needs the index alone.
   std::span<const std::string_view> covered;
 };
 
@@ -153,7 +153,7 @@ inline constexpr std::array<ArchiveIndex, 9> all_archive_indexes{
      {"vestara_storico_draws", &draw_table, index_columns::newest_draw, {}},
      {"vestara_sistema_detail", &combination_table, index_columns::system, {}}}};
 constexpr std::span<const ArchiveIndex> archive_indexes() { return all_archive_indexes; }
-/// Those of the draws: the whole set pays, a part of it does not.
+/// Those of the draws. The whole set is worth its cost, a part of it is not.
 constexpr std::span<const ArchiveIndex> draw_indexes() { return archive_indexes().first(8); }
 
 /// Something of the above that an archive lacks.

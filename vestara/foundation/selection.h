@@ -19,7 +19,7 @@ class VESTARA_API WheelFilter {
  public:
   /// Every wheel.
   WheelFilter() = default;
-  /// Aliases between quotes, as a statement takes them: "'BA'". A blank one names no wheel.
+  /// Aliases between quotes, as a statement takes them: 'BA'. A blank one names no wheel.
   explicit WheelFilter(std::vector<std::string> quoted) : quoted_(std::move(quoted)) {}
   /// The wheels of a list: "BA,NA"; a blank list names none. Pieces are not trimmed and a trailing comma gives an empty
   /// alias: the contract splits like this, and such an alias meets no row.
@@ -74,9 +74,9 @@ constexpr DateOrder date_order(bool ascending) { return ascending ? DateOrder::o
 /// The word of its ORDER BY.
 constexpr std::string_view order_word(DateOrder order) { return order == DateOrder::oldest_first ? "ASC" : "DESC"; }
 
-/// Which rows the period of a selection with several wheels holds for. `first_wheel` is the contract's, kept on
-/// purpose: its wheel terms stand without parentheses, so that period and other conditions bind to the first one only,
-/// and all rows of the others come back.
+/// Which rows the period of a selection with several wheels holds for. `first_wheel` is the contract's: its wheel terms
+/// stand without parentheses. Period and other conditions then bind to the first wheel only, and all rows of the others
+/// come back.
 enum class PeriodBinding : bool { every_wheel, first_wheel };
 
 }  // namespace vestara

@@ -7,8 +7,8 @@
 #include "vestara/foundation/export.h"
 #include "vestara/foundation/selection.h"
 
-// The recurring pieces of statement texts. Their output is compared character by character by databases and
-// tests alike: blanks, case and punctuation are part of it.
+// Pieces that occur in several statement texts. Blanks, case and punctuation are part of them and the contract's: tests
+// compare them character by character.
 
 namespace vestara {
 
@@ -26,16 +26,17 @@ VESTARA_API std::string SAPEX(std::string& value);
 VESTARA_API std::string SqlAnd(std::string_view left, std::string_view right);
 VESTARA_API std::string SqlOr(std::string_view left, std::string_view right);
 
-/// The pieces of a wheel list, each between quotes, joined by ",": BA,CA gives 'BA','CA'. Pieces are not trimmed,
-/// so a trailing comma gives an empty wheel: kept on purpose. With `all`, the eleven aliases of the wheel table.
 enum class WheelChoice : bool { listed, all };
+/// The pieces of a wheel list, each between quotes, joined by ",": BA,CA gives 'BA','CA'. Pieces are not trimmed, so
+/// that a trailing comma gives an empty wheel, which is the contract's. With `all`, the eleven aliases of the wheel
+/// table.
 VESTARA_API std::string FormatRuoteToSql(std::string_view wheels, WheelChoice choice);
-/// The listed wheels, with the trap of that routine: when memory runs out they are every wheel.
+/// The listed wheels, with the trap of FormatRuoteToSql: when memory runs out they are every wheel.
 WheelFilter formatted_wheels(std::string_view wheels);
 
-/// A date and a time for display: "DD/MM/YYYY", two blanks, "HH.nn" (or "HH.nn.ss"); the one alone, without
-/// blanks, when the other is Null; `default_text` when nothing comes of it.
 enum class Seconds : bool { hidden, shown };
+/// A date and a time for display: "DD/MM/YYYY", two blanks, "HH.nn" (or "HH.nn.ss"). One alone, without blanks, when
+/// the other is Null; `default_text` when that text is blank.
 VESTARA_API automation::Variant DT_READ(const automation::Variant& date, const automation::Variant& time,
                                         std::string_view default_text, Seconds seconds);
 

@@ -19,9 +19,9 @@ inline void log_trapped(std::string_view label, const automation::RunTimeError& 
 }
 }  // namespace detail
 
-/// Runs `body` and returns what it returns. An error ends it: one entry goes to the error log under `label`, and
-/// the caller gets `on_failure`. What the body did before stays done. Members catch by the traps of this file alone;
-/// besides them only the error log catches, which must not fail where it tells of a failure.
+/// Runs `body` and returns what it returns. An error ends it: one entry goes to the error log under `label`, and the
+/// caller gets `on_failure`. What the body did before stays done. Members catch by the traps of this file alone.
+/// Besides them only the error log catches: it must not fail where it reports a failure.
 template <class Result, class Body>
 Result trapped(std::string_view label, Result on_failure, Body&& body) {
   try {

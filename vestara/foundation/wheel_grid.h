@@ -14,7 +14,7 @@ inline constexpr int32_t all_wheels = 12;                              ///< as a
 inline constexpr int32_t number_count = 90;                            ///< numbers in the urn
 inline constexpr int32_t drawn_count = 5;                              ///< numbers drawn on a wheel
 
-/// One cell per wheel 1..11 and number 1..90, in one block. No cells until it is filled.
+/// One cell per wheel 1..11 and number 1..90, in one block. It has no cells until it is filled.
 template <class Cell>
 class WheelGrid {
  public:

@@ -37,7 +37,7 @@ class VESTARA_API WheelEnumerators {
 struct VESTARA_API WheelTables {
   /// Aliases by enumerator 1 to 12; place 0 is never used. Nobody reads 12, though a row may fill it.
   std::array<std::string, 13> RuoteAliasByEnum;
-  /// Nothing until a first preload read a row.
+  /// Nothing until a preload has read a row.
   std::optional<WheelEnumerators> RuoteEnumByAlias;
 
   /// The alias of a wheel. Error 9 outside 1..12.
@@ -54,7 +54,7 @@ VESTARA_API std::shared_ptr<const WheelTables> wheel_tables();
 /// Makes these the tables of the process.
 VESTARA_API void replace_wheel_tables(WheelTables tables);
 
-/// One look into the tables of this moment; the errors are those of WheelTables.
+// One look-up in the tables of this moment. The errors are those of WheelTables.
 VESTARA_API std::string alias_of(int32_t wheel);
 VESTARA_API int16_t wheel_of(std::string_view alias);
 /// The enumerator that a member's argument means: itself when it is numeric, otherwise the one behind the alias.
@@ -64,7 +64,7 @@ int32_t wheel_argument(const automation::Variant& wheel);
 /// end, also when it is empty (the tables then stay). False when it could not be opened, and after an error: an
 /// enumerator outside 1..12, a Null, a second equal alias; what was read before it counts.
 VESTARA_API bool PreloadRuoteAlias(const automation::Ref<DbConnector>& connector);
-/// The same, when there is a connector and it is open: what assigning one does.
+/// The same when there is a connector and it is open. Classes do this when they are given a connector.
 void preload_if_open(const automation::Ref<DbConnector>& connector);
 
 }  // namespace vestara

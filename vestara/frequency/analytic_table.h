@@ -44,7 +44,8 @@ class VESTARA_API cTabAnalytics final : public automation::Object {
   /// Stores the connector; an open one fills the wheel tables at once.
   void ActiveConnection(automation::Ref<DbConnector> connector);
 
-  /// Builds the table. The two dates are accepted and not looked at, on purpose. After an error it has no lines.
+  /// Builds the table. The two dates are accepted and not looked at, which is the contract's. After an error the table
+  /// has no lines.
   void LoadTabelloneAnalitico(const automation::Variant& dtDa = automation::Missing{},
                               const automation::Variant& dtA = automation::Missing{});
 

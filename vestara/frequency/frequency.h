@@ -19,8 +19,8 @@ namespace vestara {
 /// Members trap their errors: a getter then gives 0, a load ends, with an entry in the error log.
 ///
 /// Wheels are given as `sRuote` ("BA,NA", "" for all) and, one at a time, as `Ruota`: an enumerator 1 to 11 or an
-/// alias. With several wheels the period holds for the first one only, on purpose. Rankings are indexed from 0 to 89;
-/// outside they give 0 without an entry.
+/// alias. With several wheels the period holds for the first one only, which is the contract's. Rankings are indexed
+/// from 0 to 89; outside they give 0 without an entry.
 ///
 /// An object belongs to one thread at a time, together with its connector and their record sets. Between two calls they
 /// may go to another thread. Objects with different connectors are independent of each other.
@@ -49,12 +49,12 @@ class VESTARA_API cFrequenza final : public automation::Object {
   int32_t GetFrqNum(int16_t Numero, const automation::Variant& Ruota) const;
   /// How often in a hundred draws, those of all wheels asked for together.
   float GetFrqNumAVG(int16_t Numero, const automation::Variant& Ruota) const;
-  // The first ninety rows of the averages. Number and wheel can only be read once LoadFrequenti ran as well, on
-  // purpose.
+  // The first ninety rows of the averages. Number and wheel can only be read once LoadFrequenti ran as well, which is
+  // the contract's.
   int16_t GetFrqTopTenERuotaAVG(int16_t Index) const;
   int16_t GetFrqTopTenNumeroAVG(int16_t Index) const;
   float GetFrqTopTenAVG(int16_t Index) const;
-  // One entry per level of counts, the largest first.
+  // One entry for each different count, the largest first.
   int16_t GetFrqTopTenERuota(int16_t Index) const;
   int16_t GetFrqTopTenNumero(int16_t Index) const;
   int16_t GetFrqTopTen(int16_t Index) const;

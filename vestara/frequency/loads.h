@@ -14,18 +14,18 @@
 // What the archive says of every number on every wheel, asked of the database.
 //
 // Each load has two forms. The first gives a whole answer or raises: a failure of kind database when the connector
-// refused the statement, error 9 for a number or a wheel that does not exist, 94 for a Null number, 91 or 5 for an
-// alias that the wheel tables do not have, what the connector raises. The second is for a class that shows what a load
-// that failed wrote: it fills `into` as it goes, and gives False when the statement was refused. Its grid is written
-// row by row, its ranking at the end alone.
+// refused the statement, error 9 for a number or a wheel that does not exist, 94 for a Null number, 91 when no wheel
+// tables were read, 5 for an alias that they do not have, what the connector raises. The second is for a class that
+// shows what a load that failed wrote: it fills `into` as it goes, and gives False when the statement was refused. It
+// writes the grid row by row, and the ranking only at the end.
 //
 // A load runs on the calling thread and yields to the host after each row. The wheel tables must have been read
 // (PreloadRuoteAlias).
 
 namespace vestara {
 
-/// A figure of every number on every wheel, and the largest ones. The ranking has ninety places; what stands in unused
-/// ones says the load.
+/// A figure of every number on every wheel, and the largest ones. The ranking has ninety places. What stands in unused
+/// ones is said at each load.
 template <class Cell>
 struct Load {
   WheelGrid<Cell> grid;
@@ -33,27 +33,27 @@ struct Load {
 };
 
 /// Draws of the wheel since the newest one that holds the number: 0 when that is the newest, -1 when it did not come
-/// out. Only whole draws count. The ranking is the successive maxima that the walk met, the largest first; places
-/// behind are (-1, -1, -1) when there are fewer than ten, zeros otherwise.
+/// out. Only draws with all five numbers count. The ranking is the successive maxima that the walk met, the largest
+/// first; places after them are (-1, -1, -1) when there are fewer than ten, zeros otherwise.
 using Delays = Load<int16_t>;
 VESTARA_API Delays load_delays(DbConnector& connector, const DrawSelection& selection,
                                PeriodBinding binding = PeriodBinding::every_wheel);
 bool load_delays(DbConnector& connector, const DrawSelection& selection, PeriodBinding binding, Delays& into);
 
-/// How often each number came out. The ranking has one entry for each level of counts, the first that was met, the
-/// largest level first; places behind are (-1, -1, -1). Error 6 for a count beyond 16 bits.
+/// How often each number came out. The ranking has one entry for each different count, the first that was met, the
+/// largest count first; places after them are (-1, -1, -1). Error 6 for a count beyond 16 bits.
 using Counts = Load<int16_t>;
 VESTARA_API Counts load_counts(DbConnector& connector, const DrawSelection& selection,
                                PeriodBinding binding = PeriodBinding::every_wheel);
 bool load_counts(DbConnector& connector, const DrawSelection& selection, PeriodBinding binding, Counts& into);
 
 /// How often in a hundred draws, those of all wheels of the selection together. The ranking is the ninety most frequent
-/// pairs; places behind are zeros.
+/// pairs; places after them are zeros.
 struct Averages : Load<float> {
   WheelGrid<int32_t> times;  ///< the counts that they are made of
 };
-/// Two statements: the draws, then the counts. Errors besides: 6 for more draws than 16 bits count, 11 for counts
-/// without draws.
+/// Runs two statements: one for the draws, one for the counts. Further errors: 6 for more draws than 16 bits count, 11
+/// for counts without draws.
 VESTARA_API Averages load_averages(DbConnector& connector, const DrawSelection& selection,
                                    PeriodBinding binding = PeriodBinding::every_wheel);
 bool load_averages(DbConnector& connector, const DrawSelection& selection, PeriodBinding binding, Averages& into);

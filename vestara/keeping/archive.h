@@ -41,8 +41,8 @@ class VESTARA_API Archive {
   std::function<Archive()> open_another_;
 };
 
-/// Changes that come to stay together, or not at all: without `commit` they are taken back. The archive must outlive
-/// it.
+/// Changes that are kept together or not at all: without `commit` they are taken back at the end of the object, and by
+/// the engine when the process dies. The archive must outlive it.
 class VESTARA_API Transaction {
  public:
   explicit Transaction(const Archive& archive);

@@ -14,9 +14,10 @@ namespace vestara {
 using ImportProgress = std::function<void(int32_t position, int32_t count)>;
 
 /// Empties the archive and fills it with the records of an update file's text, yielding to the host between the
-/// statements. There is no transaction: what was written before an error stays. In multi-row mode the records
-/// behind the last whole thousand are not written, on purpose. An unknown database type only empties the archive.
-/// Errors: those of `parse_history_record`, and `refused()` for an insert that the database did not take.
+/// statements. There is no transaction: what was removed and written before an error stays so. In multi-row mode the
+/// records after the last whole thousand are not written. An unknown database type only empties the archive. All three
+/// are the contract's. Errors: those of `parse_history_record`, and `refused()` for an insert that the database did not
+/// take.
 void import_history(DbConnector& connector, DatabaseType type, std::string_view text, const ImportProgress& progress);
 
 /// The whole update file as text; a file that does not exist is created empty. Errors 52, 70, 75, 76 when it

@@ -8,8 +8,8 @@
 #include "vestara/foundation/connector.h"
 #include "vestara/foundation/export.h"
 
-// Searches that the archive keeps under a number. Each change is one statement of its own; a host that wants several
-// kept together puts a transaction around.
+// Searches that the archive keeps under a number. Each change is one statement. A host that wants several kept together
+// puts a transaction around them.
 
 namespace vestara {
 

@@ -8,7 +8,7 @@
 #include "vestara/foundation/export.h"
 
 // Betting systems that the archive keeps: a header row and a row for each combination. No call has a transaction of its
-// own: a host that wants all of it or nothing puts one around.
+// own. A host that wants all of a system or nothing puts one around the call.
 
 namespace vestara {
 
@@ -28,7 +28,7 @@ struct SystemFilter {
 struct SystemHeader {
   std::string_view title;
   std::string_view description;
-  std::string_view numbers;  ///< goes into the text as it stands
+  std::string_view numbers;  ///< goes into the statement as it stands, quotes included
   int16_t number_count;
   int16_t bets;
   int16_t columns;

@@ -50,8 +50,8 @@ class VESTARA_API cStatistiche final : public automation::Object {
 
   int16_t EstrNumeriGiocatiQta() const { return numbers_played_; }
   void EstrNumeriGiocatiQta(int16_t count) { numbers_played_ = count; }
-  /// The numbers played, "5,12,33". Setting a text that is not blank also sets their count, an empty piece after a
-  /// trailing comma included: on purpose.
+  /// The numbers played, "5,12,33". A text that is not blank also sets their count. The count includes an empty piece
+  /// after a trailing comma, which is the contract's.
   std::string EstrNumeriString() const { return numbers_; }
   void EstrNumeriString(const std::string& numbers);
   /// The wheels played, "BA,CA". Sets their count in the same way.
@@ -85,9 +85,10 @@ class VESTARA_API cStatistiche final : public automation::Object {
   /// Draws with a hit in a hundred of the range; 0 without draws.
   double EstrCalcolaPercEffettiva() const;
   /// All ways to choose EstrCombinazione of the numbers in EstrNumeriString, as texts ("5,12"), in the order of their
-  /// places; nothing after an error, of which no way to choose is one.
+  /// places. Nothing after an error; it is an error when there is no way to choose.
   automation::Ref<automation::Collection> CombinazioniSempliciString() const;
-  /// How many ways there are to choose `nComb` of `nCifre`: 0, not 1, for none, on purpose. 0 after an error.
+  /// How many ways there are to choose `nComb` of `nCifre`: 0, not 1, for none, which is the contract's. 0 after an
+  /// error.
   double CalcolaCombSemplici(int16_t nCifre, int16_t nComb) const;
 
  private:

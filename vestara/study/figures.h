@@ -32,11 +32,11 @@ struct Selection {
   DrawPeriod period;
 };
 
-/// What is told of one thing (a number, a group, a set with its hits) in the draws of a wheel, or of wheels together.
+/// The figures of one thing (a number, a group, a set with its hits) in the draws of a wheel, or of wheels together.
 struct Figures {
   int32_t draws = 0;        ///< of the selection, 1 at least
   int32_t times = 0;        ///< draws in which the thing occurred
-  double expected = 0;      ///< how many chance would make of them
+  double expected = 0;      ///< how many times chance would give
   std::optional<double> z;  ///< (times - expected) / standard deviation; nothing where chance leaves no choice
   int32_t delay = 0;        ///< draws since the last occurrence: 0 for the newest draw, all draws when there was none
   std::optional<automation::Date> last;         ///< its date
@@ -62,7 +62,7 @@ struct GroupQuestion {
   WheelView view = WheelView::each;
   size_t size = 2;  ///< numbers of a group, 2 to 5
   RankedBy by = RankedBy::delay;
-  size_t top = 100;  ///< groups that are answered, when there are so many; 1 at least
+  size_t top = 100;  ///< groups in the answer, at most; 1 at least
 };
 
 struct GroupFigures {
@@ -147,7 +147,7 @@ struct FairnessTest {
   std::optional<double> statistic;  ///< chi-square where there are degrees, otherwise standard deviations
   std::optional<int32_t> degrees;   ///< of freedom
   std::optional<double> p;          ///< the chance of such a statistic or a larger one in fair draws
-  std::optional<double> p_holm;     ///< the same, for having looked at all rows of the answer
+  std::optional<double> p_holm;     ///< p adjusted for all the tests of the answer, by Holm's method
 };
 
 /// Whether the draws of each wheel look like those of a fair urn, by eight tests in this order:

@@ -16,11 +16,11 @@ inline constexpr std::string_view reversible_numbers = "12,21,13,31,14,41,15,51,
 
 /// Numbers with the same last digit, ten apart, up to 90.
 VESTARA_API std::string same_ending(int16_t first);
-/// Ten numbers, each the sum of the two before; the one behind a term that equals `first` is twice `first`.
+/// Ten numbers, each the sum of the two before; the one after a term that equals `first` is twice `first`.
 VESTARA_API std::string fibonacci_run(int16_t first);
-/// The ten of 90 ("1,…,9,90"), or eleven numbers from `first` on: one more than ten, on purpose.
+/// The ten of 90 ("1,…,9,90"), or eleven numbers from `first` on. One more than ten is the contract's.
 VESTARA_API std::string ten_numbers(int16_t first);
-/// Numbers nine apart, up to 80: the last one of a figure is not always reached, on purpose.
+/// Numbers nine apart, up to 80, which is the contract's: the last number of a figure is not always reached.
 VESTARA_API std::string same_figure(int16_t first);
 
 }  // namespace vestara

@@ -38,22 +38,23 @@ class VESTARA_API cSistemi final : public automation::Object {
   std::string SysCadenze2Str(int16_t num) const;
   /// Ten numbers, each the sum of the two before.
   std::string SysFibonacci2Str(int16_t num) const;
-  /// The ten of 90, or eleven numbers from `num` on.
+  /// The ten of 90, or eleven numbers from `num` on: eleven is the contract's.
   std::string SysDecine2Str(int16_t num) const;
   /// Numbers nine apart, from `num` up to 80.
   std::string SysFigure2Str(int16_t num) const;
 
   /// Fills `serieOUT`, from 0, with `kNum` random numbers from `minNum` to `maxNum`. Without repetition a `kNum` larger
-  /// than the range never ends, on purpose: the host is yielded to at each turn. Traps nothing: error 9 for no numbers
-  /// and for an empty range, 7 for more than 16,777,216 numbers or a range of more than 2^30.
+  /// than the range never ends, which is the contract's: the host is yielded to after each try and may end it. Traps
+  /// nothing: error 9 for no numbers and for an empty range, 7 for more than 16,777,216 numbers or a range of more than
+  /// 2^30.
   void GetRndNumber(automation::InOut<automation::Array> serieOUT, int32_t kNum, int32_t minNum, int32_t maxNum,
                     bool bRepeat) const;
   /// Sorts an array by the numbers that its elements convert to. Traps nothing: error 13 for an element that is no
-  /// number and for what is no array.
+  /// number and for what is no array, 9 for an array that has not one dimension.
   void ArrNumbersSort(automation::InOut<automation::Variant> pvarArray) const;
 
   /// All combinations of `iNumeroElementi` of the numbers, which are used as they stand; `nCombi` becomes their count,
-  /// 0 when there are none, which is an error.
+  /// 0 when there are none; that is an error too.
   std::string CombinazioniIntegraliString(const std::string& sNumeri, int16_t iNumeroElementi,
                                           automation::InOut<int32_t> nCombi = {}) const;
   /// How many combinations of `nComb` of `nCifre` there are; 0 for none to choose and, an error, for 13 or more.
@@ -76,14 +77,14 @@ class VESTARA_API cSistemi final : public automation::Object {
   /// is stored are positions, from 1, in that list, unless the system is of kind "S".
   automation::Ref<RecordSet> GetSistemaCombi(int32_t lIdSis, const std::string& sNumeri = {},
                                              automation::InOut<std::string> sResCombi = {}) const;
-  /// Stores a system of kind "U" under the next key, which `idSis` becomes: an edited system (`idSis` not 0) is
-  /// removed first and gets a new key too. `sistemaCombi` comes back from its first digit to its last. There is no
-  /// transaction: after False the old system may be gone. Hosts put one around.
+  /// Stores a system of kind "U" under the next key, which `idSis` becomes: an edited system (`idSis` not 0) is removed
+  /// first and gets a new key too. `sistemaCombi` comes back from its first digit to its last. There is no transaction:
+  /// after False the old system may be gone. Hosts put one around the call.
   bool SalvaSistema(automation::InOut<int32_t> idSis, automation::InOut<std::string> sistemaCombi,
                     const std::string& titolo, const std::string& descrizione, const std::string& numeri,
                     int16_t QtaNumeri, int16_t kColonne, int16_t nGiocate, int16_t iGaranzia) const;
   bool DelSistema(int32_t lIdSis) const;
-  /// Removes all combinations of the system with this key, not one row: on purpose.
+  /// Removes all combinations of the system with this key, not the one row, which is the contract's.
   bool DelSistemaDetail(int32_t lID) const;
 
  private:

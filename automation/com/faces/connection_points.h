@@ -10,8 +10,8 @@ namespace automation::com {
 
 class Dispatch;
 
-/// The outgoing interface of an object, which is its only one: the connection point is part of the object's face,
-/// shares its count and its identity, and disconnects every sink when that goes.
+/// The events of an object as COM sees them. There is one connection point: it is part of the object's face, shares its
+/// count and its identity, and disconnects every sink when the face ends.
 class ConnectionPoints final : public IConnectionPointContainer, public IConnectionPoint {
  public:
   ConnectionPoints(Dispatch& face, Object& object);

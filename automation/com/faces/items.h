@@ -6,8 +6,8 @@
 
 namespace automation::com {
 
-/// An IEnumVARIANT over the items of a collection (one whose class has a first item), each asked for when its turn
-/// comes.
+/// An IEnumVARIANT over the items of a collection (one whose class has a first item). It asks for an item when the walk
+/// reaches it.
 HRESULT new_enumerator(const Ref<Object>& object, VARIANT* result);
 
 }  // namespace automation::com

@@ -3,8 +3,8 @@
 #include "automation/com/system/platform.h"
 #include "automation/object.h"
 
-// How two libraries of one build know each other's objects and save themselves the way through named calls. Never part
-// of the surface: the interface's id changes with every version and compiler.
+// How two libraries of one build know each other's objects, so that they need no calls by name. Hosts never see it: the
+// interface's id changes with every version and compiler.
 
 namespace automation::com {
 

@@ -12,7 +12,7 @@ HRESULT report(const RunTimeError& error, std::string_view object, EXCEPINFO* in
 /// The error that a call of a host's object stands for. Takes over what `info` holds.
 RunTimeError failure_of(HRESULT result, EXCEPINFO& info);
 
-/// Runs a body that may throw; nothing that it throws gets past here. E_OUTOFMEMORY and E_FAIL are all it tells.
+/// Runs a body that may throw. No error leaves this function: it returns E_OUTOFMEMORY or E_FAIL instead.
 template <class Body>
 HRESULT guarded(Body&& body) noexcept {
   try {

@@ -25,7 +25,7 @@ class Value {
 /// out of range.
 Variant from_value(const VARIANT& value);
 
-/// Stores a value; what `target` held before is not looked at. Arrays become arrays of VARIANT, the only ones that
+/// Stores a value and does not clear what `target` held before. Arrays become arrays of VARIANT, the only ones that
 /// scripts can index.
 void to_value(const Variant& value, VARIANT& target);
 

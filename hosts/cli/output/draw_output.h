@@ -14,7 +14,7 @@ class DrawOutput {
   /// An empty path is `out`.
   DrawOutput(const std::string& path, std::ostream& out, DrawFileWriter writer);
 
-  /// False when nobody takes more.
+  /// False when the output takes no more.
   bool add(const DrawRow& row);
   void finish();
 

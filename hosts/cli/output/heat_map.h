@@ -19,8 +19,7 @@ struct HeatMap {
 };
 
 /// The map in blocks of numbers that fit into `width` characters: a line of numbers, then a line for each row. With
-/// `colour` the cells stand on grounds from pale to red, between the least and the largest figure, and a legend ends
-/// the map.
+/// `colour` the cells have backgrounds from pale (the least figure) to red (the largest), and a legend ends the map.
 std::string heat_map(const HeatMap& map, size_t width, bool colour);
 
 }  // namespace vestara::host

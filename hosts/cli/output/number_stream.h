@@ -18,7 +18,7 @@ class NumberStream {
   /// `head` is the result without its rows, `widest` the widest cell that will come.
   NumberStream(std::ostream& out, const Report& head, const OutputStyle& style, int32_t widest);
 
-  /// False when nobody takes more.
+  /// False when the output takes no more.
   bool add(std::span<const int32_t> row);
   /// Ends the listing. Without it the last rows may be missing.
   void finish();
@@ -45,7 +45,7 @@ class NumberStream {
   std::ostream& out_;
   Shape shape_;
   std::string block_;
-  std::string last_;        ///< behind the last row
+  std::string last_;        ///< after the last row
   std::string last_empty_;  ///< the same when there was none
   bool is_empty_ = true;
 };

@@ -25,7 +25,7 @@ class OutputFile {
 
   /// Failure (file) when the bytes cannot be written. A stream's failure ends the writing quietly: see `is_open`.
   void write(std::string_view bytes);
-  /// False when nobody takes the bytes any more.
+  /// False when the output takes no more.
   bool is_open() const;
   /// Puts the file in its place, on the disk; one that was there keeps mode, owner and links. Failure (file) when that
   /// does not work; what was there before is then still there.

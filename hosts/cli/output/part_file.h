@@ -7,9 +7,9 @@
 
 namespace vestara::host {
 
-/// A file in the making, in the folder of the one it is to become, or of the one behind it when that is a link: nobody
-/// can foretell its name, and nobody else can read it. It goes away with this object or with a signal that ends the
-/// process; what a killed process left behind, the next one in that folder removes.
+/// A file in the making, in the folder of the file it is to become; when that one is a link, in the folder of the file
+/// that it leads to. Its name cannot be guessed, and nobody else can read it. It is removed with this object or by a
+/// signal that ends the process. A killed process leaves it, and the next part file in that folder removes it.
 class PartFile {
  public:
   /// Throws std::system_error when it cannot be made.

@@ -23,8 +23,8 @@ struct CallArguments {
 };
 
 /// Arguments from words. "name=value" is a named argument where the member has such a parameter and a text elsewhere;
-/// "name:=value" always is one. A command line has no variables, so optional parameters that write back are passed
-/// even when they were left out. Failure (usage) for a positional word behind a named one.
+/// "name:=value" always is one. A command line has no variables, so optional parameters that write back are passed even
+/// when they were left out. Failure (usage) for a positional word after a named one.
 CallArguments call_arguments(const automation::Member& row, const std::vector<std::string>& words);
 
 /// The parameter that takes the value at `place`; "" when there is none.

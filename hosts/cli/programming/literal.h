@@ -12,7 +12,7 @@ namespace vestara::host {
 ///   true  false            Boolean, in any case, like the four words below
 ///   null  empty  missing   these values; missing leaves an optional argument out
 ///   nothing                no object
-///   2005-02-09             Date, with a time of day behind a blank or T
+///   2005-02-09             Date, with a time of day after a blank or T
 ///   "text"  'text'         the text between the quotes, where a doubled quote is one
 /// Anything else is a text as it stands.
 automation::Variant literal(std::string_view word);

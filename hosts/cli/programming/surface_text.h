@@ -10,7 +10,7 @@ namespace vestara::host {
 /// parameters in brackets, `out` before those that come back changed.
 std::string signature(const automation::Member& row);
 
-/// The surface of a class, one line a member in interface order, then its events; the help stands behind a "'".
+/// The surface of a class, one line a member in interface order, then its events; the help stands after a "'".
 std::string surface_text(const automation::RegisteredClass& known);
 
 }  // namespace vestara::host

@@ -20,7 +20,7 @@ struct CopiedTable {
 
 /// Makes one archive hold what another holds: every table, row by row with its key, read again on both sides and
 /// compared before it is kept. Both have their tables. One transaction: after a Failure, or when the process ends
-/// before it, the archive copied to holds what it held; the table of hand-entered draws may be new there, and empty.
+/// before it, the archive copied to holds what it held. The table of hand-entered draws may be new there, and empty.
 /// `progress` counts rows, each of them once written and once compared.
 VESTARA_API std::vector<CopiedTable> copy_archive(const Archive& from, const Archive& to, HeldRows held,
                                                   const Progress& progress = {});

@@ -29,7 +29,8 @@ struct Removal {
 VESTARA_API Removal removal_of(const std::vector<DrawRow>& rows, const std::vector<std::string>& blank);
 
 /// "STEM.removed-20260822T101500.123456.csv" and, where there is a rest, "….rest.csv": new files that only the user can
-/// read. They go away with this object unless they are kept.
+/// read. They are removed with this object unless they are kept. A process that is killed leaves them, although its
+/// rows are still in the archive.
 class VESTARA_API RemovedRows {
  public:
   /// Failure (file) when they cannot be written.
@@ -40,7 +41,7 @@ class VESTARA_API RemovedRows {
 
   /// The file of the draws.
   const std::filesystem::path& path() const { return paths_.front(); }
-  /// Keeps the files, and of all that were kept at this place the last three.
+  /// Keeps these files. Of all such files at this place the last three stay.
   void keep();
 
  private:
