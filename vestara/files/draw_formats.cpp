@@ -7,7 +7,7 @@
 #include <string>
 
 #include "automation/text.h"
-#include "vestara/files/draw_columns.h"
+#include "vestara/files/file_columns.h"
 #include "vestara/foundation/message_text.h"
 
 namespace vestara {
@@ -53,11 +53,11 @@ Fields cut_table_row(std::string_view line, char separator) {
 }
 
 constexpr size_t usual_count = 7;
-constexpr DrawColumns usual_columns{{0, 1, 2, 3, 4, 5, 6}, std::nullopt, usual_count};
+constexpr FileColumns usual_columns{{0, 1, 2, 3, 4, 5, 6}, std::nullopt, usual_count};
 
 /// What the first row of a table says about all of them.
 struct TableShape {
-  DrawColumns columns;
+  FileColumns columns;
   bool has_header = false;
 };
 
@@ -71,7 +71,7 @@ TableShape shape_of(const Fields& first, const DrawTable& table, const std::stri
 }
 
 /// An empty contest number at the end counts as a field.
-RowFields row_fields(const DrawColumns& columns, const Fields& fields) {
+RowFields row_fields(const FileColumns& columns, const Fields& fields) {
   const auto field = [&](size_t place) { return fields.items[place]; };
   const auto& places = columns.required;
   RowFields row{field(places[0]), field(places[1]), {}, {}};
@@ -80,7 +80,7 @@ RowFields row_fields(const DrawColumns& columns, const Fields& fields) {
   return row;
 }
 
-void collect_row(const DrawColumns& columns, const Fields& fields, uint32_t line, DrawCollector& draws) {
+void collect_row(const FileColumns& columns, const Fields& fields, uint32_t line, DrawCollector& draws) {
   const bool lacks_contest = columns.contest == columns.count - 1 && fields.count == columns.count - 1;
   if (fields.count == columns.count || lacks_contest)
     draws.add(line, row_fields(columns, fields));

@@ -1,4 +1,4 @@
-#include "vestara/files/draw_columns.h"
+#include "vestara/files/file_columns.h"
 
 #include <algorithm>
 #include <cctype>
@@ -81,7 +81,7 @@ bool is_number(std::string_view field) {
 }
 
 /// Five places that follow each other; a sixth one apart from them is the contest number's.
-bool place_numbers(const std::vector<size_t>& places, DrawColumns& columns) {
+bool place_numbers(const std::vector<size_t>& places, FileColumns& columns) {
   const auto is_run = [&](size_t first) { return places[first + drawn_count - 1] - places[first] == drawn_count - 1; };
   size_t first = 0;
   if (places.size() == drawn_count + 1) {
@@ -102,7 +102,7 @@ bool is_header(std::span<const std::string_view> fields) {
   return std::any_of(fields.begin(), fields.end(), [](std::string_view field) { return slot_of(field).has_value(); });
 }
 
-DrawColumns columns_of_header(std::span<const std::string_view> fields, const std::string& place) {
+FileColumns columns_of_header(std::span<const std::string_view> fields, const std::string& place) {
   const auto refuse = [&](std::string_view column, const char* what) {
     return Failure(FailureKind::file, place + ": column " + shown(column) + what +
                                           "; the header is date,wheel,n1,n2,n3,n4,n5 or data,ruota,n1,…, in any order, "
@@ -115,7 +115,7 @@ DrawColumns columns_of_header(std::span<const std::string_view> fields, const st
     if (slots[*slot]) throw refuse(fields[i], " comes twice");
     slots[*slot] = i;
   }
-  DrawColumns columns;
+  FileColumns columns;
   columns.count = fields.size();
   columns.contest = slots[contest_slot];
   for (size_t i = 0; i < columns.required.size(); ++i) {
@@ -125,7 +125,7 @@ DrawColumns columns_of_header(std::span<const std::string_view> fields, const st
   return columns;
 }
 
-std::optional<DrawColumns> columns_of_row(std::span<const std::string_view> fields) {
+std::optional<FileColumns> columns_of_row(std::span<const std::string_view> fields) {
   std::vector<size_t> dates;
   std::vector<size_t> wheels;
   std::vector<size_t> numbers;
@@ -139,7 +139,7 @@ std::optional<DrawColumns> columns_of_row(std::span<const std::string_view> fiel
     else
       return std::nullopt;
   }
-  DrawColumns columns;
+  FileColumns columns;
   columns.count = fields.size();
   if (dates.size() != 1 || wheels.size() != 1 || !place_numbers(numbers, columns)) return std::nullopt;
   columns.required[date_slot] = dates.front();
