@@ -16,3 +16,8 @@ elseif(VESTARA_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined -fno-sanitize=vptr)
 endif()
+
+# Two types of one name are one and the same to the linker: where it sees both, that ends the build.
+if(CMAKE_INTERPROCEDURAL_OPTIMIZATION AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-Werror=odr)
+endif()

@@ -21,7 +21,7 @@ struct DrawTable {
   std::string name;  ///< of the file, in messages
   char separator = ',';
 };
-/// With or without a header; columns as in draw_columns.h. Failure (file) when the first line does not say what stands
+/// With or without a header; columns as in file_columns.h. Failure (file) when the first line does not say what stands
 /// where.
 void collect_table(std::string_view text, const DrawTable& table, DrawCollector& draws);
 void collect_update(std::string_view text, DrawCollector& draws);

@@ -16,17 +16,19 @@
 namespace vestara {
 namespace {
 
-const automation::ClassRegistrar<cLotto> lotto;
-const automation::ClassRegistrar<cEstrazione> draw;
-const automation::ClassRegistrar<cStatistiche> statistics;
-const automation::ClassRegistrar<cSistemi> systems;
-const automation::ClassRegistrar<cDistanze> hit_distances;
-const automation::ClassRegistrar<cDistanze2> number_distances;
-const automation::ClassRegistrar<cFrequenza> frequency;
-const automation::ClassRegistrar<cTabAnalytics> analytic_table;
-const automation::ClassRegistrar<Study> plain_figures;
+const struct Surface {
+  automation::ClassRegistrar<cLotto> lotto;
+  automation::ClassRegistrar<cEstrazione> draw;
+  automation::ClassRegistrar<cStatistiche> statistics;
+  automation::ClassRegistrar<cSistemi> systems;
+  automation::ClassRegistrar<cDistanze> hit_distances;
+  automation::ClassRegistrar<cDistanze2> number_distances;
+  automation::ClassRegistrar<cFrequenza> frequency;
+  automation::ClassRegistrar<cTabAnalytics> analytic_table;
+  automation::ClassRegistrar<Study> plain_figures;
 
-const automation::HandedOut<automation::Collection> collection;
+  automation::HandedOut<automation::Collection> collection;
+} surface_of_the_library;
 
 }  // namespace
 }  // namespace vestara

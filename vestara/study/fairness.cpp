@@ -111,9 +111,11 @@ Outcome gaps_test(const DrawCounts& counts) {
   constexpr double chance = 1.0 * drawn_count / number_count;
   std::array<double, gap_classes> expected{};
   double at_a_place = chance * chance;
-  for (int32_t gap = 0; gap + 1 < counts.draws; ++gap, at_a_place *= 1 - chance)
+  for (int32_t gap = 0; gap + 1 < counts.draws; ++gap) {
     expected[static_cast<size_t>(std::min(gap / gap_class_width, gap_classes - 1))] +=
         number_count * (counts.draws - gap - 1.0) * at_a_place;
+    at_a_place *= 1 - chance;
+  }
   constexpr int32_t fixed_sums = 2;
   return chi_square(pearson(counts.gaps, expected), gap_classes - fixed_sums);
 }
@@ -152,6 +154,7 @@ std::vector<FairnessTest> fairness_tests(const Draws& draws, const Selection& se
   std::vector<FairnessTest> rows;
   for (const DrawSequence& sequence : sequences) append_tests(sequence, rows);
   std::vector<std::optional<double>> p;
+  p.reserve(rows.size());
   for (const FairnessTest& row : rows) p.push_back(row.p);
   const auto adjusted = holm_adjusted(p);
   for (size_t i = 0; i < rows.size(); ++i) rows[i].p_holm = adjusted[i];

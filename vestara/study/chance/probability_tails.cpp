@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstddef>
 #include <limits>
 #include <numbers>
@@ -45,7 +46,7 @@ double common_factor(double a, double x) {
 double lower_gamma(double a, double x) {
   double term = 1;
   double sum = 1;
-  for (double n = 1; term > sum * precision / 4; ++n) {
+  for (int32_t n = 1; term > sum * precision / 4; ++n) {
     term *= x / (a + n);
     sum += term;
   }
@@ -58,7 +59,7 @@ double upper_gamma(double a, double x) {
   double c = 1 / std::numeric_limits<double>::min();
   double d = 1 / b;
   double fraction = d;
-  for (double n = 1;; ++n) {
+  for (int32_t n = 1;; ++n) {
     const double numerator = -n * (n - a);
     b += 2;
     d = 1 / (numerator * d + b);
