@@ -74,7 +74,11 @@ Variant usual(const Parameter& parameter) {
                                                            {"idRicerca", -1},
                                                            {"nEstrazioniPrec", 2},
                                                            {"lIdRicerca", 0},
-                                                           {"iCombinazione", 2}};
+                                                           {"iCombinazione", 2},
+                                                           {"Numbers", "5,12"},
+                                                           {"Size", 2},
+                                                           {"Sets", "gemelli"},
+                                                           {"Count", 2}};
   if (const auto found = by_name.find(parameter.name); found != by_name.end()) return found->second;
   if (parameter.type != ValueType::variant) return parameter.default_value.value();
   return Missing{};
