@@ -19,7 +19,7 @@ set(layers
     "vestara/draws|automation/ records/ vestara/foundation/ vestara/draws/"
     "vestara/files|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/"
     "vestara/keeping|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/"
-    "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/statistics/ vestara/distances/ vestara/frequency/"
+    "vestara/study|automation/ records/ vestara/foundation/ vestara/draws/ vestara/files/ vestara/keeping/ vestara/study/ vestara/archive/ vestara/statistics/ vestara/distances/ vestara/frequency/"
     "vestara/study/chance|automation/ vestara/foundation/ vestara/draws/ vestara/study/chance/"
     "vestara/archive|automation/ records/ vestara/foundation/ vestara/draws/ vestara/keeping/ vestara/archive/ vestara/statistics/"
     "vestara/statistics|automation/ records/ vestara/foundation/ vestara/statistics/ vestara/distances/"
