@@ -152,12 +152,13 @@ class Writer:
                     f"Worked {number}, Empty"]
         result = f"v_{step.target}" if step.target else "Answer"
         before = [] if step.target else ["Answer = Empty"]
-        after = [f"If Worked({number}, {result}) Then"] if step.compared else ["If Err.Number = 0 Then"]
-        if step.compared:
-            after += [f'  Variable {number}, "{argument.name}", v_{argument.name}' for argument in step.arguments
-                      if isinstance(argument, cases.Variable)]
         word = "Set " if step.of_object else ""
-        return [*before, f"{word}{result} = {self.called(step)}", *after, "End If"]
+        call = f"{word}{result} = {self.called(step)}"
+        if not step.compared:
+            return [*before, call, "Err.Clear"]
+        shown = [f'  Variable {number}, "{argument.name}", v_{argument.name}' for argument in step.arguments
+                 if isinstance(argument, cases.Variable)]
+        return [*before, call, f"If Worked({number}, {result}) Then", *shown, "End If"]
 
 
 def main() -> int:
