@@ -19,7 +19,7 @@ enum class DayFault : uint8_t {
 
 /// Days with the same fault.
 struct DayFinding {
-  DayFault fault;
+  DayFault fault{};
   int64_t count = 0;
   DrawDay first;      ///< the oldest of them
   int64_t limit = 0;  ///< out of order: the number of the day before; beyond the year: the dates of the year
