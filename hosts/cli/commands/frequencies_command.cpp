@@ -48,7 +48,7 @@ void check_together(const FrequenciesOptions& options) {
 /// What is counted, and how it is shown.
 struct FrequencyQuestion {
   DrawRange draws;
-  size_t top;
+  size_t top = 0;
   const FrequenciesOptions& given;
 };
 
