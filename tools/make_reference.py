@@ -9,6 +9,7 @@ import itertools
 import json
 import pathlib
 import subprocess
+import textwrap
 
 PROJECT = pathlib.Path(__file__).resolve().parents[1]
 INDEX = "README.md"
@@ -55,13 +56,17 @@ def member_section(rows):
     text = f"### {rows[0]['name']}\n\n```\n" + "".join(f"{signature(row)}\n" for row in rows) + "```\n\n"
     helps = list(dict.fromkeys(row["help"] for row in rows))
     if len(helps) == 1:
-        text += f"{helps[0]}\n\n"
+        text += f"{wrapped(helps[0])}\n\n"
     else:
         text += "".join(f"- {row['kind']}: {row['help']}\n" for row in rows) + "\n"
     for row in rows:
         if row["parameters"] and row["kind"] in ("method", "get"):
             text += parameter_table(row["parameters"]) + "\n"
     return text
+
+
+def wrapped(text, indent=""):
+    return textwrap.fill(text, 120, subsequent_indent=indent, break_long_words=False, break_on_hyphens=False)
 
 
 def event_section(row):
@@ -86,9 +91,10 @@ def givers_of(name, classes):
 
 
 def page(one, identifier, creatable, classes):
-    text = f"{NOTE}# {identifier}\n\n{one['help']}\n\n"
-    text += origin(identifier, creatable, givers_of(one["class"], classes)) + f" Interface `{one['interface']}`"
-    text += f", events `{one['event_interface']}`.\n\n" if one["event_interface"] else ".\n\n"
+    text = f"{NOTE}# {identifier}\n\n{wrapped(one['help'])}\n\n"
+    source = origin(identifier, creatable, givers_of(one["class"], classes)) + f" Interface `{one['interface']}`"
+    source += f", events `{one['event_interface']}`." if one["event_interface"] else "."
+    text += f"{wrapped(source)}\n\n"
     text += "## Members\n\n"
     for _, rows in itertools.groupby(one["members"], key=lambda row: (row["id"], row["name"])):
         text += member_section(list(rows))
@@ -98,11 +104,12 @@ def page(one, identifier, creatable, classes):
 
 
 def index(pages, creatable):
-    def cells(identifier, one):
-        return [f"[{identifier}]({identifier}.md)", "by name" if identifier in creatable else "handed out", one["help"]]
-    return (f"{NOTE}# Reference\n\nThe classes that programs use by name. Signatures name optional parameters in brackets "
-            "with their defaults; `out` parameters may come back changed.\n\n" +
-            table(["class", "created", "what it is"], [cells(identifier, one) for identifier, one in pages.items()]))
+    def line(identifier, one):
+        made = "by name" if identifier in creatable else "handed out"
+        return wrapped(f"- [{identifier}]({identifier}.md), {made}. {one['help']}", "  ")
+    head = wrapped("The classes that programs use by name, or that members hand out. Signatures name optional parameters in "
+                   "brackets with their defaults; `out` parameters may come back changed.")
+    return f"{NOTE}# Reference\n\n{head}\n\n" + "".join(f"{line(*each)}\n" for each in pages.items())
 
 
 def asked(program, *arguments):

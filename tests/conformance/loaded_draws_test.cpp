@@ -33,13 +33,18 @@ Archive draws_of(const Archive& archive, const std::string& wheel) {
   return rows;
 }
 
+/// Every row has five numbers of ninety.
+Archive whole_archive(uint64_t seed) {
+  testing_support::Random random(seed);
+  testing_support::ArchiveShape shape = testing_support::random_shape(random);
+  shape.null_number = 0;
+  shape.highest_number = 90;
+  return testing_support::random_archive(random, shape);
+}
+
 TEST_P(LoadedDrawsTest, AreThoseOfTheArchive) {
   for (uint64_t seed = 1; seed <= seeds() / 10; ++seed) {
-    testing_support::Random random(seed);
-    testing_support::ArchiveShape shape = testing_support::random_shape(random);
-    shape.null_number = 0;
-    shape.highest_number = 90;
-    const Archive archive = testing_support::random_archive(random, shape);
+    const Archive archive = whole_archive(seed);
     store(archive);
     const auto loaded = vestara::load_draws(connector_);
     size_t all = 0;
@@ -72,11 +77,7 @@ std::string described(const vestara::LoadedDraws& draws) {
 
 TEST_P(LoadedDrawsTest, AreTheSameThroughARecordSet) {
   for (uint64_t seed = 1; seed <= seeds() / 10; ++seed) {
-    testing_support::Random random(seed);
-    testing_support::ArchiveShape shape = testing_support::random_shape(random);
-    shape.null_number = 0;
-    shape.highest_number = 90;
-    store(testing_support::random_archive(random, shape));
+    store(whole_archive(seed));
     // A connector that records hands nothing over.
     const auto by_record_set = automation::make<testing_support::RecordingConnector>(connector_);
     ASSERT_EQ(described(*vestara::load_draws(connector_)), described(*vestara::load_draws(by_record_set))) << seed;
